@@ -1,0 +1,55 @@
+#ifndef BLUETOOTH_IMWPBTMEDIALISTENER_H
+#define BLUETOOTH_IMWPBTMEDIALISTENER_H
+
+#include <string>
+
+#include <bluetooth/IMWPBtListenerBase.h>
+#include <bluetooth/MWPBtExport.h>
+#include <bluetooth/MWPBtType.h>
+
+/// Events of music and browsing; the requests are in MWPBtMedia. Override what is needed: every method does
+/// nothing by default. IMWPBtListenerBase tells when and on which thread they are called.
+class MWP_BT_API IMWPBtMediaListener : public IMWPBtListenerBase {
+ public:
+  IMWPBtMediaListener();
+  ~IMWPBtMediaListener() override;
+
+  /// The audio stream of a device began (1) or ended (0).
+  virtual void OnMediaAudioStateChanged(const std::string& address, int started);
+  /// The player began, paused or stopped.
+  virtual void OnBtMusicPlayChanged(MWPBtType::MusicPlayStatus status);
+  /// Another track plays: read it with MWPBtMedia::GetMediaInfo.
+  virtual void OnAudioTrackChanged();
+  /// The play modes changed: read them with MWPBtMedia::GetCurPlayMode.
+  virtual void OnPlayModeChanged();
+  /// Other play modes are possible: read them with MWPBtMedia::GetSupportPlayMode.
+  virtual void OnSupportPlayModeChanged();
+  /// The information on the track changed: read it with MWPBtMedia::GetMediaInfo.
+  virtual void OnMediaInfoChanged();
+  /// The cover image of the track has been downloaded.
+  virtual void OnCoverImageDownloadCompleted();
+  /// Position in the track and its length, in milliseconds.
+  virtual void OnCurPositionChanged(int position, int totalLength);
+  /// The player supports (1) a notification, or not (0).
+  virtual void OnSupportAvrcpNotify(MWPBtType::SupportAvrcpEvent event, int supported);
+  /// Fast forward became possible (1) or impossible (0).
+  virtual void OnFastForwardChanged(int supported);
+  /// Fast rewind became possible (1) or impossible (0).
+  virtual void OnFastRewindChanged(int supported);
+  /// Browsing became possible (1) or impossible (0).
+  virtual void OnSupportBrowserStatusChanged(int supported);
+  /// Another player of the phone is addressed.
+  virtual void OnPlayerInfoChanged();
+  /// The items of the browsed folder arrived.
+  virtual void OnBrowserMediaInfoChanged();
+  /// Outcome (1 or 0) of a change of folder.
+  virtual void OnCurBrowserPathChanged(int success);
+  /// Number of items in the browsed folder.
+  virtual void OnBrowserFolderItemTotalChanged(int total);
+  /// Outcome (1 or 0) of MWPBtMedia::AddMediaItemToNowPlaying.
+  virtual void OnMediaItemToNowPlayingStatus(int success);
+  /// Outcome (1 or 0) of MWPBtMedia::PlayItem.
+  virtual void OnSendPlayItemStatus(int success);
+};
+
+#endif

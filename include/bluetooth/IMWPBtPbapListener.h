@@ -1,0 +1,27 @@
+#ifndef BLUETOOTH_IMWPBTPBAPLISTENER_H
+#define BLUETOOTH_IMWPBTPBAPLISTENER_H
+
+#include <bluetooth/IMWPBtListenerBase.h>
+#include <bluetooth/MWPBtExport.h>
+#include <bluetooth/MWPBtType.h>
+
+/// Events of the phone book and the call logs; the requests are in MWPBtPbap. Override what is needed: every
+/// method does nothing by default. IMWPBtListenerBase tells when and on which thread they are called.
+class MWP_BT_API IMWPBtPbapListener : public IMWPBtListenerBase {
+ public:
+  IMWPBtPbapListener();
+  ~IMWPBtPbapListener() override;
+
+  /// A download began, ended or failed.
+  virtual void OnPBDownloadStatus(MWPBtType::PbapStatus status, MWPBtType::PbapType type);
+  /// Progress of a download, in entries.
+  virtual void OnPbDownloadCountChanged(int current, int total);
+  /// The call logs changed: read them with MWPBtPbap::GetCallLogList.
+  virtual void OnBtCallLogListChanged();
+  /// Outcome (1 or 0) of a deletion in the phone book.
+  virtual void OnDeletePhoneBookChanged(int success);
+  /// A contact became a favourite (1) or ceased to be one (0).
+  virtual void OnContactFavoriteChanged(int contactId, int favorite);
+};
+
+#endif

@@ -1,0 +1,41 @@
+#ifndef BLUETOOTH_IMWPBTPHONELISTENER_H
+#define BLUETOOTH_IMWPBTPHONELISTENER_H
+
+#include <bluetooth/IMWPBtListenerBase.h>
+#include <bluetooth/MWPBtExport.h>
+#include <bluetooth/MWPBtType.h>
+
+/// Events of calls and the state of the phone; the requests are in MWPBtPhone. Override what is needed: every
+/// method does nothing by default. IMWPBtListenerBase tells when and on which thread they are called.
+class MWP_BT_API IMWPBtPhoneListener : public IMWPBtListenerBase {
+ public:
+  IMWPBtPhoneListener();
+  ~IMWPBtPhoneListener() override;
+
+  /// The phone found (1) or lost (0) its network.
+  virtual void OnMobileService(int onService);
+  /// The phone roams (1) or is at home (0).
+  virtual void OnRoamingStatusChanged(int roaming);
+  /// Signal strength of the phone, 0 to 5 bars.
+  virtual void OnBtSignalChanged(unsigned char signal);
+  /// Battery of the phone, 0 to 5 bars.
+  virtual void OnBtBatteryChanged(unsigned char battery);
+  /// The calls changed: read them with MWPBtPhone::GetCurrentCallInfo.
+  virtual void OnCurrentCallInfoChanged(int callCount);
+  /// How long a call lasts; active is 1 for the call one speaks in.
+  virtual void OnCallingTimeChanged(int seconds, int callId, int active);
+  /// A call changed its state; callCount is the number of calls after the change.
+  virtual void OnCallStatusChanged(int callId, MWPBtType::CallStatus status, int callCount);
+  /// An action on two calls became possible (1) or impossible (0).
+  virtual void OnConferenceChanged(MWPBtType::CallAction action, int supported);
+  /// A call was hung up.
+  virtual void OnHangupCallChanged();
+  /// The sound of the call moved between phone and head unit.
+  virtual void OnAudioStatusChanged(MWPBtType::AudioStatus status);
+  /// Voice recognition of the phone began (1) or ended (0).
+  virtual void OnVoiceStatusChanged(int started);
+  /// The call audio uses another codec.
+  virtual void OnCodecModeChanged(MWPBtType::CodecMode mode);
+};
+
+#endif

@@ -1,0 +1,27 @@
+#ifndef BLUETOOTH_IMWPBTSPPLISTENER_H
+#define BLUETOOTH_IMWPBTSPPLISTENER_H
+
+#include <string>
+
+#include <bluetooth/IMWPBtListenerBase.h>
+#include <bluetooth/MWPBtExport.h>
+#include <bluetooth/MWPBtType.h>
+
+/// Events of serial-port channels and HID; the requests are in MWPBtSpp. Override what is needed: every
+/// method does nothing by default. IMWPBtListenerBase tells when and on which thread they are called.
+class MWP_BT_API IMWPBtSppListener : public IMWPBtListenerBase {
+ public:
+  IMWPBtSppListener();
+  ~IMWPBtSppListener() override;
+
+  /// A serial channel was opened (1) or closed (0).
+  virtual void OnSppConnectStatus(const std::string& address, MWPBtType::SupportType type, int connected);
+  /// Bytes arrived. The buffer is valid only during the call: copy what is to be kept.
+  virtual void OnSppReceiveBufferChanged(const std::string& address, char* buffer, int length);
+  /// Outcome (1 or 0) of MWPBtSpp::SetHIDCalibration.
+  virtual void OnHIDCalibration(int success);
+  /// The HID link to a device changed; an MWPBtType::ConnStatus.
+  virtual void OnHIDConnection(std::string address, int status);
+};
+
+#endif

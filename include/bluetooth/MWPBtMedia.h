@@ -1,0 +1,93 @@
+#ifndef BLUETOOTH_MWPBTMEDIA_H
+#define BLUETOOTH_MWPBTMEDIA_H
+
+#include <list>
+#include <string>
+#include <vector>
+
+#include <bluetooth/MWPBtExport.h>
+#include <bluetooth/MWPBtRecords.h>
+#include <bluetooth/MWPBtType.h>
+
+/// Audio streaming, remote control and browsing of the player. The events are in IMWPBtMediaListener.
+///
+/// The object carries no state: construct one wherever it is needed. Until MWP_CreateBlueTooth() has
+/// succeeded, and after MWP_DestroyBlueTooth(), a method does nothing, leaves its out arguments as they are,
+/// and answers 0. Every request blocks until the service has answered (at most 25 seconds), may be made from
+/// any thread, and makes the service call of its own name unless said otherwise; a failed call is logged and
+/// answered with 0. Results named "accepted" are non-zero if the service took the request on: its outcome
+/// arrives as an event.
+class MWP_BT_API MWPBtMedia {
+ public:
+  MWPBtMedia();
+  ~MWPBtMedia();
+
+  /// Connection of the player and its address. Status 6 and no address while the library is not initialised.
+  MWPTypeConnectionState GetMediaConnectionState();
+  /// Opens (1) or closes (0) the audio output for Bluetooth music.
+  int EnableAudioDevice(int enable);
+  /// command -1 asks the audio source manager for the focus, 3 confirms the focus (with confirmation) and
+  /// opens the audio output, 4 confirms its loss; these answer 1. Any other command goes to the player as it
+  /// is, and confirmation is not used.
+  int PlayMusic(int command, int confirmation);
+  /// Pauses the player. Answers 1 whatever the service says.
+  int StopMusic(int mute);
+  /// To the previous track.
+  int PreviousMusic();
+  /// To the next track.
+  int NextMusic();
+  /// Begins to wind forward.
+  int StartFastForward();
+  /// Ends it.
+  int StopFastForward();
+  /// Begins to wind back.
+  int StartFastReverse();
+  /// Ends it.
+  int StopFastReverse();
+  /// The MWPBtType::MusicPlayStatus of the player.
+  int GetMusicPlayStatus();
+  /// Lets OnCurPositionChanged come in this period, or not at all (enable 0).
+  int RegGetPlayStatus(int enable, int milliseconds);
+  /// Position in the track and its length in milliseconds; both 0 if the call fails.
+  int GetCurPlayPosition(int& position, int& totalLength);
+  /// Lets OnMediaInfoChanged come in this period, or not at all (enable 0).
+  int RegGetMediaInfo(int enable, int milliseconds);
+  /// The track being played; info stays as it was if the call fails.
+  int GetMediaInfo(MWPTypeMediaInfo& info);
+  /// Appends the play modes in force to modes, which is not cleared first. Prints the type of each to
+  /// standard output.
+  int GetCurPlayMode(std::vector<MWPTypePlayMode>& modes);
+  /// Changes one play mode. The outcome is OnPlayModeChanged.
+  int SetCurPlayMode(MWPTypePlayMode mode);
+  /// Appends the play modes that are possible to modes, which is not cleared first. Prints the type of each
+  /// to standard output.
+  int GetSupportPlayMode(std::vector<MWPTypePlayMode>& modes);
+  /// 1 if the player supports the notification.
+  int IsSupportAvrcpNotify(MWPBtType::SupportAvrcpEvent event);
+  /// 1 if the player can be browsed.
+  int IsSupportBrowserInfo();
+  /// Goes to the root folder and asks for maxCount of its items. OnCurBrowserPathChanged and
+  /// OnBrowserMediaInfoChanged follow.
+  int RootDirectory(int startPosition, int maxCount);
+  /// 1 if the browsed folder is the root.
+  int IsRootDirectory();
+  /// Goes one folder up and asks for items as RootDirectory does.
+  int FolderUp(int startPosition, int maxCount);
+  /// Goes into a folder and asks for items as RootDirectory does.
+  int FolderDown(const std::string& uid, int startPosition, int maxCount);
+  /// Searches a folder and asks for items as RootDirectory does.
+  int BrowsingSearch(const std::string& uid, const std::string& keyWords, int startPosition, int maxCount);
+  /// Asks for items of the queue.
+  int BrowsingNowPlayingList(int startPosition, int maxCount);
+  /// Plays an item. The outcome is OnSendPlayItemStatus.
+  int PlayItem(const std::string& uid, MWPBtType::BrowserScopeType scope);
+  /// Puts an item into the queue. The outcome is OnMediaItemToNowPlayingStatus.
+  int AddMediaItemToNowPlaying(const std::string& uid, MWPBtType::BrowserScopeType scope);
+  /// Asks the service for the items of a scope. The list stays as it is: the interface has no way to carry
+  /// the items.
+  int GetCurMediaItemList(std::list<MWPTypeMediaItem>& items, MWPBtType::BrowserScopeType scope);
+  /// Asks for the number of items in a folder; OnBrowserFolderItemTotalChanged follows.
+  int GetBrowsingFolderItemTotal(const std::string& uid);
+};
+
+#endif

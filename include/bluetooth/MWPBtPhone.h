@@ -1,0 +1,65 @@
+#ifndef BLUETOOTH_MWPBTPHONE_H
+#define BLUETOOTH_MWPBTPHONE_H
+
+#include <string>
+
+#include <bluetooth/MWPBtExport.h>
+#include <bluetooth/MWPBtRecords.h>
+#include <bluetooth/MWPBtType.h>
+
+/// Hands-free telephony. The events are in IMWPBtPhoneListener.
+///
+/// The object carries no state: construct one wherever it is needed. Until MWP_CreateBlueTooth() has
+/// succeeded, and after MWP_DestroyBlueTooth(), a method does nothing and answers 0 or an empty string. Every
+/// request blocks until the service has answered (at most 25 seconds), may be made from any thread, and makes
+/// the service call of its own name unless said otherwise; a failed call is logged and answered with 0.
+/// Results named "accepted" are non-zero if the service took the request on: its outcome arrives as an event.
+class MWP_BT_API MWPBtPhone {
+ public:
+  MWPBtPhone();
+  ~MWPBtPhone();
+
+  /// Connection of the phone and its address. Status 6 and no address while the library is not initialised.
+  MWPTypeConnectionState GetPhoneConnectionState();
+  /// Accepts the incoming or waiting call.
+  int AcceptCall();
+  /// Rejects the incoming or waiting call.
+  int RejectCall();
+  /// Hangs up.
+  int TerminateCall();
+  /// Dials a number.
+  int DialCall(const std::string& number);
+  /// Dials the last number again.
+  int RedialCall();
+  /// Swaps, joins or releases calls.
+  int MultipleWayCall(MWPBtType::CallAction action, int callId);
+  /// The MWPBtType::CallStatus of a call.
+  int GetCurCallStatus(int callId);
+  /// The current calls, read from shared memory without a service call. Answers 1; with no data the count is
+  /// 0 and the rest stays as it was. While the library is not initialised it answers 0 and info stays as it
+  /// was.
+  int GetCurrentCallInfo(MWPTypeCallInfo& info);
+  /// Sends one tone: a character of 0-9, *, #, A-D.
+  int SendDTMF(char tone);
+  /// Moves the sound of the call to the phone (1) or to the head unit (0). The outcome is
+  /// OnAudioStatusChanged.
+  int SetAudioPrivacy(int onPhone);
+  /// 1 if the sound of the call is on the phone.
+  int GetAudioIsPrivacy();
+  /// Starts the voice recognition of the phone. The outcome is OnVoiceStatusChanged.
+  void StartVoiceRecognition();
+  /// Ends the voice recognition of the phone.
+  void StopVoiceRecognition();
+  /// Answers 1; echo cancelling is fixed and no service call is made.
+  int EnableSWAEC(int enable);
+  /// Answers 1; no service call is made.
+  int DisableNREC();
+  /// The phone's own number; empty if it is not known.
+  std::string GetCurrentMobilePhoneNumber();
+  /// Plays a ring tone from a file, to let the user choose.
+  int PlayPreviewRingtone(const std::string& path);
+  /// Ends the preview.
+  int StopPreviewRingtone();
+};
+
+#endif

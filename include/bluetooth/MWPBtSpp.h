@@ -1,0 +1,36 @@
+#ifndef BLUETOOTH_MWPBTSPP_H
+#define BLUETOOTH_MWPBTSPP_H
+
+#include <string>
+
+#include <bluetooth/MWPBtExport.h>
+#include <bluetooth/MWPBtType.h>
+
+/// Serial-port channels, and touch and key input to a phone over HID. The events are in IMWPBtSppListener.
+///
+/// The object carries no state: construct one wherever it is needed. Until MWP_CreateBlueTooth() has
+/// succeeded, and after MWP_DestroyBlueTooth(), a method does nothing and answers 0. Every request blocks
+/// until the service has answered (at most 25 seconds), may be made from any thread, and makes the service
+/// call of its own name unless said otherwise; a failed call is logged and answered with 0. Results named
+/// "accepted" are non-zero if the service took the request on: its outcome arrives as an event.
+class MWP_BT_API MWPBtSpp {
+ public:
+  MWPBtSpp();
+  ~MWPBtSpp();
+
+  /// Offers a serial-port service under this UUID.
+  int SetRfCommUuid(const std::string& uuid);
+  /// Sends text over the channel of a device.
+  int SppSendText(const std::string& address, const std::string& text);
+  /// Sends length bytes, which are copied and may hold zeros, over the channel of a device. Answers 1
+  /// whatever happens; a failure is in the log.
+  int SppSendBuffer(const std::string& address, char* buffer, int length);
+  /// Calibrates the input. The outcome is OnHIDCalibration.
+  int SetHIDCalibration(const std::string& address, MWPBtType::HIDTYPE type);
+  /// Sends a position or movement and the state of the buttons.
+  int SetHIDSendXY(const std::string& address, MWPBtType::HIDTYPE type, int x, int y, unsigned char button);
+  /// Sends a key.
+  int SetHIDSendKey(const std::string& address, int key);
+};
+
+#endif

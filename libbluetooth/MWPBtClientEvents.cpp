@@ -1,0 +1,320 @@
+// The events of the client. Nearly all are one line: hand the event to the listeners of its kind.
+
+#include <cstddef>
+#include <exception>
+#include <set>
+
+#include <bluetooth/IMWPBtBleListener.h>
+#include <bluetooth/IMWPBtComListener.h>
+#include <bluetooth/IMWPBtMediaListener.h>
+#include <bluetooth/IMWPBtMessageListener.h>
+#include <bluetooth/IMWPBtPbapListener.h>
+#include <bluetooth/IMWPBtPhoneListener.h>
+#include <bluetooth/IMWPBtSppListener.h>
+
+#define MWP_LOG_SOURCE "libbluetooth/MWPBtClient"
+#include <mwp/MWPLog.h>
+
+#include "libbluetooth/MWPBtClient.h"
+
+namespace {
+
+/// The type tag of a listener interface.
+template <typename Listener>
+constexpr int kListenerType = MAX_LISTENER;
+
+template <>
+constexpr int kListenerType<IMWPBtComListener> = COM_LISTENER;
+template <>
+constexpr int kListenerType<IMWPBtPhoneListener> = HFP_LISTENER;
+template <>
+constexpr int kListenerType<IMWPBtMediaListener> = MEDIA_LISTENER;
+template <>
+constexpr int kListenerType<IMWPBtPbapListener> = PBAP_LISTENER;
+template <>
+constexpr int kListenerType<IMWPBtMessageListener> = MAP_LISTENER;
+template <>
+constexpr int kListenerType<IMWPBtSppListener> = SPP_LISTENER;
+template <>
+constexpr int kListenerType<IMWPBtBleListener> = BLE_LISTENER;
+
+/// Holds the registry locked for as long as it lives.
+class RegistryLock {
+ public:
+  explicit RegistryLock(IMWPListener<IMWPBtListenerBase>& registry) : m_registry(registry) {
+    m_registry.LockListener();
+  }
+  ~RegistryLock() { m_registry.UnlockListener(); }
+  RegistryLock(const RegistryLock&) = delete;
+  RegistryLock& operator=(const RegistryLock&) = delete;
+
+ private:
+  IMWPListener<IMWPBtListenerBase>& m_registry;
+};
+
+void LogThrown(const char* event, const char* what) {
+  MWPLogWrite(MWPLogSite{MWP_LOG_SOURCE, event, __LINE__}, MWP_LOG_ERROR,
+              "%s: a listener threw an exception: %s", event, what);
+}
+
+/// Calls notify on every listener of one kind in ascending order of their addresses, with the registry
+/// locked. What a listener throws is logged and keeps neither the others from being called nor the registry
+/// locked. Listeners may come and go during a call: the next one is looked up after it, so that each is
+/// called at most once, and none after its removal.
+template <typename Listener, typename Notify>
+void ForEachListener(MWPBtClient& client, const char* event, Notify notify) {
+  RegistryLock lock(client);
+  const std::set<IMWPBtListenerBase*>& listeners = client.GetListeners();
+  for (auto next = listeners.begin(); next != listeners.end();) {
+    IMWPBtListenerBase* const listener = *next;
+    if (listener->m_nType != kListenerType<Listener>) {
+      ++next;
+      continue;
+    }
+    try {
+      notify(*static_cast<Listener*>(listener));
+    } catch (const std::exception& exception) {
+      LogThrown(event, exception.what());
+    } catch (...) {
+      LogThrown(event, "not a std::exception");
+    }
+    next = listeners.upper_bound(listener);
+  }
+}
+
+/// Hands an event to every listener of its kind.
+template <typename Listener, typename... Params, typename... Args>
+void Tell(MWPBtClient& client, const char* event, void (Listener::*method)(Params...), const Args&... args) {
+  ForEachListener<Listener>(client, event, [&](Listener& listener) { (listener.*method)(args...); });
+}
+
+}  // namespace
+
+// To IMWPBtComListener
+
+void MWPBtClient::OnOpenBtStatusChanged(MWPBtType::PowerStatus status) {
+  MWP_LOG_AT(976, MWP_LOG_DEBUG, "[btclient][MWPBtClient::OnOpenBtStatusChanged] %d", status);
+  Tell(*this, __func__, &IMWPBtComListener::OnOpenBtStatusChanged, status);
+}
+void MWPBtClient::OnBtProfileEnableStatusChanged(int enabled) {
+  MWP_LOG_AT(991, MWP_LOG_DEBUG, "[btclient][MWPBtClient::OnBtProfileEnableStatusChanged] %d", enabled);
+  Tell(*this, __func__, &IMWPBtComListener::OnBtProfileEnableStatusChanged, enabled);
+}
+void MWPBtClient::OnPairStatusChanged(MWPBtType::PairStatus status, MWPBtType::PairFailedReson reason,
+                                      const std::string& address) {
+  Tell(*this, __func__, &IMWPBtComListener::OnPairStatusChanged, status, reason, address);
+}
+void MWPBtClient::OnAnswerPairRequest(const std::string& address, const std::string& pinCode,
+                                      int androidAutoRequest, MWPBtType::PairRequestState state) {
+  Tell(*this, __func__, &IMWPBtComListener::OnAnswerPairRequest, address, pinCode, androidAutoRequest, state);
+}
+void MWPBtClient::OnBtCapabilityChanged(MWPBtType::Capability capability, int value) {
+  Tell(*this, __func__, &IMWPBtComListener::OnBtCapabilityChanged, capability, value);
+}
+void MWPBtClient::OnBtAttributeChanged(MWPBtType::Attribute attribute, const std::string& value) {
+  Tell(*this, __func__, &IMWPBtComListener::OnBtAttributeChanged, attribute, value);
+}
+void MWPBtClient::OnScanStatusChanged(MWPBtType::ScanStatus status) {
+  Tell(*this, __func__, &IMWPBtComListener::OnScanStatusChanged, status);
+}
+void MWPBtClient::OnDeletePairStatusChanged(int status) {
+  Tell(*this, __func__, &IMWPBtComListener::OnDeletePairStatusChanged, status);
+}
+void MWPBtClient::OnOperatorNameChanged(const std::string& name) {
+  MWP_LOG_AT(1183, MWP_LOG_INFO, "%s()", __func__);
+  Tell(*this, __func__, &IMWPBtComListener::OnOperatorNameChanged, name);
+}
+void MWPBtClient::OnConnectStatusChanged(const std::string& address, MWPBtType::ProfileId profile,
+                                         MWPBtType::ConnStatus status) {
+  MWP_LOG_AT(1201, MWP_LOG_INFO, "%s()", __func__);
+  Tell(*this, __func__, &IMWPBtComListener::OnConnectStatusChanged, address, profile, status);
+}
+void MWPBtClient::OnSupportProfileChanged(const std::string& address, MWPBtType::ProfileId profile) {
+  Tell(*this, __func__, &IMWPBtComListener::OnSupportProfileChanged, address, profile);
+}
+void MWPBtClient::OnWirelessEnableRequest(const std::string& address, const std::string& name,
+                                          MWPBtType::SupportType type) {
+  Tell(*this, __func__, &IMWPBtComListener::OnWirelessEnableRequest, address, name, type);
+}
+void MWPBtClient::OnAndroidAutoPairingResponse(MWPBtType::HUStatus status) {
+  Tell(*this, __func__, &IMWPBtComListener::OnAndroidAutoPairingResponse, status);
+}
+void MWPBtClient::OnSetDeviceOOBLinkKeyChanged(const std::string& address, int success) {
+  Tell(*this, __func__, &IMWPBtComListener::OnSetDeviceOOBLinkKeyChanged, address, success);
+}
+
+// To IMWPBtPhoneListener
+
+void MWPBtClient::OnMobileService(int onService) {
+  Tell(*this, __func__, &IMWPBtPhoneListener::OnMobileService, onService);
+}
+void MWPBtClient::OnRoamingStatusChanged(int roaming) {
+  MWP_LOG_AT(1283, MWP_LOG_INFO, "%s()", __func__);
+  Tell(*this, __func__, &IMWPBtPhoneListener::OnRoamingStatusChanged, roaming);
+}
+void MWPBtClient::OnBtSignalChanged(unsigned char signal) {
+  Tell(*this, __func__, &IMWPBtPhoneListener::OnBtSignalChanged, signal);
+}
+void MWPBtClient::OnBtBatteryChanged(unsigned char battery) {
+  Tell(*this, __func__, &IMWPBtPhoneListener::OnBtBatteryChanged, battery);
+}
+void MWPBtClient::OnCurrentCallInfoChanged(int callCount) {
+  Tell(*this, __func__, &IMWPBtPhoneListener::OnCurrentCallInfoChanged, callCount);
+}
+void MWPBtClient::OnCallingTimeChanged(int seconds, int callId, int active) {
+  Tell(*this, __func__, &IMWPBtPhoneListener::OnCallingTimeChanged, seconds, callId, active);
+}
+void MWPBtClient::OnCallStatusChanged(int callId, MWPBtType::CallStatus status, int callCount) {
+  Tell(*this, __func__, &IMWPBtPhoneListener::OnCallStatusChanged, callId, status, callCount);
+}
+void MWPBtClient::OnConferenceChanged(MWPBtType::CallAction action, int supported) {
+  Tell(*this, __func__, &IMWPBtPhoneListener::OnConferenceChanged, action, supported);
+}
+void MWPBtClient::OnHangupCallChanged() { Tell(*this, __func__, &IMWPBtPhoneListener::OnHangupCallChanged); }
+void MWPBtClient::OnAudioStatusChanged(MWPBtType::AudioStatus status) {
+  Tell(*this, __func__, &IMWPBtPhoneListener::OnAudioStatusChanged, status);
+}
+void MWPBtClient::OnVoiceStatusChanged(int started) {
+  MWP_LOG_AT(1541, MWP_LOG_INFO, "%s()", __func__);
+  Tell(*this, __func__, &IMWPBtPhoneListener::OnVoiceStatusChanged, started);
+}
+void MWPBtClient::OnCodecModeChanged(MWPBtType::CodecMode mode) {
+  Tell(*this, __func__, &IMWPBtPhoneListener::OnCodecModeChanged, mode);
+}
+
+// To IMWPBtMediaListener
+
+void MWPBtClient::OnMediaAudioStateChanged(const std::string& address, int started) {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnMediaAudioStateChanged, address, started);
+}
+void MWPBtClient::OnBtMusicPlayChanged(MWPBtType::MusicPlayStatus status) {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnBtMusicPlayChanged, status);
+}
+// Logs once for each listener that is told.
+void MWPBtClient::OnAudioTrackChanged() {
+  ForEachListener<IMWPBtMediaListener>(*this, __func__, [](IMWPBtMediaListener& listener) {
+    MWPLogWrite(MWPLogSite{MWP_LOG_SOURCE, "OnAudioTrackChanged", 1611}, MWP_LOG_DEBUG,
+                "MWPBtClient:: OnAudioTrackChanged()");
+    listener.OnAudioTrackChanged();
+  });
+}
+void MWPBtClient::OnPlayModeChanged() { Tell(*this, __func__, &IMWPBtMediaListener::OnPlayModeChanged); }
+void MWPBtClient::OnSupportPlayModeChanged() {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnSupportPlayModeChanged);
+}
+void MWPBtClient::OnMediaInfoChanged() { Tell(*this, __func__, &IMWPBtMediaListener::OnMediaInfoChanged); }
+void MWPBtClient::OnCoverImageDownloadCompleted() {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnCoverImageDownloadCompleted);
+}
+void MWPBtClient::OnCurPositionChanged(int position, int totalLength) {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnCurPositionChanged, position, totalLength);
+}
+void MWPBtClient::OnSupportAvrcpNotify(MWPBtType::SupportAvrcpEvent event, int supported) {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnSupportAvrcpNotify, event, supported);
+}
+void MWPBtClient::OnFastForwardChanged(int supported) {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnFastForwardChanged, supported);
+}
+void MWPBtClient::OnFastRewindChanged(int supported) {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnFastRewindChanged, supported);
+}
+void MWPBtClient::OnSupportBrowserStatusChanged(int supported) {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnSupportBrowserStatusChanged, supported);
+}
+void MWPBtClient::OnPlayerInfoChanged() { Tell(*this, __func__, &IMWPBtMediaListener::OnPlayerInfoChanged); }
+void MWPBtClient::OnBrowserMediaInfoChanged() {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnBrowserMediaInfoChanged);
+}
+void MWPBtClient::OnCurBrowserPathChanged(int success) {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnCurBrowserPathChanged, success);
+}
+void MWPBtClient::OnBrowserFolderItemTotalChanged(int total) {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnBrowserFolderItemTotalChanged, total);
+}
+void MWPBtClient::OnMediaItemToNowPlayingStatus(int success) {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnMediaItemToNowPlayingStatus, success);
+}
+void MWPBtClient::OnSendPlayItemStatus(int success) {
+  Tell(*this, __func__, &IMWPBtMediaListener::OnSendPlayItemStatus, success);
+}
+
+// To IMWPBtPbapListener
+
+void MWPBtClient::OnPBDownloadStatus(MWPBtType::PbapStatus status, MWPBtType::PbapType type) {
+  Tell(*this, __func__, &IMWPBtPbapListener::OnPBDownloadStatus, status, type);
+}
+void MWPBtClient::OnPbDownloadCountChanged(int current, int total) {
+  Tell(*this, __func__, &IMWPBtPbapListener::OnPbDownloadCountChanged, current, total);
+}
+void MWPBtClient::OnBtCallLogListChanged() {
+  Tell(*this, __func__, &IMWPBtPbapListener::OnBtCallLogListChanged);
+}
+void MWPBtClient::OnDeletePhoneBookChanged(int success) {
+  Tell(*this, __func__, &IMWPBtPbapListener::OnDeletePhoneBookChanged, success);
+}
+void MWPBtClient::OnContactFavoriteChanged(int contactId, int favorite) {
+  Tell(*this, __func__, &IMWPBtPbapListener::OnContactFavoriteChanged, contactId, favorite);
+}
+
+// To IMWPBtMessageListener
+
+void MWPBtClient::OnMessageDownloadStatus(MWPBtType::MsgLoadStatus status) {
+  Tell(*this, __func__, &IMWPBtMessageListener::OnMessageDownloadStatus, status);
+}
+void MWPBtClient::OnMessageDownloadCountChanged(int current, int total) {
+  Tell(*this, __func__, &IMWPBtMessageListener::OnMessageDownloadCountChanged, current, total);
+}
+void MWPBtClient::OnMessageStatusNotify(MWPBtType::MsgStatus status, std::string handle) {
+  Tell(*this, __func__, &IMWPBtMessageListener::OnMessageStatusNotify, status, handle);
+}
+void MWPBtClient::OnMessageSetPropertyStatus(MWPBtType::SetMsgProStatus status) {
+  Tell(*this, __func__, &IMWPBtMessageListener::OnMessageSetPropertyStatus, status);
+}
+
+// To IMWPBtSppListener
+
+void MWPBtClient::OnSppConnectStatus(const std::string& address, MWPBtType::SupportType type, int connected) {
+  Tell(*this, __func__, &IMWPBtSppListener::OnSppConnectStatus, address, type, connected);
+}
+void MWPBtClient::OnSppReceiveBufferChanged(const std::string& address, char* buffer, int length) {
+  Tell(*this, __func__, &IMWPBtSppListener::OnSppReceiveBufferChanged, address, buffer, length);
+}
+void MWPBtClient::OnHIDCalibration(int success) {
+  Tell(*this, __func__, &IMWPBtSppListener::OnHIDCalibration, success);
+}
+void MWPBtClient::OnHIDConnection(std::string address, int status) {
+  Tell(*this, __func__, &IMWPBtSppListener::OnHIDConnection, address, status);
+}
+
+// To IMWPBtBleListener
+
+void MWPBtClient::OnBleDiscoveryResponse(int started, int result) {
+  Tell(*this, __func__, &IMWPBtBleListener::OnBleDiscoveryResponse, started, result);
+}
+void MWPBtClient::OnBleConnectStatusChanged(const std::string& address, int status) {
+  Tell(*this, __func__, &IMWPBtBleListener::OnBleConnectStatusChanged, address, status);
+}
+void MWPBtClient::OnBleAllService(int count) {
+  Tell(*this, __func__, &IMWPBtBleListener::OnBleAllService, count);
+}
+void MWPBtClient::OnBleSmpNotify(MWPBtType::SmpEvent event, const std::string& address,
+                                 unsigned char addressType, unsigned int passkey) {
+  Tell(*this, __func__, &IMWPBtBleListener::OnBleSmpNotify, event, address, addressType, passkey);
+}
+void MWPBtClient::OnBleCharNotify(unsigned short handle, std::vector<unsigned char> data,
+                                  unsigned int length) {
+  const unsigned char* const bytes = data.data();
+  Tell(*this, __func__, &IMWPBtBleListener::OnBleCharNotify, handle, bytes, length);
+}
+void MWPBtClient::OnBleGAttribResultNotify(unsigned char result, std::vector<unsigned char> data,
+                                           unsigned short length) {
+  const unsigned char* const bytes = data.data();
+  Tell(*this, __func__, &IMWPBtBleListener::OnBleGAttribResultNotify, result, bytes, length);
+}
+
+// To nobody
+
+void MWPBtClient::OnSupportProfilesInfoChanged(
+    const std::string&, const std::map<MWPBtType::ProfileId, MWPBtType::ProfileVersion>&) {}
+void MWPBtClient::OnLocalAddressChanged(const std::string&) {}
+void MWPBtClient::OnCallInfoListChanged() {}
