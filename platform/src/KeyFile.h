@@ -1,0 +1,46 @@
+#ifndef MWP_PLATFORM_KEYFILE_H
+#define MWP_PLATFORM_KEYFILE_H
+
+#include <memory>
+#include <string>
+
+#include <glib.h>
+
+/// A file of groups, each with keys and values, read and written as a whole. Comments in it are kept.
+class __attribute__((visibility("hidden"))) KeyFile {
+ public:
+  enum class Load {
+    OK,
+    MISSING,     ///< there is no such file
+    UNREADABLE,  ///< there is something, but its content cannot be had
+    BROKEN,      ///< the content is no key file
+  };
+  enum class Lookup { OK, MISSING, NOT_A_NUMBER };
+
+  KeyFile();
+
+  /// Fills this object, which is empty so far, with the content of the file; it stays empty on failure.
+  Load LoadFrom(const std::string& path);
+  /// Puts the content in place of the file in one step, safe from a power cut once this returns true.
+  bool SaveTo(const std::string& path);
+
+  /// Stores the integer in *value, which is untouched on failure.
+  Lookup GetInt(const std::string& group, const std::string& key, int* value);
+  void SetInt(const std::string& group, const std::string& key, int value);
+
+  /// Why the last call that failed did so.
+  const std::string& Reason() const { return m_reason; }
+
+ private:
+  struct Deleter {
+    void operator()(GKeyFile* file) const { g_key_file_unref(file); }
+  };
+
+  /// Keeps the message of the error as the reason, and releases the error.
+  void TakeReason(GError* error);
+
+  std::unique_ptr<GKeyFile, Deleter> m_file;
+  std::string m_reason;
+};
+
+#endif
