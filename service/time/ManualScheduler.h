@@ -1,0 +1,31 @@
+#ifndef SERVICE_TIME_MANUALSCHEDULER_H
+#define SERVICE_TIME_MANUALSCHEDULER_H
+
+#include <utility>
+
+#include "service/time/TaskQueue.h"
+
+namespace btservice {
+
+/// A clock that goes on only when it is told to, so that hours pass at once.
+class ManualScheduler : public Scheduler {
+ public:
+  Milliseconds Now() const override { return m_now; }
+  TaskId After(Milliseconds delay, Task task) override { return m_queue.Add(m_now + delay, std::move(task)); }
+  void Cancel(TaskId id) override { m_queue.Cancel(id); }
+
+  void Advance(Milliseconds time) {
+    const Milliseconds end = m_now + time;
+    while (m_queue.RunNext(end, m_now)) {
+    }
+    m_now = end;
+  }
+
+ private:
+  TaskQueue m_queue;
+  Milliseconds m_now{0};
+};
+
+}  // namespace btservice
+
+#endif

@@ -1,0 +1,29 @@
+#ifndef SERVICE_TIME_SCHEDULER_H
+#define SERVICE_TIME_SCHEDULER_H
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+
+namespace btservice {
+
+using Milliseconds = std::chrono::milliseconds;
+
+/// The clock of the service: what shall happen later is asked of it. Tasks run one at a time, in the order of
+/// their times, those of the same time in the order in which they were asked for, and never inside After.
+class Scheduler {
+ public:
+  using Task = std::function<void()>;
+  using TaskId = std::uint64_t;  ///< 0 is no task
+
+  virtual ~Scheduler() = default;
+  /// Time since the clock was started. While a task runs it is the task's own time.
+  virtual Milliseconds Now() const = 0;
+  virtual TaskId After(Milliseconds delay, Task task) = 0;
+  /// Takes a task back. A task that has run, or 0, is ignored.
+  virtual void Cancel(TaskId id) = 0;
+};
+
+}  // namespace btservice
+
+#endif
