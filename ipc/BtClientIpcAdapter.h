@@ -15,24 +15,24 @@
 ///
 /// A request is one synchronous call of the service method of the same name and blocks the calling thread
 /// until the answer is there, 25 seconds at most. It answers what the service answers. A call that fails, or
-/// is not made because there is no proxy or an argument cannot travel over the bus, is logged as one error and
-/// answered with 0 (strings empty), unless the request says otherwise. Nothing is thrown.
+/// is not made because there is no proxy or an argument cannot travel over the bus, is logged as one error
+/// and answered with 0 (strings empty), unless the request says otherwise. Nothing is thrown.
 class MWP_BT_API BtClientIpcAdapter {
  public:
   /// Attaches the shared memory segments. Makes no connection.
   BtClientIpcAdapter();
-  /// Gives up all segments but SH_CALL_INFO_LIST, which stays attached. The proxy and its signal handlers stay
-  /// as they are.
+  /// Gives up all segments but SH_CALL_INFO_LIST, which stays attached. The proxy and its signal handlers
+  /// stay as they are.
   ~BtClientIpcAdapter();
 
-  /// Attaches the eight segments, and fills the parameter segment if nobody has. Returns whether the parameter
-  /// segment could be attached.
+  /// Attaches the eight segments, and fills the parameter segment if nobody has. Returns whether the
+  /// parameter segment could be attached.
   bool InitAllShareMemory();
   /// Copies the persisted settings into the parameter segment, unless another process has.
   void LoadPersistDataToSharemenory();
 
-  /// Makes the proxy, checks that the service is on the bus and subscribes to its signals. Each call that gets
-  /// as far as the subscription subscribes anew, on a new proxy.
+  /// Makes the proxy, checks that the service is on the bus and subscribes to its signals. Each call that
+  /// gets as far as the subscription subscribes anew, on a new proxy.
   bool InitDBusConnect();
   void RegisterDBusSignal();
 

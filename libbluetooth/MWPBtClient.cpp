@@ -8,6 +8,11 @@
 
 #include "libbluetooth/MWPBtClient.h"
 
+// The client's templates are part of what the library exports.
+template class IMWPListener<IMWPBtListenerBase>;
+template class IMWPService<IMWPBtListenerBase>;
+template class MWPSingleton<MWPBtClient>;
+
 int MWPBtClient::m_bInitClient = 0;
 int MWPBtClient::m_bServiceReady = 0;
 

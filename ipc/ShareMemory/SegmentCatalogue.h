@@ -17,14 +17,10 @@ struct SegmentEntry {
 
 /// All segments, in the order of their ids, which are also their places in this table.
 constexpr SegmentEntry kSegmentCatalogue[] = {
-    {SH_PAIRED_LIST, "SH_PAIRED_LIST", 2048},
-    {SH_CONTACT_INFO, "SH_CONTACT_INFO", 10240},
-    {SH_CONTACT_LIST, "SH_CONTACT_LIST", 0x200000},
-    {SH_FAV_CONTACT_LIST, "SH_FAV_CONTACT_LIST", 0x100000},
-    {SH_CALL_LOG_INFO, "SH_CALL_LOG_INFO", 5120},
-    {SH_CALL_LOG_LIST, "SH_CALL_LOG_LIST", 0xC800},
-    {SH_CALL_INFO_LIST, "SH_CALL_INFO_LIST", 2048},
-    {SH_BT_PARAMETER, "SH_BT_PARAMETER", 40},
+    {SH_PAIRED_LIST, "SH_PAIRED_LIST", 2048},       {SH_CONTACT_INFO, "SH_CONTACT_INFO", 10240},
+    {SH_CONTACT_LIST, "SH_CONTACT_LIST", 0x200000}, {SH_FAV_CONTACT_LIST, "SH_FAV_CONTACT_LIST", 0x100000},
+    {SH_CALL_LOG_INFO, "SH_CALL_LOG_INFO", 5120},   {SH_CALL_LOG_LIST, "SH_CALL_LOG_LIST", 0xC800},
+    {SH_CALL_INFO_LIST, "SH_CALL_INFO_LIST", 2048}, {SH_BT_PARAMETER, "SH_BT_PARAMETER", 40},
 };
 
 /// Offsets, in bytes, of the 32-bit words of SH_BT_PARAMETER. The word at 24 is reserved.

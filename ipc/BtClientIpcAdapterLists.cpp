@@ -1,0 +1,238 @@
+// The lists that the Bluetooth service publishes in shared memory: ask for a list, then decode it in place.
+//
+// Every record is built where the caller keeps it, and the nodes, texts and vectors that the caller's list
+// already has are filled again, since allocation is most of the cost of a large phone book.
+
+#include <cstddef>
+#include <iterator>
+#include <list>
+#include <new>
+#include <string>
+
+#define MWP_LOG_SOURCE "ipc/BtClientIpcAdapter"
+#include <mwp/MWPLog.h>
+
+#include "ipc/BtClientIpcAdapter.h"
+#include "ipc/ServiceCall.h"
+#include "ipc/ShareMemory/SegmentReader.h"
+#include "ipc/ShareMemory/ShmUnPackUtils.h"
+#include "ipc/ShareMemory/UsableSegment.h"
+
+namespace {
+
+// What reading a piece of a segment answers: null if all went well, or what was wrong.
+using Fault = const char*;
+constexpr Fault kNoFault = nullptr;
+constexpr Fault kIntCutOff = "an integer is cut off by the end of the segment";
+constexpr Fault kTextWithoutEnd = "a text has no end inside the segment";
+constexpr Fault kImpossibleCount = "a count is negative or too large for the segment";
+constexpr Fault kOutOfMemory = "there is not enough memory";
+
+// The fewest bytes that an item can take: its integers, and the NULs of its texts.
+constexpr std::size_t kSmallestText = 1;
+constexpr std::size_t kSmallestNumberGroup = 4 + 4;
+constexpr std::size_t kSmallestContact = 4 + 1 + 1 + 4;
+constexpr std::size_t kSmallestCallLog = 3 * 4 + 5 * 1;
+
+bool IsPossible(int count, std::size_t smallestItem, const SegmentReader& reader) {
+  return count >= 0 && static_cast<std::size_t>(count) <= reader.Remaining() / smallestItem;
+}
+
+Fault ReadCount(SegmentReader& reader, std::size_t smallestItem, int& count) {
+  if (!reader.ReadInt(count)) {
+    return kIntCutOff;
+  }
+  return IsPossible(count, smallestItem, reader) ? kNoFault : kImpossibleCount;
+}
+
+/// Makes [first, end of list) hold count items read one after the other, using the nodes that are there and
+/// adding or erasing the difference. After a fault the list ends with the last whole item.
+template <typename Item, typename ReadItem>
+Fault FillList(std::list<Item>& list, typename std::list<Item>::iterator first, int count,
+               ReadItem readItem) {
+  Fault fault = kNoFault;
+  auto item = first;
+  try {
+    for (int i = 0; i < count; ++i) {
+      if (item == list.end()) {
+        item = list.emplace(item);
+      }
+      fault = readItem(*item);
+      if (fault != kNoFault) {
+        break;
+      }
+      ++item;
+    }
+  } catch (const std::bad_alloc&) {
+    fault = kOutOfMemory;
+  }
+  list.erase(item, list.end());
+  return fault;
+}
+
+Fault ReadNumberGroup(SegmentReader& reader, MWPTypeContactNumber& group) {
+  if (!reader.ReadInt(group.nType)) {
+    return kIntCutOff;
+  }
+  int count = 0;
+  if (const Fault fault = ReadCount(reader, kSmallestText, count)) {
+    return fault;
+  }
+  group.vecValues.resize(static_cast<std::size_t>(count));
+  for (std::string& value : group.vecValues) {
+    if (!reader.ReadString(value)) {
+      return kTextWithoutEnd;
+    }
+  }
+  return kNoFault;
+}
+
+Fault ReadRecord(SegmentReader& reader, MWPTypeContact& contact) {
+  if (!reader.ReadInt(contact.nContactId)) {
+    return kIntCutOff;
+  }
+  if (!reader.ReadString(contact.strText1) || !reader.ReadString(contact.strText2)) {
+    return kTextWithoutEnd;
+  }
+  int count = 0;
+  if (const Fault fault = ReadCount(reader, kSmallestNumberGroup, count)) {
+    return fault;
+  }
+  return FillList(contact.listNumbers, contact.listNumbers.begin(), count,
+                  [&reader](MWPTypeContactNumber& group) { return ReadNumberGroup(reader, group); });
+}
+
+Fault ReadRecord(SegmentReader& reader, MWPTypeCallLog& log) {
+  // The integers come first in the segment, and last in the record.
+  if (!reader.ReadInt(log.nLogId) || !reader.ReadInt(log.nValue1) || !reader.ReadInt(log.nValue2)) {
+    return kIntCutOff;
+  }
+  for (std::string* text : {&log.strText1, &log.strText2, &log.strText3, &log.strText4, &log.strText5}) {
+    if (!reader.ReadString(*text)) {
+      return kTextWithoutEnd;
+    }
+  }
+  return kNoFault;
+}
+
+Fault ReadCallSlot(SegmentReader& reader, MWPTypeCallSlot& slot) {
+  for (int* value : {&slot.nValue1, &slot.nValue2, &slot.nValue3, &slot.nValue4, &slot.nValue5}) {
+    if (!reader.ReadInt(*value)) {
+      return kIntCutOff;
+    }
+  }
+  for (std::string* text : {&slot.strText1, &slot.strText2, &slot.strText3}) {
+    if (!reader.ReadString(*text)) {
+      return kTextWithoutEnd;
+    }
+  }
+  return kNoFault;
+}
+
+/// The first byte from which on a segment is all zeros.
+const unsigned char* EndOfData(const unsigned char* begin, const unsigned char* end) {
+  while (end != begin && end[-1] == 0) {
+    --end;
+  }
+  return end;
+}
+
+void LogFault(const char* method, ShareMemID id, const char* what, int number, std::size_t offset,
+              Fault fault) {
+  MWPLogWrite(MWPLogSite{MWP_LOG_SOURCE, method, __LINE__}, MWP_LOG_ERROR,
+              "%s: %s, %s %d, at byte %zu: %s; what was whole is kept", method, kSegmentCatalogue[id].name,
+              what, number, offset, fault);
+}
+
+/// Makes [first, end of list) hold the records of a list segment. A segment that is not attached is an empty
+/// list. A corrupt one is logged once and gives its whole records.
+template <typename Record>
+void UnpackList(const char* method, ShareMemID id, std::size_t smallestRecord, std::list<Record>& list,
+                typename std::list<Record>::iterator first) {
+  ShmUnPackUtils unpack;
+  int count = unpack.StartShmUnPackList(id);
+  if (unpack.Cursor() == nullptr) {
+    list.erase(first, list.end());
+    return;
+  }
+  const SegmentBytes segment = UsableSegment(id);
+  const unsigned char* const end = segment.begin + segment.size;
+  SegmentReader reader(unpack.Cursor(), end);
+
+  // A count that cannot be true still leaves the records themselves: they are read until only zeros are left.
+  const int announced = count;
+  const bool isPossible = IsPossible(count, smallestRecord, reader);
+  const unsigned char* const dataEnd = isPossible ? end : EndOfData(unpack.Cursor(), end);
+  const unsigned char* recordBegin = reader.Cursor();
+  int number = 0;
+  const Fault fault = FillList(list, first, count, [&](Record& record) -> Fault {
+    recordBegin = reader.Cursor();
+    if (!isPossible && recordBegin >= dataEnd) {
+      return kImpossibleCount;
+    }
+    ++number;
+    return ReadRecord(reader, record);
+  });
+  if (!isPossible) {
+    LogFault(method, id, "announced records", announced, 0, kImpossibleCount);
+  } else if (fault != kNoFault) {
+    LogFault(method, id, "record", number, static_cast<std::size_t>(recordBegin - segment.begin), fault);
+  }
+}
+
+}  // namespace
+
+int BtClientIpcAdapter::GetContactList(std::list<MWPTypeContact>& contacts) {
+  MWP_LOG(MWP_LOG_DEBUG, "BtClientIpcAdapter::GetContactList - BtClientIpcAdapter::GetContactList +++");
+  gboolean result = 1;
+  if (!CallService(__func__, BT_CALL(get_contact_list), &result)) {
+    return result;
+  }
+  UnpackList(__func__, SH_CONTACT_LIST, kSmallestContact, contacts, contacts.begin());
+  MWP_LOG(MWP_LOG_DEBUG, "BtClientIpcAdapter::GetContactList - BtClientIpcAdapter::GetContactList ---");
+  return result;
+}
+
+int BtClientIpcAdapter::GetFavContactList(std::list<MWPTypeContact>& contacts) {
+  MWP_LOG(MWP_LOG_DEBUG, "BtClientIpcAdapter::GetFavContactList  +++");
+  gboolean result = 1;
+  if (!CallService(__func__, BT_CALL(get_fav_contact_list), &result)) {
+    return result;
+  }
+  UnpackList(__func__, SH_FAV_CONTACT_LIST, kSmallestContact, contacts, contacts.begin());
+  MWP_LOG(MWP_LOG_DEBUG, "BtClientIpcAdapter::GetFavContactList ---");
+  return result;
+}
+
+// The entries come after whatever the list already holds: it is not cleared first.
+int BtClientIpcAdapter::GetCallLogList(CallLogType type, std::list<MWPTypeCallLog>& logs) {
+  gboolean result = 1;
+  if (CallService(__func__, BT_CALL(get_call_log_list), AsByte(type), &result)) {
+    UnpackList(__func__, SH_CALL_LOG_LIST, kSmallestCallLog, logs, logs.end());
+  }
+  return result;
+}
+
+// Both slots are decoded whatever the count says, and the answer is 1 in every case. A slot that is not whole
+// stays as it was in the caller's record.
+int BtClientIpcAdapter::GetCurrentCallInfo(MWPTypeCallInfo& info) {
+  ShmUnPackUtils unpack;
+  info.nCallCount = unpack.StartShmUnPackList(SH_CALL_INFO_LIST);
+  if (unpack.Cursor() == nullptr) {
+    return 1;
+  }
+  const SegmentBytes segment = UsableSegment(SH_CALL_INFO_LIST);
+  SegmentReader reader(unpack.Cursor(), segment.begin + segment.size);
+  int number = 1;
+  for (MWPTypeCallSlot* slot : {&info.callSlot1, &info.callSlot2}) {
+    const std::size_t offset = static_cast<std::size_t>(reader.Cursor() - segment.begin);
+    MWPTypeCallSlot whole;
+    if (const Fault fault = ReadCallSlot(reader, whole)) {
+      LogFault(__func__, SH_CALL_INFO_LIST, "slot", number, offset, fault);
+      break;
+    }
+    *slot = std::move(whole);
+    ++number;
+  }
+  return 1;
+}

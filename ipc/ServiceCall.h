@@ -1,0 +1,119 @@
+#ifndef IPC_SERVICECALL_H
+#define IPC_SERVICECALL_H
+
+#include <cstddef>
+#include <cstring>
+#include <string>
+
+#include <mwp/MWPLog.h>
+
+#include "ipc/BtProxy.h"
+#include "ipc/ServiceError.h"
+
+// One synchronous call of the Bluetooth service, as every request of the adapter makes it: refuse what cannot
+// travel, call, log a failure. A call that is not made fails like one that is: GLib would end a process that
+// passes it a null proxy under its stricter settings, and would send a placeholder for text that is not
+// UTF-8.
+
+/// The two arguments that name a generated function to CallService and its kin: the name under which a
+/// failure is logged, and the function.
+#define BT_CALL(stem) \
+  "com_zelk_linux_bluetooth_call_" #stem "_sync", com_zelk_linux_bluetooth_call_##stem##_sync
+
+/// Largest body of a D-Bus message, with room for its header.
+constexpr std::size_t kMaxMessageBytes = (std::size_t{128} << 20) - 4096;
+/// Largest array of bytes in a D-Bus message.
+constexpr std::size_t kMaxArrayBytes = std::size_t{64} << 20;
+
+inline bool IsText(const char* text) { return g_utf8_validate(text, -1, nullptr) != FALSE; }
+template <typename Other>
+bool IsText(const Other&) {
+  return true;
+}
+
+inline std::size_t TextBytes(const char* text) { return std::strlen(text); }
+template <typename Other>
+std::size_t TextBytes(const Other&) {
+  return 0;
+}
+
+/// Calls a generated function with its arguments between the proxy and the cancellable: those in, then the
+/// addresses of those out. Leaves the latter as they are on failure.
+template <typename Function, typename... Args>
+void CallSilently(ServiceError& error, Function call, Args... args) {
+  if (g_BtProxy == nullptr) {
+    error.Set("there is no connection to the Bluetooth service");
+  } else if (!(IsText(args) && ...)) {
+    error.Set("a text argument is not valid UTF-8");
+  } else if ((TextBytes(args) + ... + 0) > kMaxMessageBytes) {
+    error.Set("the text arguments are too long for a D-Bus message");
+  } else {
+    call(g_BtProxy, args..., nullptr, error.Out());
+  }
+}
+
+/// Logs a failed call under the name of the adapter's method.
+inline void LogFailure(const char* method, const char* function, const ServiceError& error) {
+  if (error) {
+    MWPLogWrite(MWPLogSite{"ipc/BtClientIpcAdapter", method, __LINE__}, MWP_LOG_ERROR,
+                "%s: Failed to call dbus method. Reason: %s.", function, error.Message());
+  }
+}
+
+/// As CallSilently, and logs a failure. Returns false on failure.
+template <typename Function, typename... Args>
+bool CallService(const char* method, const char* name, Function call, Args... args) {
+  ServiceError error;
+  CallSilently(error, call, args...);
+  LogFailure(method, name, error);
+  return !error;
+}
+
+/// As CallService, for a function with one value out: answers it, or 0 on failure. Out is the type that the
+/// interface gives the value.
+template <typename Out, typename Function, typename... In>
+int CallForResult(const char* method, const char* name, Function call, In... in) {
+  Out result = 0;
+  CallService(method, name, call, in..., &result);
+  return static_cast<int>(result);
+}
+
+/// What the interface carries as a byte is cut to one.
+template <typename Value>
+guchar AsByte(Value value) {
+  return static_cast<guchar>(static_cast<int>(value) & 255);
+}
+
+/// A text that a generated function hands out. A missing one reads as empty.
+class OutText {
+ public:
+  OutText() = default;
+  ~OutText() { g_free(m_text); }
+  OutText(const OutText&) = delete;
+  OutText& operator=(const OutText&) = delete;
+
+  gchar** Out() { return &m_text; }
+  bool IsMissing() const { return m_text == nullptr; }
+  std::string Text() const { return m_text != nullptr ? m_text : ""; }
+
+ private:
+  gchar* m_text = nullptr;
+};
+
+/// A variant to pass in, taken from its floating reference, or one that a generated function hands out.
+class VariantHolder {
+ public:
+  VariantHolder() = default;
+  explicit VariantHolder(GVariant* floating) : m_variant(g_variant_ref_sink(floating)) {}
+  ~VariantHolder() { g_clear_pointer(&m_variant, g_variant_unref); }
+  VariantHolder(const VariantHolder&) = delete;
+  VariantHolder& operator=(const VariantHolder&) = delete;
+
+  GVariant* Get() const { return m_variant; }
+  GVariant** Out() { return &m_variant; }
+
+ private:
+  GVariant* m_variant = nullptr;
+};
+
+#endif

