@@ -32,7 +32,7 @@ class __attribute__((visibility("default"))) IMWPService : public T, public IMWP
   }
 
   /// Starts unless started, and returns the start result.
-  int Start() {
+  __attribute__((visibility("hidden"))) int Start() {
     m_serviceLock.Lock();
     if (m_nStartResult == 0) {
       m_nStartResult = InitInstance();
@@ -44,7 +44,7 @@ class __attribute__((visibility("default"))) IMWPService : public T, public IMWP
 
   /// Stops if started. What ExitInstance() returns becomes the start result, so a stopped object counts as
   /// started; it is there to be deleted.
-  void Stop() {
+  __attribute__((visibility("hidden"))) void Stop() {
     m_serviceLock.Lock();
     if (m_nStartResult != 0) {
       m_nStartResult = ExitInstance();

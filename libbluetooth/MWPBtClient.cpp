@@ -58,8 +58,12 @@ void MWPBtClient::OnModuleStatusChanged(AppBootInfo& info) {
 int MWP_CreateBlueTooth() { return MWPSingleton<MWPBtClient>::GetInstance()->Start(); }
 
 void MWP_DestroyBlueTooth() {
+  using Singleton = MWPSingleton<MWPBtClient>;
   // Without a client this makes one only to delete it, which attaches the shared memory and enters the client
   // with the application manager: callers see both.
-  MWPSingleton<MWPBtClient>::GetInstance()->Stop();
-  MWPSingleton<MWPBtClient>::DeleteInstance();
+  Singleton::GetInstance()->Stop();
+  Singleton::ms_cs.Lock();
+  delete Singleton::ms_pSingleton;
+  __atomic_store_n(&Singleton::ms_pSingleton, nullptr, __ATOMIC_RELEASE);
+  Singleton::ms_cs.Unlock();
 }
