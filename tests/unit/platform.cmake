@@ -1,0 +1,25 @@
+# The platform stand-in. Paths are absolute because this file is included from elsewhere.
+function(bt_add_platform_test name)
+  list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/)
+  bt_add_test(NAME ${name} SOURCES ${ARGN} LIBS mwp::platform PkgConfig::GIO Threads::Threads)
+endfunction()
+
+bt_add_platform_test(platform_app_manager_test platform_app_manager_test.cpp)
+bt_add_platform_test(platform_configs_test platform_configs_test.cpp)
+bt_add_platform_test(platform_mutex_test platform_mutex_test.cpp)
+bt_add_platform_test(platform_persist_test platform_persist_test.cpp)
+bt_add_platform_test(platform_persist_concurrency_test platform_persist_concurrency_test.cpp)
+bt_add_platform_test(platform_persist_durability_test platform_persist_durability_test.cpp)
+bt_add_platform_test(platform_source_test platform_source_test.cpp)
+bt_add_platform_test(platform_log_test platform_log_test.cpp)
+bt_add_platform_test(platform_log_choice_test platform_log_choice_test.cpp)
+
+target_compile_definitions(platform_configs_test PRIVATE
+  PLATFORM_DEFAULTS_FILE="${BT_PLATFORM_DIR}/defaults.ini")
+target_link_libraries(platform_persist_durability_test PRIVATE ${CMAKE_DL_LIBS})
+
+add_executable(platform_log_program ${CMAKE_CURRENT_LIST_DIR}/platform_log_program.cpp)
+target_link_libraries(platform_log_program PRIVATE mwp::platform bt_warnings)
+add_dependencies(platform_log_choice_test platform_log_program)
+target_compile_definitions(platform_log_choice_test PRIVATE
+  PLATFORM_LOG_PROGRAM="$<TARGET_FILE:platform_log_program>")

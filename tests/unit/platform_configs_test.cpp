@@ -1,0 +1,89 @@
+// The configured defaults, and the one error line for each way in which there is none.
+
+#include <cstdlib>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <mwp/MWPLibConfigs.h>
+
+#include "platform_recorded_log.h"
+#include "platform_world.h"
+
+namespace {
+
+using platform_test::Record;
+using platform_test::RecordedLog;
+using platform_test::TempDirectory;
+using platform_test::WriteFile;
+
+class PlatformConfigs : public ::testing::Test {
+ protected:
+  PlatformConfigs() { setenv("MWP_CONFIG_FILE", file.c_str(), 1); }
+  ~PlatformConfigs() override { unsetenv("MWP_CONFIG_FILE"); }
+
+  /// Expects 0 and one error line that names file, path and reason.
+  void ExpectNoValue(const std::string& path, const std::string& reason) {
+    EXPECT_EQ(GetLibConfigs()->GetInt(path), 0);
+    std::vector<Record> records = log.Take();
+    ASSERT_EQ(records.size(), 1u) << path;
+    EXPECT_EQ(records[0]["ZLOG_LEVEL"], "100");
+    EXPECT_EQ(records[0]["CODE_FILE"], "platform/MWPLibConfigs");
+    for (const std::string& part : {file, "\"" + path + "\"", reason}) {
+      EXPECT_NE(records[0]["MESSAGE"].find(part), std::string::npos) << records[0]["MESSAGE"] << "\n" << part;
+    }
+  }
+
+  TempDirectory directory;
+  const std::string file = directory.File("defaults.ini");
+  RecordedLog log;
+};
+
+TEST_F(PlatformConfigs, TheShippedDefaultsSwitchAllOnButAutomaticAnswer) {
+  setenv("MWP_CONFIG_FILE", PLATFORM_DEFAULTS_FILE, 1);
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_power"), 1);
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_auto_connect"), 1);
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_auto_answer"), 0);
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_auto_download"), 1);
+  EXPECT_TRUE(log.Take().empty());
+}
+
+TEST_F(PlatformConfigs, APathIsAGroupAndAKey) {
+  WriteFile(file, "[setting]\nvolume=-12\n[setting/deep]\nvolume=3\n");
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/volume"), -12);
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/deep/volume"), 3);
+  EXPECT_TRUE(log.Take().empty());
+}
+
+TEST_F(PlatformConfigs, AChangedFileIsSeenAtTheNextUse) {
+  WriteFile(file, "[setting]\nvolume=1\n");
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/volume"), 1);
+  WriteFile(file, "[setting]\nvolume=2\n");
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/volume"), 2);
+}
+
+TEST_F(PlatformConfigs, AMissingFileIsReported) { ExpectNoValue("/setting/volume", "No such file"); }
+
+TEST_F(PlatformConfigs, AMissingGroupOrKeyIsReported) {
+  WriteFile(file, "[setting]\nvolume=1\n");
+  ExpectNoValue("/other/volume", "group");
+  ExpectNoValue("/setting/brightness", "key");
+}
+
+TEST_F(PlatformConfigs, AValueThatIsNoNumberIsReported) {
+  WriteFile(file, "[setting]\nvolume=loud\n");
+  ExpectNoValue("/setting/volume", "cannot be interpreted");
+}
+
+TEST_F(PlatformConfigs, ABrokenFileIsReported) {
+  WriteFile(file, "[setting\nvolume=1\n");
+  ExpectNoValue("/setting/volume", "not a key-value pair");
+}
+
+TEST_F(PlatformConfigs, APathOfAnotherFormIsReported) {
+  WriteFile(file, "[setting]\nvolume=1\n");
+  for (const char* path : {"", "/", "//", "volume", "/volume", "setting/volume", "/setting/", "//volume"}) {
+    ExpectNoValue(path, "a path looks like /group/key");
+  }
+}
+
+}  // namespace

@@ -1,0 +1,63 @@
+// A write is safe from a power cut: the order in which its content, its name and its directory are made to
+// last. The calls of the C library that matter are noted on their way.
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+#include <mwp/MWPPersistService.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform_world.h"
+
+namespace {
+
+std::vector<std::string>& Steps() {
+  static std::vector<std::string> steps;
+  return steps;
+}
+
+template <typename Function>
+Function Original(const char* name) {
+  return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+// These take the place of the C library's functions for the whole process.
+extern "C" {
+
+__attribute__((visibility("default"))) int fsync(int descriptor) {
+  struct stat status;
+  fstat(descriptor, &status);
+  Steps().push_back(S_ISDIR(status.st_mode) ? "sync directory" : "sync file");
+  return Original<int (*)(int)>("fsync")(descriptor);
+}
+
+__attribute__((visibility("default"))) int rename(const char* from, const char* to) noexcept {
+  Steps().push_back("rename to " + std::string(to));
+  return Original<int (*)(const char*, const char*)>("rename")(from, to);
+}
+}
+
+namespace {
+
+TEST(PlatformPersistDurability, TheContentIsOnTheDiskBeforeItGetsTheNameAndTheNameBeforeTheWriteReturns) {
+  const platform_test::TempDirectory directory;
+  const std::string store = directory.File("persist.ini");
+  setenv("MWP_PERSIST_FILE", store.c_str(), 1);
+  const std::vector<std::string> expected = {"sync file", "rename to " + store, "sync directory"};
+
+  for (const char* kind : {"first write", "later write"}) {
+    Steps().clear();
+    ASSERT_EQ(MWP_GetA7PersistService()->WriteInt(8, 303, 1, 0), 0);
+    EXPECT_EQ(Steps(), expected) << kind;
+  }
+  unsetenv("MWP_PERSIST_FILE");
+}
+
+}  // namespace

@@ -1,0 +1,193 @@
+// Persisted values: what is read back, where it is kept, and what becomes of a store that is damaged.
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <mwp/MWPPersistService.h>
+#include <sys/stat.h>
+
+#include "platform_recorded_log.h"
+#include "platform_world.h"
+
+namespace {
+
+using platform_test::ReadFile;
+using platform_test::Record;
+using platform_test::RecordedLog;
+using platform_test::TempDirectory;
+using platform_test::WriteFile;
+
+constexpr int kBluetooth = 8;
+constexpr int kUntouched = -77;
+
+class PlatformPersist : public ::testing::Test {
+ protected:
+  PlatformPersist() { UseStore(store); }
+  ~PlatformPersist() override { unsetenv("MWP_PERSIST_FILE"); }
+
+  static void UseStore(const std::string& path) { setenv("MWP_PERSIST_FILE", path.c_str(), 1); }
+
+  static int Write(int key, int value) {
+    return MWP_GetA7PersistService()->WriteInt(kBluetooth, key, value, 0);
+  }
+
+  /// The stored value, kUntouched if the read failed and left the variable alone.
+  static int Read(int key, int category = kBluetooth) {
+    int value = kUntouched;
+    const int result = MWP_GetA7PersistService()->ReadInt(category, key, &value);
+    EXPECT_EQ(result != 0, value == kUntouched);
+    return value;
+  }
+
+  void ExpectOneError(const std::string& part) {
+    std::vector<Record> records = log.Take();
+    ASSERT_EQ(records.size(), 1u);
+    EXPECT_EQ(records[0]["ZLOG_LEVEL"], "100");
+    EXPECT_EQ(records[0]["CODE_FILE"], "platform/MWPPersistService");
+    EXPECT_NE(records[0]["MESSAGE"].find(part), std::string::npos) << records[0]["MESSAGE"];
+    EXPECT_NE(records[0]["MESSAGE"].find(directory.File("")), std::string::npos) << records[0]["MESSAGE"];
+  }
+
+  TempDirectory directory;
+  const std::string store = directory.File("state/libbt/persist.ini");
+  RecordedLog log;
+};
+
+TEST_F(PlatformPersist, AKeyWithoutValueIsNotReadAndThatIsNoError) {
+  EXPECT_EQ(Read(303), kUntouched);
+  ASSERT_EQ(Write(303, 1), 0);
+  EXPECT_EQ(Read(304), kUntouched);
+  EXPECT_TRUE(log.Take().empty());
+}
+
+TEST_F(PlatformPersist, ValuesAreReadBackAndReplaced) {
+  for (const int value : {0, 1, -1, 2147483647, -2147483647 - 1, 5}) {
+    ASSERT_EQ(Write(303, value), 0);
+    EXPECT_EQ(Read(303), value);
+  }
+  ASSERT_EQ(Write(310, 9), 0);
+  EXPECT_EQ(Read(303), 5);
+  EXPECT_EQ(Read(310), 9);
+}
+
+TEST_F(PlatformPersist, CategoriesAreApart) {
+  ASSERT_EQ(MWP_GetA7PersistService()->WriteInt(1, 303, 11, 0), 0);
+  ASSERT_EQ(MWP_GetA7PersistService()->WriteInt(2, 303, 22, 0), 0);
+  EXPECT_EQ(Read(303, 1), 11);
+  EXPECT_EQ(Read(303, 2), 22);
+}
+
+TEST_F(PlatformPersist, TheStoreIsAGroupOfNumbersInADirectoryForItsOwner) {
+  ASSERT_EQ(Write(309, 1), 0);
+  EXPECT_EQ(ReadFile(store), "[category-8]\n309=1\n");
+
+  struct stat status;
+  ASSERT_EQ(stat(directory.File("state/libbt").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777u, 0700u);
+}
+
+TEST_F(PlatformPersist, WhatAPersonWroteIsReadAndKept) {
+  ASSERT_EQ(Write(309, 1), 0);
+  WriteFile(store, "# by hand\n\n[other]\nname=value\n\n[category-8]\n# power\n309=0\n");
+
+  EXPECT_EQ(Read(309), 0);
+  ASSERT_EQ(Write(303, 1), 0);
+  EXPECT_EQ(ReadFile(store), "# by hand\n\n[other]\nname=value\n\n[category-8]\n# power\n309=0\n303=1\n");
+}
+
+TEST_F(PlatformPersist, TheEnvironmentNamesTheStoreAtEachUse) {
+  ASSERT_EQ(Write(303, 1), 0);
+  UseStore(directory.File("second.ini"));
+  EXPECT_EQ(Read(303), kUntouched);
+  ASSERT_EQ(Write(303, 2), 0);
+  UseStore(store);
+  EXPECT_EQ(Read(303), 1);
+}
+
+TEST_F(PlatformPersist, WithoutTheVariableTheStoreIsInTheUsersStateDirectory) {
+  // In a process of its own, because GLib looks for that directory once.
+  const pid_t child = platform_test::StartProcess([this] {
+    unsetenv("MWP_PERSIST_FILE");
+    setenv("XDG_STATE_HOME", directory.File("home").c_str(), 1);
+    return Write(303, 4) == 0;
+  });
+  EXPECT_TRUE(platform_test::Succeeded(child));
+  EXPECT_EQ(ReadFile(directory.File("home/libbt/persist.ini")), "[category-8]\n303=4\n");
+}
+
+struct Damage {
+  const char* name;
+  std::string content;
+};
+
+class PlatformPersistDamaged : public PlatformPersist, public ::testing::WithParamInterface<Damage> {};
+
+TEST_P(PlatformPersistDamaged, ReadsFailWithOneErrorLineAndAWriteSetsTheBrokenFileAside) {
+  ASSERT_EQ(Write(303, 1), 0);
+  WriteFile(store, GetParam().content);
+
+  EXPECT_EQ(Read(303), kUntouched);
+  ExpectOneError("cannot read");
+  EXPECT_EQ(ReadFile(store), GetParam().content);
+
+  ASSERT_EQ(Write(303, 7), 0);
+  ExpectOneError("moved to");
+  EXPECT_EQ(ReadFile(store + ".broken"), GetParam().content);
+  EXPECT_EQ(Read(303), 7);
+  EXPECT_TRUE(log.Take().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Contents, PlatformPersistDamaged,
+                         ::testing::Values(Damage{"Garbage",
+                                                  "\x7f"
+                                                  "ELF garbage\n"},
+                                           Damage{"CutInAKey", "[category-8]\n303=1\n30"},
+                                           Damage{"CutInTheGroup", "[categ"}, Damage{"NoGroup", "303=1\n"},
+                                           Damage{"ZeroFilled", std::string(64, '\0')}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(PlatformPersist, AValueThatIsNoIntegerIsAnErrorAndCanBeReplaced) {
+  for (const char* value : {"", "abc", "1abc", "1.5", "99999999999"}) {
+    ASSERT_EQ(Write(304, 6), 0);
+    WriteFile(store, std::string("[category-8]\n304=6\n303=") + value + "\n");
+    EXPECT_EQ(Read(303), kUntouched) << value;
+    ExpectOneError("key 303");
+    ASSERT_EQ(Write(303, 2), 0);
+    EXPECT_EQ(Read(303), 2);
+    EXPECT_EQ(Read(304), 6);
+  }
+}
+
+TEST_F(PlatformPersist, AStoreThatIsNoFileIsLeftAloneAndNeverWaitedFor) {
+  const std::string pipe = directory.File("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  UseStore(pipe);
+
+  EXPECT_EQ(Read(303), kUntouched);
+  ExpectOneError("not a regular file");
+  EXPECT_NE(Write(303, 1), 0);
+  ExpectOneError("not a regular file");
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+}
+
+TEST_F(PlatformPersist, AWriteFailsWithOneErrorLineWhereNoDirectoryCanBeMade) {
+  WriteFile(directory.File("file"), "");
+  UseStore(directory.File("file/persist.ini"));
+
+  EXPECT_NE(Write(303, 1), 0);
+  ExpectOneError("cannot make the directory");
+}
+
+TEST_F(PlatformPersist, AWriteFailsWithOneErrorLineWhereTheLockCannotBeMade) {
+  ASSERT_EQ(Write(303, 1), 0);
+  std::filesystem::remove(store + ".lock");
+  std::filesystem::create_directory(store + ".lock");
+
+  EXPECT_NE(Write(303, 2), 0);
+  ExpectOneError("cannot lock");
+  EXPECT_EQ(Read(303), 1);
+}
+
+}  // namespace
