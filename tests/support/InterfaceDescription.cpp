@@ -1,0 +1,85 @@
+#include "support/InterfaceDescription.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "support/GlibPointers.h"
+
+namespace bttest {
+
+namespace {
+
+/// The elements of a null-terminated array of pointers, which may be missing as a whole, each converted.
+template <typename Info, typename Convert>
+auto All(Info** infos, Convert convert) {
+  std::vector<decltype(convert(**infos))> all;
+  for (Info** info = infos; info != nullptr && *info != nullptr; ++info) {
+    all.push_back(convert(**info));
+  }
+  return all;
+}
+
+ArgumentDescription DescribeArgument(const GDBusArgInfo& info) { return {info.name, info.signature}; }
+
+MethodDescription DescribeMethod(const GDBusMethodInfo& info) {
+  return {info.name, All(info.in_args, DescribeArgument), All(info.out_args, DescribeArgument)};
+}
+
+SignalDescription DescribeSignal(const GDBusSignalInfo& info) {
+  return {info.name, All(info.args, DescribeArgument)};
+}
+
+template <typename Description>
+const Description& Named(const std::vector<Description>& all, const std::string& name) {
+  const auto found = std::find_if(all.begin(), all.end(),
+                                  [&](const Description& description) { return description.name == name; });
+  if (found == all.end()) {
+    throw std::out_of_range("the interface does not describe '" + name + "'");
+  }
+  return *found;
+}
+
+}  // namespace
+
+std::string TupleSignature(const Arguments& arguments) {
+  std::string signature = "(";
+  for (const ArgumentDescription& argument : arguments) {
+    signature += argument.signature;
+  }
+  return signature + ")";
+}
+
+const MethodDescription& InterfaceDescription::Method(const std::string& wanted) const {
+  return Named(methods, wanted);
+}
+
+const SignalDescription& InterfaceDescription::Signal(const std::string& wanted) const {
+  return Named(signals, wanted);
+}
+
+InterfaceDescription DescribeInterface(const GDBusInterfaceInfo& info) {
+  return {info.name, All(info.methods, DescribeMethod), All(info.signals, DescribeSignal)};
+}
+
+InterfaceDescription ParseInterface(const std::string& xml) {
+  ErrorCollector error;
+  const NodeInfoPtr node(g_dbus_node_info_new_for_xml(xml.c_str(), error));
+  error.ThrowIfSet("parsing introspection data");
+  if (node->interfaces == nullptr || node->interfaces[0] == nullptr) {
+    throw std::runtime_error("introspection data without an interface");
+  }
+  return DescribeInterface(*node->interfaces[0]);
+}
+
+const InterfaceDescription& BluetoothInterface() {
+  static const InterfaceDescription description = [] {
+    ErrorCollector error;
+    char* text = nullptr;
+    g_file_get_contents(BTTEST_INTERFACE_XML, &text, nullptr, error);
+    error.ThrowIfSet("reading the interface description");
+    return ParseInterface(CharPtr(text).get());
+  }();
+  return description;
+}
+
+}  // namespace bttest

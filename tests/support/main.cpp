@@ -1,0 +1,61 @@
+// The main function of all tests. Nothing but the list of its tests is to be had from a test executable
+// outside of the sandbox, so that it is safe to start one by hand.
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr const char* kIsInSandbox = "BTTEST_IN_SANDBOX";
+
+bool OnlyLists(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    if (std::strncmp(argv[i], "--gtest_list_tests", std::strlen("--gtest_list_tests")) == 0 ||
+        std::strcmp(argv[i], "--help") == 0) {
+      return true;
+    }
+  }
+  return false;
+}
+
+std::string ThisExecutable() {
+  char path[4096];
+  const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
+  return length > 0 ? std::string(path, static_cast<std::size_t>(length)) : std::string();
+}
+
+/// Becomes this executable once more, in the sandbox, with the service of the same build if that is there.
+int EnterSandbox(char** argv) {
+  setenv(kIsInSandbox, "1", 1);
+  const char* const service = access(BTTEST_SERVICE, X_OK) == 0 ? BTTEST_SERVICE : "empty";
+  std::vector<std::string> command{BTTEST_SANDBOX, "--service", service, ThisExecutable()};
+  std::vector<char*> pointers;
+  for (std::string& word : command) {
+    pointers.push_back(word.data());
+  }
+  for (char** argument = argv + 1; *argument != nullptr; ++argument) {
+    pointers.push_back(*argument);
+  }
+  pointers.push_back(nullptr);
+  execv(pointers[0], pointers.data());
+  std::fprintf(stderr, "%s cannot be started: %s\n", BTTEST_SANDBOX, std::strerror(errno));
+  return 125;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (!OnlyLists(argc, argv) && std::getenv(kIsInSandbox) == nullptr) {
+    return EnterSandbox(argv);
+  }
+  testing::InitGoogleMock(&argc, argv);
+  return RUN_ALL_TESTS();
+}
