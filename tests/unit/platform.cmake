@@ -1,7 +1,12 @@
-# The platform stand-in. Paths are absolute because this file is included from elsewhere.
+# The stand-in of the platform. The real one, and the real zlog, are not ours to test.
+if(NOT TARGET mwpplatform OR ZLOG_LIBRARY)
+  return()
+endif()
+
 function(bt_add_platform_test name)
+  # Absolute, because this file is included from elsewhere.
   list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/)
-  bt_add_test(NAME ${name} SOURCES ${ARGN} LIBS mwp::platform PkgConfig::GIO Threads::Threads)
+  bt_add_test(NAME ${name} SOURCES ${ARGN} LIBS mwp::platform)
 endfunction()
 
 bt_add_platform_test(platform_app_manager_test platform_app_manager_test.cpp)

@@ -3,18 +3,20 @@
 #include <cstdlib>
 #include <string>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <mwp/MWPLibConfigs.h>
+#include <mwp/MWPLog.h>
 
-#include "platform_recorded_log.h"
-#include "platform_world.h"
+#include "support/LogCapture.h"
+#include "support/TemporaryDirectory.h"
+#include "unit/platform_files.h"
 
 namespace {
 
-using platform_test::Record;
-using platform_test::RecordedLog;
-using platform_test::TempDirectory;
 using platform_test::WriteFile;
+using testing::AllOf;
+using testing::HasSubstr;
 
 class PlatformConfigs : public ::testing::Test {
  protected:
@@ -24,18 +26,17 @@ class PlatformConfigs : public ::testing::Test {
   /// Expects 0 and one error line that names file, path and reason.
   void ExpectNoValue(const std::string& path, const std::string& reason) {
     EXPECT_EQ(GetLibConfigs()->GetInt(path), 0);
-    std::vector<Record> records = log.Take();
+    const std::vector<bttest::LogRecord> records = log.Records();
+    log.Clear();
     ASSERT_EQ(records.size(), 1u) << path;
-    EXPECT_EQ(records[0]["ZLOG_LEVEL"], "100");
-    EXPECT_EQ(records[0]["CODE_FILE"], "platform/MWPLibConfigs");
-    for (const std::string& part : {file, "\"" + path + "\"", reason}) {
-      EXPECT_NE(records[0]["MESSAGE"].find(part), std::string::npos) << records[0]["MESSAGE"] << "\n" << part;
-    }
+    EXPECT_EQ(records[0].level, MWP_LOG_ERROR);
+    EXPECT_EQ(records[0].file, "platform/MWPLibConfigs");
+    EXPECT_THAT(records[0].message, AllOf(HasSubstr(file), HasSubstr("\"" + path + "\""), HasSubstr(reason)));
   }
 
-  TempDirectory directory;
-  const std::string file = directory.File("defaults.ini");
-  RecordedLog log;
+  bttest::TemporaryDirectory directory;
+  const std::string file = (directory.Path() / "defaults.ini");
+  bttest::LogCapture log;
 };
 
 TEST_F(PlatformConfigs, TheShippedDefaultsSwitchAllOnButAutomaticAnswer) {
@@ -44,14 +45,14 @@ TEST_F(PlatformConfigs, TheShippedDefaultsSwitchAllOnButAutomaticAnswer) {
   EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_auto_connect"), 1);
   EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_auto_answer"), 0);
   EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_auto_download"), 1);
-  EXPECT_TRUE(log.Take().empty());
+  EXPECT_TRUE(log.Records().empty());
 }
 
 TEST_F(PlatformConfigs, APathIsAGroupAndAKey) {
   WriteFile(file, "[setting]\nvolume=-12\n[setting/deep]\nvolume=3\n");
   EXPECT_EQ(GetLibConfigs()->GetInt("/setting/volume"), -12);
   EXPECT_EQ(GetLibConfigs()->GetInt("/setting/deep/volume"), 3);
-  EXPECT_TRUE(log.Take().empty());
+  EXPECT_TRUE(log.Records().empty());
 }
 
 TEST_F(PlatformConfigs, AChangedFileIsSeenAtTheNextUse) {

@@ -1,67 +1,35 @@
 // The choice of log system, category and level by the environment, seen from outside on a program that is
 // started anew for each: the choice is made when the platform library is loaded.
 
+#include <optional>
 #include <string>
-#include <vector>
 
-#include <glib.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
+
+#include "support/ChildProcess.h"
 
 namespace {
 
 struct Outcome {
   std::string out;
   std::string err;
-  int pid = 0;
-  int status = -1;
+  pid_t pid;
+  std::optional<int> status;
 
   std::string All() const { return out + err; }
 };
 
-std::string ReadAll(int descriptor) {
-  std::string text;
-  char buffer[4096];
-  ssize_t count = 0;
-  while ((count = read(descriptor, buffer, sizeof buffer)) > 0) {
-    text.append(buffer, static_cast<std::size_t>(count));
-  }
-  close(descriptor);
-  return text;
-}
-
-using Variables = std::vector<std::pair<std::string, std::string>>;
-
 /// Runs the program with these variables, GLib showing all levels on its standard streams.
-Outcome RunProgram(const Variables& variables) {
-  char** environment = g_get_environ();
-  for (const char* name : {"MWP_LOG_CATEGORY", "MWP_LOG_LEVEL", "JOURNAL_STREAM"}) {
-    environment = g_environ_unsetenv(environment, name);
-  }
-  environment = g_environ_setenv(environment, "G_MESSAGES_DEBUG", "all", TRUE);
-  environment = g_environ_setenv(environment, "LC_ALL", "C.UTF-8", TRUE);
-  for (const auto& variable : variables) {
-    environment = g_environ_setenv(environment, variable.first.c_str(), variable.second.c_str(), TRUE);
-  }
-  std::string program = PLATFORM_LOG_PROGRAM;
-  char* arguments[] = {program.data(), nullptr};
-  Outcome run;
-  int out = -1;
-  int err = -1;
-  GError* error = nullptr;
-  if (g_spawn_async_with_pipes(nullptr, arguments, environment, G_SPAWN_DO_NOT_REAP_CHILD, nullptr, nullptr,
-                               &run.pid, nullptr, &out, &err, &error)) {
-    // What it writes fits into the pipes, so one may be read after the other.
-    run.out = ReadAll(out);
-    run.err = ReadAll(err);
-    waitpid(run.pid, &run.status, 0);
-  } else {
-    ADD_FAILURE() << error->message;
-    g_error_free(error);
-  }
-  g_strfreev(environment);
-  return run;
+Outcome RunProgram(const bttest::ChildProcess::Environment& variables) {
+  bttest::ChildProcess::Environment changes = variables;
+  changes.insert({{"MWP_LOG_CATEGORY", std::nullopt},
+                  {"MWP_LOG_LEVEL", std::nullopt},
+                  {"JOURNAL_STREAM", std::nullopt},
+                  {"G_MESSAGES_DEBUG", "all"},
+                  {"LC_ALL", "C.UTF-8"}});
+  bttest::ChildProcess program({PLATFORM_LOG_PROGRAM}, changes);
+  const std::optional<int> status = program.Wait();
+  return {program.Output(), program.Errors(), program.Pid(), status};
 }
 
 bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }

@@ -1,21 +1,60 @@
 // What becomes of one log line: the fields of the record that GLib gets, and the minimum level.
 
+#include <map>
 #include <string>
+#include <vector>
 
+#include <glib.h>
 #include <gtest/gtest.h>
 #include <mwp/MWPLog.h>
-
-#include "platform_recorded_log.h"
 
 #define MWP_LOG_SOURCE "libbluetooth/MWPBtClient"
 
 namespace {
 
-using platform_test::Record;
-using platform_test::RecordedLog;
-
 constexpr int kNotice = 60;
 constexpr int kFatal = 120;
+
+struct Record {
+  GLogLevelFlags flags;
+  std::map<std::string, std::string> fields;
+
+  const std::string& operator[](const std::string& field) { return fields[field]; }
+};
+
+/// Keeps all that this process logs through GLib while it lives; one at a time.
+class RecordedLog {
+ public:
+  RecordedLog() {
+    // GLib allows a process one writer, once.
+    static const bool installed = (g_log_set_writer_func(&RecordedLog::Write, nullptr, nullptr), true);
+    static_cast<void>(installed);
+    Records().clear();
+  }
+
+  std::vector<Record> Take() {
+    std::vector<Record> taken;
+    taken.swap(Records());
+    return taken;
+  }
+
+ private:
+  static std::vector<Record>& Records() {
+    static std::vector<Record> records;
+    return records;
+  }
+
+  static GLogWriterOutput Write(GLogLevelFlags flags, const GLogField* fields, gsize count, gpointer) {
+    Record record{flags, {}};
+    for (gsize i = 0; i < count; ++i) {
+      const auto* text = static_cast<const char*>(fields[i].value);
+      record.fields[fields[i].key] =
+          fields[i].length < 0 ? std::string(text) : std::string(text, fields[i].length);
+    }
+    Records().push_back(record);
+    return G_LOG_WRITER_HANDLED;
+  }
+};
 
 class PlatformLog : public ::testing::Test {
  protected:

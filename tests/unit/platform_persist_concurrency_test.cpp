@@ -9,13 +9,13 @@
 #include <mwp/MWPPersistService.h>
 #include <signal.h>
 
-#include "platform_world.h"
+#include "support/TemporaryDirectory.h"
+#include "unit/platform_process.h"
 
 namespace {
 
 using platform_test::StartProcess;
 using platform_test::Succeeded;
-using platform_test::TempDirectory;
 
 constexpr int kCategory = 8;
 constexpr int kWrites = 200;
@@ -47,10 +47,10 @@ int CountLost(int firstKey) {
 
 class PlatformPersistConcurrency : public ::testing::Test {
  protected:
-  PlatformPersistConcurrency() { setenv("MWP_PERSIST_FILE", directory.File("persist.ini").c_str(), 1); }
+  PlatformPersistConcurrency() { setenv("MWP_PERSIST_FILE", (directory.Path() / "persist.ini").c_str(), 1); }
   ~PlatformPersistConcurrency() override { unsetenv("MWP_PERSIST_FILE"); }
 
-  TempDirectory directory;
+  bttest::TemporaryDirectory directory;
 };
 
 TEST_F(PlatformPersistConcurrency, TwoProcessesThatWriteDifferentKeysLoseNothing) {

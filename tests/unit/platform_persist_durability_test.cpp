@@ -12,7 +12,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform_world.h"
+#include "support/TemporaryDirectory.h"
 
 namespace {
 
@@ -47,8 +47,8 @@ __attribute__((visibility("default"))) int rename(const char* from, const char* 
 namespace {
 
 TEST(PlatformPersistDurability, TheContentIsOnTheDiskBeforeItGetsTheNameAndTheNameBeforeTheWriteReturns) {
-  const platform_test::TempDirectory directory;
-  const std::string store = directory.File("persist.ini");
+  const bttest::TemporaryDirectory directory;
+  const std::string store = (directory.Path() / "persist.ini");
   setenv("MWP_PERSIST_FILE", store.c_str(), 1);
   const std::vector<std::string> expected = {"sync file", "rename to " + store, "sync directory"};
 

@@ -4,20 +4,24 @@
 #include <filesystem>
 #include <string>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <mwp/MWPLog.h>
 #include <mwp/MWPPersistService.h>
 #include <sys/stat.h>
 
-#include "platform_recorded_log.h"
-#include "platform_world.h"
+#include "support/LogCapture.h"
+#include "support/TemporaryDirectory.h"
+#include "unit/platform_files.h"
+#include "unit/platform_process.h"
 
 namespace {
 
 using platform_test::ReadFile;
-using platform_test::Record;
-using platform_test::RecordedLog;
-using platform_test::TempDirectory;
 using platform_test::WriteFile;
+
+using testing::AllOf;
+using testing::HasSubstr;
 
 constexpr int kBluetooth = 8;
 constexpr int kUntouched = -77;
@@ -42,24 +46,24 @@ class PlatformPersist : public ::testing::Test {
   }
 
   void ExpectOneError(const std::string& part) {
-    std::vector<Record> records = log.Take();
+    const std::vector<bttest::LogRecord> records = log.Records();
+    log.Clear();
     ASSERT_EQ(records.size(), 1u);
-    EXPECT_EQ(records[0]["ZLOG_LEVEL"], "100");
-    EXPECT_EQ(records[0]["CODE_FILE"], "platform/MWPPersistService");
-    EXPECT_NE(records[0]["MESSAGE"].find(part), std::string::npos) << records[0]["MESSAGE"];
-    EXPECT_NE(records[0]["MESSAGE"].find(directory.File("")), std::string::npos) << records[0]["MESSAGE"];
+    EXPECT_EQ(records[0].level, MWP_LOG_ERROR);
+    EXPECT_EQ(records[0].file, "platform/MWPPersistService");
+    EXPECT_THAT(records[0].message, AllOf(HasSubstr(part), HasSubstr(directory.Path().string())));
   }
 
-  TempDirectory directory;
-  const std::string store = directory.File("state/libbt/persist.ini");
-  RecordedLog log;
+  bttest::TemporaryDirectory directory;
+  const std::string store = (directory.Path() / "state/libbt/persist.ini");
+  bttest::LogCapture log;
 };
 
 TEST_F(PlatformPersist, AKeyWithoutValueIsNotReadAndThatIsNoError) {
   EXPECT_EQ(Read(303), kUntouched);
   ASSERT_EQ(Write(303, 1), 0);
   EXPECT_EQ(Read(304), kUntouched);
-  EXPECT_TRUE(log.Take().empty());
+  EXPECT_TRUE(log.Records().empty());
 }
 
 TEST_F(PlatformPersist, ValuesAreReadBackAndReplaced) {
@@ -84,7 +88,7 @@ TEST_F(PlatformPersist, TheStoreIsAGroupOfNumbersInADirectoryForItsOwner) {
   EXPECT_EQ(ReadFile(store), "[category-8]\n309=1\n");
 
   struct stat status;
-  ASSERT_EQ(stat(directory.File("state/libbt").c_str(), &status), 0);
+  ASSERT_EQ(stat((directory.Path() / "state/libbt").c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777u, 0700u);
 }
 
@@ -99,7 +103,7 @@ TEST_F(PlatformPersist, WhatAPersonWroteIsReadAndKept) {
 
 TEST_F(PlatformPersist, TheEnvironmentNamesTheStoreAtEachUse) {
   ASSERT_EQ(Write(303, 1), 0);
-  UseStore(directory.File("second.ini"));
+  UseStore((directory.Path() / "second.ini"));
   EXPECT_EQ(Read(303), kUntouched);
   ASSERT_EQ(Write(303, 2), 0);
   UseStore(store);
@@ -110,11 +114,11 @@ TEST_F(PlatformPersist, WithoutTheVariableTheStoreIsInTheUsersStateDirectory) {
   // In a process of its own, because GLib looks for that directory once.
   const pid_t child = platform_test::StartProcess([this] {
     unsetenv("MWP_PERSIST_FILE");
-    setenv("XDG_STATE_HOME", directory.File("home").c_str(), 1);
+    setenv("XDG_STATE_HOME", (directory.Path() / "home").c_str(), 1);
     return Write(303, 4) == 0;
   });
   EXPECT_TRUE(platform_test::Succeeded(child));
-  EXPECT_EQ(ReadFile(directory.File("home/libbt/persist.ini")), "[category-8]\n303=4\n");
+  EXPECT_EQ(ReadFile((directory.Path() / "home/libbt/persist.ini")), "[category-8]\n303=4\n");
 }
 
 struct Damage {
@@ -136,7 +140,7 @@ TEST_P(PlatformPersistDamaged, ReadsFailWithOneErrorLineAndAWriteSetsTheBrokenFi
   ExpectOneError("moved to");
   EXPECT_EQ(ReadFile(store + ".broken"), GetParam().content);
   EXPECT_EQ(Read(303), 7);
-  EXPECT_TRUE(log.Take().empty());
+  EXPECT_TRUE(log.Records().empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Contents, PlatformPersistDamaged,
@@ -161,7 +165,7 @@ TEST_F(PlatformPersist, AValueThatIsNoIntegerIsAnErrorAndCanBeReplaced) {
 }
 
 TEST_F(PlatformPersist, AStoreThatIsNoFileIsLeftAloneAndNeverWaitedFor) {
-  const std::string pipe = directory.File("pipe");
+  const std::string pipe = (directory.Path() / "pipe");
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   UseStore(pipe);
 
@@ -173,8 +177,8 @@ TEST_F(PlatformPersist, AStoreThatIsNoFileIsLeftAloneAndNeverWaitedFor) {
 }
 
 TEST_F(PlatformPersist, AWriteFailsWithOneErrorLineWhereNoDirectoryCanBeMade) {
-  WriteFile(directory.File("file"), "");
-  UseStore(directory.File("file/persist.ini"));
+  WriteFile((directory.Path() / "file"), "");
+  UseStore((directory.Path() / "file/persist.ini"));
 
   EXPECT_NE(Write(303, 1), 0);
   ExpectOneError("cannot make the directory");

@@ -9,7 +9,7 @@
 #include <mwp/MWPSource.h>
 #include <mwp/MWPStandIn.h>
 
-#include "platform_recorded_log.h"
+#include "support/LogCapture.h"
 
 namespace {
 
@@ -86,17 +86,19 @@ TEST_F(PlatformSource, CallsOfSeveralThreadsAreAllSeenWhileObserversAreReplaced)
 }
 
 TEST_F(PlatformSource, CallsAreLoggedForDebugging) {
-  platform_test::RecordedLog log;
-  zlog_standin_set_minimum_level(MWP_LOG_DEBUG);
+  bttest::LogCapture log;
   MWPSource::Request(9, MWPSource::AUDIO_GAIN_TRANSIENT);
-  zlog_standin_set_minimum_level(MWP_LOG_INFO);
-  MWPSource::Request(9, MWPSource::AUDIO_GAIN_TRANSIENT);
+  MWPSource::ActiveSourceConfirm(9, 1);
+  MWPSource::DeactiveSourceConfirm(9, 0);
 
-  std::vector<platform_test::Record> records = log.Take();
-  ASSERT_EQ(records.size(), 1u);
-  EXPECT_EQ(records[0]["MESSAGE"], "source:9 gain:1");
-  EXPECT_EQ(records[0]["CODE_FUNC"], "Request");
-  EXPECT_EQ(records[0]["ZLOG_LEVEL"], "20");
+  const std::vector<bttest::LogRecord> records = log.OfLevel(MWP_LOG_DEBUG);
+  ASSERT_EQ(records.size(), 3u);
+  EXPECT_EQ(records[0].function, "Request");
+  EXPECT_EQ(records[0].message, "source:9 gain:1");
+  EXPECT_EQ(records[1].function, "ActiveSourceConfirm");
+  EXPECT_EQ(records[1].message, "source:9 confirmation:1");
+  EXPECT_EQ(records[2].function, "DeactiveSourceConfirm");
+  EXPECT_EQ(records[2].message, "source:9 confirmation:0");
 }
 
 }  // namespace

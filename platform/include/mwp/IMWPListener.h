@@ -44,7 +44,7 @@ class __attribute__((visibility("default"))) IMWPListener {
   virtual void LockListener() { m_listenerLock.Lock(); }
   virtual void UnlockListener() { m_listenerLock.Unlock(); }
 
- protected:
+  /// Hooks for who derives from this; called with the registry locked.
   virtual void OnListenerAdded(T*) {}
   virtual void OnListenerRemoved(T*) {}
 

@@ -1,0 +1,223 @@
+// Listeners: how they register, what they log, and the order of their virtual slots.
+
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <bluetooth/IMWPBtBleListener.h>
+#include <bluetooth/IMWPBtComListener.h>
+#include <bluetooth/IMWPBtMediaListener.h>
+#include <bluetooth/IMWPBtMessageListener.h>
+#include <bluetooth/IMWPBtPbapListener.h>
+#include <bluetooth/IMWPBtPhoneListener.h>
+#include <bluetooth/IMWPBtSppListener.h>
+#include <bluetooth/MWPBluetooth.h>
+
+#include "libbluetooth/MWPBtClient.h"
+#include "support/LogCapture.h"
+
+namespace {
+
+using Client = MWPSingleton<MWPBtClient>;
+
+const bttest::LogRecord kBaseLine{"include/bluetooth/IMWPBtListenerBase", "IMWPBtListenerBase", 26, 20,
+                                  "IMWPBtListenerBase constructor"};
+
+/// The lines that constructing a listener of this type logs, once there is a client.
+template <typename Listener>
+std::vector<bttest::LogRecord> LinesOf() {
+  Client::GetInstance();
+  bttest::LogCapture log;
+  Listener listener;
+  return log.Records();
+}
+
+TEST(Listener, EachInterfaceHasItsTypeTag) {
+  EXPECT_EQ(IMWPBtComListener().m_nType, 0);
+  EXPECT_EQ(IMWPBtPhoneListener().m_nType, 1);
+  EXPECT_EQ(IMWPBtMediaListener().m_nType, 2);
+  EXPECT_EQ(IMWPBtPbapListener().m_nType, 3);
+  EXPECT_EQ(IMWPBtMessageListener().m_nType, 4);
+  EXPECT_EQ(IMWPBtSppListener().m_nType, 5);
+  EXPECT_EQ(IMWPBtBleListener().m_nType, 6);
+  EXPECT_EQ(IMWPBtListenerBase().m_nType, 7);
+  EXPECT_EQ(Client::GetInstance()->m_nType, 7);
+}
+
+TEST(Listener, PhonePbapAndMessageListenersLogTheirTypeAfterTheBase) {
+  const std::string source = "libbluetooth/MWPBtListenerInit";
+  EXPECT_EQ(
+      LinesOf<IMWPBtPhoneListener>(),
+      (std::vector<bttest::LogRecord>{
+          kBaseLine, {source, "IMWPBtPhoneListener", 41, 40, "IMWPBtPhoneListener m_nType = HFP_LISTENER"}}));
+  EXPECT_EQ(LinesOf<IMWPBtMessageListener>(),
+            (std::vector<bttest::LogRecord>{
+                kBaseLine,
+                {source, "IMWPBtMessageListener", 64, 40, "IMWPBtMessageListener m_nType = MAP_LISTENER"}}));
+  EXPECT_EQ(
+      LinesOf<IMWPBtPbapListener>(),
+      (std::vector<bttest::LogRecord>{
+          kBaseLine, {source, "IMWPBtPbapListener", 76, 40, "IMWPBtPbapListener m_nType = PBAP_LISTENER"}}));
+}
+
+TEST(Listener, TheOtherFourLogNothingOfTheirOwn) {
+  const std::vector<bttest::LogRecord> baseOnly{kBaseLine};
+  EXPECT_EQ(LinesOf<IMWPBtComListener>(), baseOnly);
+  EXPECT_EQ(LinesOf<IMWPBtMediaListener>(), baseOnly);
+  EXPECT_EQ(LinesOf<IMWPBtSppListener>(), baseOnly);
+  EXPECT_EQ(LinesOf<IMWPBtBleListener>(), baseOnly);
+}
+
+TEST(Listener, DestructionLogsNothing) {
+  auto listener = std::make_unique<IMWPBtPhoneListener>();
+  bttest::LogCapture log;
+  listener.reset();
+  EXPECT_TRUE(log.Records().empty());
+}
+
+TEST(Listener, ConstructionBeforeCreateRegistersInAClientThatIsNotStarted) {
+  ASSERT_EQ(Client::ms_pSingleton, nullptr);
+  IMWPBtComListener listener;
+  ASSERT_NE(Client::ms_pSingleton, nullptr);
+  EXPECT_EQ(Client::ms_pSingleton->GetListeners(), std::set<IMWPBtListenerBase*>{&listener});
+  EXPECT_EQ(MWPBtClient::m_bInitClient, 0);
+  EXPECT_EQ(MWPBtClient::m_bServiceReady, 0);
+}
+
+TEST(Listener, DestructionTakesItOutOfTheRegistry) {
+  auto listener = std::make_unique<IMWPBtComListener>();
+  EXPECT_EQ(Client::GetInstance()->GetListenerCount(), 1u);
+  listener.reset();
+  EXPECT_EQ(Client::GetInstance()->GetListenerCount(), 0u);
+}
+
+TEST(Listener, DestructionAfterDestroyMakesAnUnstartedClientAndRemovesNothing) {
+  auto listener = std::make_unique<IMWPBtComListener>();
+  MWP_DestroyBlueTooth();
+  ASSERT_EQ(Client::ms_pSingleton, nullptr);
+  IMWPBtPhoneListener other;
+  MWPBtClient* const fresh = Client::ms_pSingleton;
+  listener.reset();
+  EXPECT_EQ(Client::ms_pSingleton, fresh);
+  EXPECT_EQ(fresh->GetListeners(), std::set<IMWPBtListenerBase*>{&other});
+  MWP_DestroyBlueTooth();
+  // other's destructor makes one more client.
+}
+
+/// The virtual slot of a method, counted from 0 with the two destructors first, as the ABI keeps it in a
+/// pointer to the method: one more than the offset in the table or, on ARM, that offset and a mark elsewhere.
+template <typename Result, typename Class, typename... Params>
+std::size_t SlotOf(Result (Class::*method)(Params...)) {
+  std::ptrdiff_t parts[2];
+  static_assert(sizeof parts == sizeof method, "not the ABI that this knows");
+  std::memcpy(parts, &method, sizeof parts);
+#if defined(__arm__) || defined(__aarch64__)
+  EXPECT_EQ(parts[1] & 1, 1) << "not virtual";
+  const std::ptrdiff_t offset = parts[0];
+#else
+  EXPECT_EQ(parts[0] & 1, 1) << "not virtual";
+  const std::ptrdiff_t offset = parts[0] - 1;
+#endif
+  return static_cast<std::size_t>(offset) / sizeof(void*);
+}
+
+/// Fails unless the methods have consecutive slots from first on.
+template <typename... Methods>
+void ExpectSlotsFrom(std::size_t first, Methods... methods) {
+  const std::vector<std::size_t> slots{SlotOf(methods)...};
+  for (std::size_t i = 0; i < slots.size(); ++i) {
+    EXPECT_EQ(slots[i], first + i);
+  }
+}
+
+constexpr std::size_t kAfterDestructors = 2;
+
+TEST(SlotOrder, Com) {
+  using I = IMWPBtComListener;
+  ExpectSlotsFrom(kAfterDestructors, &I::OnOpenBtStatusChanged, &I::OnBtProfileEnableStatusChanged,
+                  &I::OnPairStatusChanged, &I::OnAnswerPairRequest, &I::OnBtCapabilityChanged,
+                  &I::OnBtAttributeChanged, &I::OnScanStatusChanged, &I::OnDeletePairStatusChanged,
+                  &I::OnOperatorNameChanged, &I::OnConnectStatusChanged, &I::OnSupportProfileChanged,
+                  &I::OnWirelessEnableRequest, &I::OnAndroidAutoPairingResponse,
+                  &I::OnSetDeviceOOBLinkKeyChanged);
+}
+
+TEST(SlotOrder, Phone) {
+  using I = IMWPBtPhoneListener;
+  ExpectSlotsFrom(kAfterDestructors, &I::OnMobileService, &I::OnRoamingStatusChanged, &I::OnBtSignalChanged,
+                  &I::OnBtBatteryChanged, &I::OnCurrentCallInfoChanged, &I::OnCallingTimeChanged,
+                  &I::OnCallStatusChanged, &I::OnConferenceChanged, &I::OnHangupCallChanged,
+                  &I::OnAudioStatusChanged, &I::OnVoiceStatusChanged, &I::OnCodecModeChanged);
+}
+
+TEST(SlotOrder, Media) {
+  using I = IMWPBtMediaListener;
+  ExpectSlotsFrom(kAfterDestructors, &I::OnMediaAudioStateChanged, &I::OnBtMusicPlayChanged,
+                  &I::OnAudioTrackChanged, &I::OnPlayModeChanged, &I::OnSupportPlayModeChanged,
+                  &I::OnMediaInfoChanged, &I::OnCoverImageDownloadCompleted, &I::OnCurPositionChanged,
+                  &I::OnSupportAvrcpNotify, &I::OnFastForwardChanged, &I::OnFastRewindChanged,
+                  &I::OnSupportBrowserStatusChanged, &I::OnPlayerInfoChanged, &I::OnBrowserMediaInfoChanged,
+                  &I::OnCurBrowserPathChanged, &I::OnBrowserFolderItemTotalChanged,
+                  &I::OnMediaItemToNowPlayingStatus, &I::OnSendPlayItemStatus);
+}
+
+TEST(SlotOrder, Pbap) {
+  using I = IMWPBtPbapListener;
+  ExpectSlotsFrom(kAfterDestructors, &I::OnPBDownloadStatus, &I::OnPbDownloadCountChanged,
+                  &I::OnBtCallLogListChanged, &I::OnDeletePhoneBookChanged, &I::OnContactFavoriteChanged);
+}
+
+TEST(SlotOrder, Message) {
+  using I = IMWPBtMessageListener;
+  ExpectSlotsFrom(kAfterDestructors, &I::OnMessageDownloadStatus, &I::OnMessageDownloadCountChanged,
+                  &I::OnMessageStatusNotify, &I::OnMessageSetPropertyStatus);
+}
+
+TEST(SlotOrder, Spp) {
+  using I = IMWPBtSppListener;
+  ExpectSlotsFrom(kAfterDestructors, &I::OnSppConnectStatus, &I::OnSppReceiveBufferChanged,
+                  &I::OnHIDCalibration, &I::OnHIDConnection);
+}
+
+TEST(SlotOrder, Ble) {
+  using I = IMWPBtBleListener;
+  ExpectSlotsFrom(kAfterDestructors, &I::OnBleDiscoveryResponse, &I::OnBleConnectStatusChanged,
+                  &I::OnBleAllService, &I::OnBleSmpNotify, &I::OnBleCharNotify, &I::OnBleGAttribResultNotify);
+}
+
+TEST(SlotOrder, ApplicationManagersListener) {
+  using I = IMWPAppListener;
+  ExpectSlotsFrom(kAfterDestructors, &I::OnModuleStatusChanged, &I::OnSystemBootStageNotify,
+                  &I::OnAndroidAutoAbortHandle, &I::OnAAConnectionTimeoutNotify, &I::OnReloadLogConfigNotify,
+                  &I::OnResourceDataChangeNotify, &I::OnProcRebootNotify);
+}
+
+TEST(SlotOrder, Registry) {
+  using Registry = IMWPListener<IMWPBtListenerBase>;
+  const std::vector<std::size_t> slots{
+      SlotOf(&Registry::AddListener),     SlotOf(&Registry::RemoveListener),
+      SlotOf(&Registry::GetListeners),    SlotOf(&Registry::GetListenerCount),
+      SlotOf(&Registry::LockListener),    SlotOf(&Registry::UnlockListener),
+      SlotOf(&Registry::OnListenerAdded), SlotOf(&Registry::OnListenerRemoved)};
+  EXPECT_EQ(slots, (std::vector<std::size_t>{2, 3, 4, 5, 6, 7, 8, 9}));
+}
+
+TEST(SlotOrder, Client) {
+  using Service = IMWPService<IMWPBtListenerBase>;
+  const std::vector<std::size_t> slots{
+      SlotOf(&Service::InitInstance), SlotOf(&Service::ExitInstance),    SlotOf(&Service::InitListener),
+      SlotOf(&Service::ExitListener), SlotOf(&Service::OnListenerAdded), SlotOf(&Service::OnListenerRemoved)};
+  EXPECT_EQ(slots, (std::vector<std::size_t>{2, 3, 4, 5, 6, 7}));
+  EXPECT_EQ(SlotOf(&MWPBtClient::OnModuleStatusChanged), 8u);
+}
+
+TEST(Layout, EveryInterfacesPointerIsItsBasesPointer) {
+  IMWPBtMediaListener listener;
+  EXPECT_EQ(static_cast<void*>(static_cast<IMWPBtListenerBase*>(&listener)), static_cast<void*>(&listener));
+}
+
+}  // namespace

@@ -1,0 +1,126 @@
+// The records a caller starts from, and the values that the contract fixes.
+
+#include <gtest/gtest.h>
+
+#include <bluetooth/MWPBtRecords.h>
+#include <bluetooth/MWPBtType.h>
+#include <bluetooth/ShareMemID.h>
+
+namespace {
+
+TEST(Records, ADefaultDeviceIsEnabledForProfile3AndOtherwiseEmpty) {
+  const MWPTypeDevice device;
+  EXPECT_EQ(device.strAddr, "");
+  EXPECT_EQ(device.strName, "");
+  EXPECT_TRUE(device.vecExtraInfo.empty());
+  EXPECT_EQ(device.eSupportType, 0);
+  EXPECT_EQ(device.eProfileId, 0);
+  EXPECT_EQ(device.eEnableProfileId, 3);
+  EXPECT_EQ(device.eConnectStatus, 0);
+}
+
+TEST(Records, ADefaultContactHasIdMinusOneAndNoNumbers) {
+  const MWPTypeContact contact;
+  EXPECT_EQ(contact.nContactId, -1);
+  EXPECT_TRUE(contact.strText1.empty());
+  EXPECT_TRUE(contact.strText2.empty());
+  EXPECT_TRUE(contact.listNumbers.empty());
+}
+
+TEST(Records, ADefaultCallLogHasValuesMinusOneAndSix) {
+  const MWPTypeCallLog log;
+  EXPECT_EQ(log.nLogId, 0);
+  EXPECT_EQ(log.nValue1, -1);
+  EXPECT_EQ(log.nValue2, 6);
+}
+
+TEST(Records, ADefaultMessageHasValuesThreeAndOne) {
+  const MWPTypeMessage message;
+  EXPECT_EQ(message.nValue1, 3);
+  EXPECT_EQ(message.nValue2, 1);
+  EXPECT_EQ(message.strText1 + message.strText2 + message.strText3 + message.strText4 + message.strText5 +
+                message.strText6,
+            "");
+}
+
+TEST(Records, MembersKeepTheirOrder) {
+  // Aggregate initialisation goes by the order of declaration.
+  const MWPTypeDevice device{"a",
+                             "n",
+                             {"x"},
+                             MWPBtType::SupportType(1),
+                             MWPBtType::ProfileId(2),
+                             MWPBtType::ProfileId(4),
+                             MWPBtType::ConnStatus(5)};
+  EXPECT_EQ(device.strAddr, "a");
+  EXPECT_EQ(device.strName, "n");
+  EXPECT_EQ(device.eSupportType, 1);
+  EXPECT_EQ(device.eProfileId, 2);
+  EXPECT_EQ(device.eEnableProfileId, 4);
+  EXPECT_EQ(device.eConnectStatus, 5);
+
+  const MWPTypeCallLog log{1, "t1", "t2", "t3", "t4", "t5", 2, 3};
+  EXPECT_EQ(log.strText5, "t5");
+  EXPECT_EQ(log.nValue1, 2);
+  EXPECT_EQ(log.nValue2, 3);
+
+  const MWPTypeCallSlot slot{1, 2, 3, 4, "t1", "t2", "t3", 5};
+  EXPECT_EQ(slot.nValue4, 4);
+  EXPECT_EQ(slot.strText3, "t3");
+  EXPECT_EQ(slot.nValue5, 5);
+
+  const MWPTypeMediaInfo info{"title", "artist", "album", "track", "numOfTracks", "genre", "duration"};
+  EXPECT_EQ(info.numOfTracks, "numOfTracks");
+  EXPECT_EQ(info.duration, "duration");
+
+  const MWPTypeMessage message{"t1", 7, "t2", "t3", "t4", "t5", "t6", 8};
+  EXPECT_EQ(message.nValue1, 7);
+  EXPECT_EQ(message.strText6, "t6");
+  EXPECT_EQ(message.nValue2, 8);
+
+  const MWPTypeConnectionState state{6, "a"};
+  EXPECT_EQ(state.status, 6);
+  EXPECT_EQ(state.address, "a");
+}
+
+TEST(Enumerations, TheValuesThatTheLibraryDependsOnAreFixed) {
+  EXPECT_EQ(MWPBtType::BT_POWER_OFF, 0);
+  EXPECT_EQ(MWPBtType::BT_POWER_ON, 1);
+  EXPECT_EQ(MWPBtType::BT_POWER_TURNING_OFF, 2);
+  EXPECT_EQ(MWPBtType::BT_POWER_TURNING_ON, 3);
+  EXPECT_EQ(MWPBtType::BT_CAP_POWER_SWITCH, 0);
+  EXPECT_EQ(MWPBtType::BT_CAP_AUTO_CONNECT, 1);
+  EXPECT_EQ(MWPBtType::BT_CAP_AUTO_ANSWER, 2);
+  EXPECT_EQ(MWPBtType::BT_CAP_AUTO_REJECT_INCALL, 3);
+  EXPECT_EQ(MWPBtType::BT_CAP_RESERVED4, 4);
+  EXPECT_EQ(MWPBtType::BT_CAP_RESERVED5, 5);
+  EXPECT_EQ(MWPBtType::BT_CAP_RESERVED6, 6);
+  EXPECT_EQ(MWPBtType::BT_CAP_AUTO_DOWNLOAD, 7);
+  EXPECT_EQ(MWPBtType::BT_CAP_RESERVED8, 8);
+  EXPECT_EQ(MWPBtType::BT_CAP_ENABLE_SCAN, 9);
+  EXPECT_EQ(MWPBtType::BT_CAP_LOCAL_RING, 10);
+  EXPECT_EQ(MWPBtType::BT_CAP_PARAMETER_LOADED, 11);
+  EXPECT_EQ(MWPBtType::BT_CONN_UNKNOWN, 6);
+  EXPECT_EQ(MWPBtType::BT_MSG_LOAD_NOT_SUPPORTED, 8);
+}
+
+TEST(Enumerations, AreAsWideAsAnInt) {
+  EXPECT_EQ(sizeof(MWPBtType::PowerStatus), sizeof(int));
+  EXPECT_EQ(sizeof(MWPBtType::MusicPlayStatus), sizeof(int));
+  EXPECT_EQ(sizeof(CallLogType), sizeof(int));
+  EXPECT_EQ(sizeof(MWPBtMessageType), sizeof(int));
+  EXPECT_EQ(sizeof(ShareMemID), sizeof(int));
+}
+
+TEST(Enumerations, SegmentIdsAreTheProjectIdsOfTheirKeys) {
+  EXPECT_EQ(SH_PAIRED_LIST, 0);
+  EXPECT_EQ(SH_CONTACT_INFO, 1);
+  EXPECT_EQ(SH_CONTACT_LIST, 2);
+  EXPECT_EQ(SH_FAV_CONTACT_LIST, 3);
+  EXPECT_EQ(SH_CALL_LOG_INFO, 4);
+  EXPECT_EQ(SH_CALL_LOG_LIST, 5);
+  EXPECT_EQ(SH_CALL_INFO_LIST, 6);
+  EXPECT_EQ(SH_BT_PARAMETER, 7);
+}
+
+}  // namespace

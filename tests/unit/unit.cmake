@@ -1,0 +1,7 @@
+bt_add_test(NAME unit_types SOURCES types_test.cpp address_test.cpp)
+bt_add_test(NAME unit_variant SOURCES variant_test.cpp)
+bt_add_test(NAME unit_registry SOURCES registry_test.cpp)
+bt_add_test(NAME unit_listener SOURCES listener_test.cpp)
+bt_add_test(NAME unit_segments SOURCES segments_test.cpp)
+bt_add_test(NAME unit_attach_failure SOURCES attach_failure_test.cpp)
+bt_add_test(NAME unit_settings SOURCES settings_test.cpp)
