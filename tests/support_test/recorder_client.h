@@ -1,0 +1,64 @@
+#ifndef TESTS_SUPPORT_TEST_RECORDER_CLIENT_H
+#define TESTS_SUPPORT_TEST_RECORDER_CLIENT_H
+
+#include <string>
+#include <vector>
+
+#include "support/GlibPointers.h"
+
+namespace bttest {
+
+/// A caller of the Bluetooth service that uses neither the library nor the generated bindings.
+class Client {
+ public:
+  Client() {
+    ErrorCollector error;
+    m_connection.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
+    error.ThrowIfSet("connecting");
+    g_dbus_connection_set_exit_on_close(m_connection.get(), FALSE);
+  }
+
+  VariantPtr Call(const char* method, GVariant* arguments, GError** error, const char* interface = kName) {
+    return VariantPtr(g_dbus_connection_call_sync(m_connection.get(), kName, kPath, interface, method,
+                                                  arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
+                                                  error));
+  }
+
+  /// The answer as text.
+  std::string Answer(const char* method, GVariant* arguments = nullptr) {
+    ErrorCollector error;
+    const VariantPtr reply = Call(method, arguments, error);
+    error.ThrowIfSet(method);
+    return ToText(reply.get());
+  }
+
+  /// The D-Bus name of the error that the call is answered with; empty if it is not.
+  std::string Error(const char* method, GVariant* arguments = nullptr) {
+    GError* error = nullptr;
+    const VariantPtr reply = Call(method, arguments, &error);
+    const CharPtr name(error != nullptr ? g_dbus_error_get_remote_error(error) : nullptr);
+    g_clear_error(&error);
+    return name != nullptr ? name.get() : "";
+  }
+
+  /// Adds a text for each signal of the service to seen, while the default main context is iterated.
+  void Listen(std::vector<std::string>& seen) {
+    g_dbus_connection_signal_subscribe(
+        m_connection.get(), kName, kName, nullptr, kPath, nullptr, G_DBUS_SIGNAL_FLAGS_NONE,
+        [](GDBusConnection*, const char*, const char*, const char*, const char* signal, GVariant* arguments,
+           gpointer seen) {
+          static_cast<std::vector<std::string>*>(seen)->push_back(signal + ToText(arguments));
+        },
+        &seen, nullptr);
+  }
+
+ private:
+  static constexpr const char* kName = "com.zelk.linux.bluetooth";
+  static constexpr const char* kPath = "/com/zelk/linux/bluetooth";
+
+  ConnectionPtr m_connection;
+};
+
+}  // namespace bttest
+
+#endif
