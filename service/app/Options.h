@@ -1,0 +1,26 @@
+#ifndef SERVICE_APP_OPTIONS_H
+#define SERVICE_APP_OPTIONS_H
+
+namespace btservice {
+
+/// How the process ends.
+enum ExitCode : int {
+  EXIT_ENDED = 0,       ///< on SIGTERM or SIGINT, or because the bus went away
+  EXIT_USAGE = 2,       ///< the command line makes no sense
+  EXIT_NAME_TAKEN = 3,  ///< another service runs on this bus
+  EXIT_NO_BUS = 4,      ///< there is no session bus
+};
+
+/// The command line.
+struct Options {
+  double speed = 1;
+  bool keepSegments = false;
+};
+
+/// Fills options. Answers true to go on; otherwise the process is to end with exitCode, and what there was to
+/// say has been said.
+bool ParseOptions(int argc, char** argv, Options& options, int& exitCode);
+
+}  // namespace btservice
+
+#endif

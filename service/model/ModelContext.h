@@ -1,0 +1,48 @@
+#ifndef SERVICE_MODEL_MODELCONTEXT_H
+#define SERVICE_MODEL_MODELCONTEXT_H
+
+#include <functional>
+#include <random>
+#include <utility>
+#include <vector>
+
+#include "service/model/World.h"
+#include "service/stack/StackEvents.h"
+#include "service/time/Scheduler.h"
+
+namespace btservice {
+
+/// Lets parts of the model hear of each other without knowing each other.
+template <typename... Args>
+class Notifier {
+ public:
+  using Callback = std::function<void(Args...)>;
+
+  void Add(Callback callback) { m_callbacks.push_back(std::move(callback)); }
+  void operator()(Args... args) const {
+    for (const Callback& callback : m_callbacks) {
+      callback(args...);
+    }
+  }
+
+ private:
+  std::vector<Callback> m_callbacks;
+};
+
+/// What every part of the model works with.
+struct ModelContext {
+  Scheduler& scheduler;
+  const Delays& delays;
+  std::mt19937 random;
+  std::vector<StackObserver*> observers;
+
+  void Report(const StackEvent& event) const {
+    for (StackObserver* const observer : observers) {
+      observer->OnStackEvent(event);
+    }
+  }
+};
+
+}  // namespace btservice
+
+#endif

@@ -1,0 +1,62 @@
+#include "service/segments/Publisher.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+
+#define MWP_LOG_SOURCE "service/segments/Publisher"
+#include <mwp/MWPLog.h>
+
+#include "service/segments/Records.h"
+
+namespace btservice {
+
+Publisher::Publisher(SegmentOwner& segments, BluetoothStack& stack) : m_segments(segments), m_stack(stack) {}
+
+void Publisher::PublishAll() {
+  for (const SegmentEntry& entry : kSegmentCatalogue) {
+    m_segments.Attach(entry.id);
+  }
+  PublishPairedDevices();
+}
+
+void Publisher::PublishPairedDevices() { PublishList(SH_PAIRED_LIST, m_stack.Devices().PairedDevices()); }
+
+void Publisher::OnStackEvent(const StackEvent& event) {
+  if (std::holds_alternative<PairedDevicesChanged>(event)) {
+    PublishPairedDevices();
+  }
+}
+
+template <typename Record>
+bool Publisher::PublishList(ShareMemID id, const std::vector<Record>& records) {
+  const SegmentEntry& entry = kSegmentCatalogue[id];
+  ListPacker packer = PackList(records, entry.size);
+  if (static_cast<std::size_t>(packer.Count()) < records.size()) {
+    MWP_LOG(MWP_LOG_WARNING, "%s holds %d of %zu records: no more fit into its %zu bytes", entry.name,
+            packer.Count(), records.size(), entry.size);
+  }
+  return Write(id, packer.Contents());
+}
+
+bool Publisher::Write(ShareMemID id, const Bytes& contents) {
+  auto* const memory = static_cast<std::uint8_t*>(m_segments.Attach(id));
+  if (memory == nullptr) {
+    return false;
+  }
+  // The count comes last, so that who looks at the wrong moment sees an empty list, not a mixed one.
+  constexpr std::size_t countSize = sizeof(std::int32_t);
+  std::memset(memory, 0, countSize);
+  std::atomic_thread_fence(std::memory_order_seq_cst);
+  std::memcpy(memory + countSize, contents.data() + countSize, contents.size() - countSize);
+  std::size_t& used = m_used[id];
+  if (used > contents.size()) {
+    std::memset(memory + contents.size(), 0, used - contents.size());
+  }
+  used = contents.size();
+  std::atomic_thread_fence(std::memory_order_seq_cst);
+  std::memcpy(memory, contents.data(), countSize);
+  return true;
+}
+
+}  // namespace btservice

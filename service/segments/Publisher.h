@@ -1,0 +1,38 @@
+#ifndef SERVICE_SEGMENTS_PUBLISHER_H
+#define SERVICE_SEGMENTS_PUBLISHER_H
+
+#include <map>
+#include <vector>
+
+#include "ipc/ShareMemory/SegmentOwner.h"
+#include "service/segments/ListPacker.h"
+#include "service/stack/BluetoothStack.h"
+
+namespace btservice {
+
+/// Puts the lists of the stack into the segments: those that clients ask for when they are asked for, the
+/// paired devices and the calls whenever they change. Add it to the stack before the observer that tells
+/// clients, so that what they are told of is there. Results are false if the segment cannot be had.
+class Publisher : public StackObserver {
+ public:
+  Publisher(SegmentOwner& segments, BluetoothStack& stack);
+
+  /// Makes all segments of the catalogue, and fills those that are kept current.
+  void PublishAll();
+
+  void OnStackEvent(const StackEvent& event) override;
+
+ private:
+  template <typename Record>
+  bool PublishList(ShareMemID id, const std::vector<Record>& records);
+  void PublishPairedDevices();
+  bool Write(ShareMemID id, const Bytes& contents);
+
+  SegmentOwner& m_segments;
+  BluetoothStack& m_stack;
+  std::map<ShareMemID, std::size_t> m_used;  ///< bytes that were written last
+};
+
+}  // namespace btservice
+
+#endif
