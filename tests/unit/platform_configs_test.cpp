@@ -35,7 +35,7 @@ class PlatformConfigs : public ::testing::Test {
   }
 
   bttest::TemporaryDirectory directory;
-  const std::string file = (directory.Path() / "defaults.ini");
+  const std::string file = directory.Path() / "defaults.ini";
   bttest::LogCapture log;
 };
 

@@ -48,7 +48,7 @@ namespace {
 
 TEST(PlatformPersistDurability, TheContentIsOnTheDiskBeforeItGetsTheNameAndTheNameBeforeTheWriteReturns) {
   const bttest::TemporaryDirectory directory;
-  const std::string store = (directory.Path() / "persist.ini");
+  const std::string store = directory.Path() / "persist.ini";
   setenv("MWP_PERSIST_FILE", store.c_str(), 1);
   const std::vector<std::string> expected = {"sync file", "rename to " + store, "sync directory"};
 

@@ -55,7 +55,7 @@ class PlatformPersist : public ::testing::Test {
   }
 
   bttest::TemporaryDirectory directory;
-  const std::string store = (directory.Path() / "state/libbt/persist.ini");
+  const std::string store = directory.Path() / "state/libbt/persist.ini";
   bttest::LogCapture log;
 };
 
@@ -103,7 +103,7 @@ TEST_F(PlatformPersist, WhatAPersonWroteIsReadAndKept) {
 
 TEST_F(PlatformPersist, TheEnvironmentNamesTheStoreAtEachUse) {
   ASSERT_EQ(Write(303, 1), 0);
-  UseStore((directory.Path() / "second.ini"));
+  UseStore(directory.Path() / "second.ini");
   EXPECT_EQ(Read(303), kUntouched);
   ASSERT_EQ(Write(303, 2), 0);
   UseStore(store);
@@ -118,7 +118,7 @@ TEST_F(PlatformPersist, WithoutTheVariableTheStoreIsInTheUsersStateDirectory) {
     return Write(303, 4) == 0;
   });
   EXPECT_TRUE(platform_test::Succeeded(child));
-  EXPECT_EQ(ReadFile((directory.Path() / "home/libbt/persist.ini")), "[category-8]\n303=4\n");
+  EXPECT_EQ(ReadFile(directory.Path() / "home/libbt/persist.ini"), "[category-8]\n303=4\n");
 }
 
 struct Damage {
@@ -165,7 +165,7 @@ TEST_F(PlatformPersist, AValueThatIsNoIntegerIsAnErrorAndCanBeReplaced) {
 }
 
 TEST_F(PlatformPersist, AStoreThatIsNoFileIsLeftAloneAndNeverWaitedFor) {
-  const std::string pipe = (directory.Path() / "pipe");
+  const std::string pipe = directory.Path() / "pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   UseStore(pipe);
 
@@ -177,8 +177,8 @@ TEST_F(PlatformPersist, AStoreThatIsNoFileIsLeftAloneAndNeverWaitedFor) {
 }
 
 TEST_F(PlatformPersist, AWriteFailsWithOneErrorLineWhereNoDirectoryCanBeMade) {
-  WriteFile((directory.Path() / "file"), "");
-  UseStore((directory.Path() / "file/persist.ini"));
+  WriteFile(directory.Path() / "file", "");
+  UseStore(directory.Path() / "file/persist.ini");
 
   EXPECT_NE(Write(303, 1), 0);
   ExpectOneError("cannot make the directory");
