@@ -1,5 +1,7 @@
 #include "recorder/RecorderControl.h"
 
+#include "recorder/TupleMembers.h"
+
 using bttest::VariantPtr;
 
 namespace {
@@ -16,9 +18,9 @@ unsigned NumberAt(GVariant* arguments, gsize index) {
   return g_variant_get_uint32(VariantPtr(g_variant_get_child_value(arguments, index)).get());
 }
 
-/// What the variant at that place holds.
-VariantPtr ContentAt(GVariant* arguments, gsize index) {
-  return VariantPtr(g_variant_get_variant(VariantPtr(g_variant_get_child_value(arguments, index)).get()));
+/// The tuple whose members are at that place.
+VariantPtr TupleAt(GVariant* arguments, gsize index) {
+  return bttest::TupleOf(VariantPtr(g_variant_get_child_value(arguments, index)).get());
 }
 
 void RequireType(GVariant* values, GDBusArgInfo** described, const std::string& name) {
@@ -59,7 +61,7 @@ GVariant* RecorderControl::Do(const std::string& method, GVariant* arguments) {
   } else if (method == "Emit") {
     return Emit(arguments);
   } else if (method == "EmitRaw") {
-    m_service.Emit(TextAt(arguments, 0).c_str(), ContentAt(arguments, 1).get());
+    m_service.Emit(TextAt(arguments, 0).c_str(), TupleAt(arguments, 1).get());
   } else if (method == "SetReply") {
     return SetReply(arguments);
   } else if (method == "FailNext") {
@@ -92,7 +94,7 @@ GVariant* RecorderControl::Do(const std::string& method, GVariant* arguments) {
 
 GVariant* RecorderControl::Emit(GVariant* arguments) {
   const std::string signal = TextAt(arguments, 0);
-  const VariantPtr values = ContentAt(arguments, 1);
+  const VariantPtr values = TupleAt(arguments, 1);
   const GDBusSignalInfo* const info =
       g_dbus_interface_info_lookup_signal(m_service.Interface(), signal.c_str());
   if (info == nullptr) {
@@ -108,7 +110,7 @@ GVariant* RecorderControl::Emit(GVariant* arguments) {
 GVariant* RecorderControl::SetReply(GVariant* arguments) {
   Answer& answer = AnswerOf(arguments);
   const std::string method = TextAt(arguments, 0);
-  VariantPtr values = ContentAt(arguments, 1);
+  VariantPtr values = TupleAt(arguments, 1);
   RequireType(values.get(),
               g_dbus_interface_info_lookup_method(m_service.Interface(), method.c_str())->out_args, method);
   answer.reply = std::move(values);

@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+#include "recorder/TupleMembers.h"
 #include "recorder/ZeroValue.h"
 
 namespace {
@@ -50,9 +51,9 @@ void RecordingService::Reset() {
 
 GVariant* RecordingService::TakeCalls() {
   GVariantBuilder builder;
-  g_variant_builder_init(&builder, G_VARIANT_TYPE("a(sv)"));
+  g_variant_builder_init(&builder, G_VARIANT_TYPE("a(sav)"));
   for (const Call& call : m_calls) {
-    g_variant_builder_add(&builder, "(sv)", call.method.c_str(), call.arguments.get());
+    g_variant_builder_add(&builder, "(s@av)", call.method.c_str(), bttest::MembersOf(call.arguments.get()));
   }
   m_calls.clear();
   return g_variant_builder_end(&builder);

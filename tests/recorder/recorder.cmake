@@ -10,4 +10,3 @@ target_link_libraries(bt_recorder PRIVATE PkgConfig::GIO bt_warnings)
 target_compile_definitions(bt_recorder PRIVATE
   BT_INTERFACE_XML="${CMAKE_SOURCE_DIR}/ipc/D-Bus/com.zelk.linux.bluetooth.xml"
   RECORDER_INTERFACE_XML="${CMAKE_CURRENT_LIST_DIR}/test.Recorder.xml")
-add_dependencies(bt_test_support bt_recorder)

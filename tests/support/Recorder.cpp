@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "recorder/TupleMembers.h"
+
 namespace bttest {
 
 namespace {
@@ -52,7 +54,7 @@ VariantPtr Recorder::Call(const char* method, GVariant* arguments) {
 }
 
 void Recorder::SetReply(const std::string& method, GVariant* reply) {
-  Call("SetReply", g_variant_new("(sv)", method.c_str(), reply));
+  Call("SetReply", g_variant_new("(s@av)", method.c_str(), MembersOf(reply)));
 }
 
 void Recorder::FailNext(const std::string& method, unsigned count, const std::string& error,
@@ -84,9 +86,9 @@ std::vector<RecordedCall> Recorder::TakeCalls() {
   std::vector<RecordedCall> calls;
   for (gsize i = 0; i < g_variant_n_children(list.get()); ++i) {
     const char* method = nullptr;
-    GVariant* arguments = nullptr;
-    g_variant_get_child(list.get(), i, "(&sv)", &method, &arguments);
-    calls.push_back({method, VariantPtr(arguments)});
+    GVariant* members = nullptr;
+    g_variant_get_child(list.get(), i, "(&s@av)", &method, &members);
+    calls.push_back({method, TupleOf(VariantPtr(members).get())});
   }
   return calls;
 }
@@ -109,11 +111,11 @@ bool Recorder::WaitForCalls(unsigned count, std::chrono::milliseconds bound) {
 }
 
 void Recorder::Emit(const std::string& signal, GVariant* arguments, unsigned times) {
-  Call("Emit", g_variant_new("(svu)", signal.c_str(), arguments, times));
+  Call("Emit", g_variant_new("(s@avu)", signal.c_str(), MembersOf(arguments), times));
 }
 
 void Recorder::EmitRaw(const std::string& signal, GVariant* arguments) {
-  Call("EmitRaw", g_variant_new("(sv)", signal.c_str(), arguments));
+  Call("EmitRaw", g_variant_new("(s@av)", signal.c_str(), MembersOf(arguments)));
 }
 
 void Recorder::OwnName() { Call("OwnName"); }

@@ -48,9 +48,10 @@ TEST_F(RecorderTest, RecordsCallsInOrderAndHandsThemOutOnce) {
   EXPECT_THAT(recorder.TakeCallTexts(), IsEmpty());
   client.Answer("SetPower", g_variant_new("(y)", 1));
   client.Answer("Pair", g_variant_new("(ss)", "11:22:33:44:55:66", "0000"));
-  EXPECT_TRUE(recorder.WaitForCalls(2));
+  client.Answer("GetPowerStatus");
+  EXPECT_TRUE(recorder.WaitForCalls(3));
   EXPECT_THAT(recorder.TakeCallTexts(),
-              ElementsAre("SetPower(byte 0x01,)", "Pair('11:22:33:44:55:66', '0000')"));
+              ElementsAre("SetPower(byte 0x01,)", "Pair('11:22:33:44:55:66', '0000')", "GetPowerStatus()"));
   EXPECT_THAT(recorder.TakeCallTexts(), IsEmpty());
 }
 
@@ -59,10 +60,12 @@ TEST_F(RecorderTest, SendsSignalsInOrder) {
   client.Listen(seen);
   recorder.Emit("OnOpenBtStatusChanged", g_variant_new("(y)", 3));
   recorder.Emit("OnOperatorNameChanged", g_variant_new("(s)", "name"), 2);
+  recorder.Emit("OnAudioTrackChanged", g_variant_new("()"));
   recorder.EmitRaw("NotDescribed", g_variant_new("(ix)", 1, gint64{2}));
-  EXPECT_TRUE(RunUntil([&] { return seen.size() >= 4; }));
+  EXPECT_TRUE(RunUntil([&] { return seen.size() >= 5; }));
   EXPECT_THAT(seen, ElementsAre("OnOpenBtStatusChanged(byte 0x03,)", "OnOperatorNameChanged('name',)",
-                                "OnOperatorNameChanged('name',)", "NotDescribed(1, int64 2)"));
+                                "OnOperatorNameChanged('name',)", "OnAudioTrackChanged()",
+                                "NotDescribed(1, int64 2)"));
 }
 
 TEST_F(RecorderTest, RefusesWhatTheInterfaceDoesNotDescribe) {
