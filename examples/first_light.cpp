@@ -28,6 +28,7 @@ struct Facts {
   std::string digits;
   PairRequestState question = BT_PAIR_REQUEST_CONFIRMATION;
   ConnStatus handsFree = BT_CONN_DISCONNECTED;
+  ConnStatus music = BT_CONN_DISCONNECTED;
 };
 
 /// Notes what the second thread waits for. It is called on the thread of the loop.
@@ -54,9 +55,13 @@ class Watcher : public IMWPBtComListener {
     });
   }
   void OnConnectStatusChanged(const std::string&, ProfileId profile, ConnStatus status) override {
-    if (profile == BT_PROFILE_HFP) {
-      noted.Note([&](Facts& facts) { facts.handsFree = status; });
-    }
+    noted.Note([&](Facts& facts) {
+      if (profile == BT_PROFILE_HFP) {
+        facts.handsFree = status;
+      } else if (profile == BT_PROFILE_A2DP) {
+        facts.music = status;
+      }
+    });
   }
 };
 
@@ -91,7 +96,9 @@ bool UseBluetooth(Noted<Facts>& noted, const std::string& phone) {
   }
 
   ShowRequest("Connect", bluetooth.Connect(phone, BT_PROFILE_HFP_A2DP, 0));
-  if (!noted.Wait("the phone", [](const Facts& facts) { return facts.handsFree == BT_CONN_CONNECTED; })) {
+  if (!noted.Wait("the connection", [](const Facts& facts) {
+        return facts.handsFree == BT_CONN_CONNECTED && facts.music == BT_CONN_CONNECTED;
+      })) {
     return false;
   }
 
