@@ -1,0 +1,18 @@
+include(${CMAKE_CURRENT_LIST_DIR}/events.cmake OPTIONAL)
+
+add_library(bt_test_contract STATIC contract/AdapterCalls.cpp contract/WireValues.cpp)
+target_link_libraries(bt_test_contract PUBLIC bt_test_support bt_internal PRIVATE bt_warnings GTest::gtest)
+
+bt_add_test(NAME contract_requests SOURCES requests_test.cpp LIBS bt_test_contract)
+
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+add_test(NAME contract_exports/TheLibraryExportsWhatTheSourcesSayAndNothingElse
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/exports_test.py $<TARGET_FILE:bt> ${CMAKE_SOURCE_DIR})
+add_test(NAME contract_public_headers/EachCompilesOnItsOwnAsCxx11AndNeedsNothingButTheStandardLibrary
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/public_headers_test.py ${CMAKE_CXX_COMPILER}
+          ${CMAKE_SOURCE_DIR}/include)
+add_test(NAME contract_soname/TheLibraryIsLibbtSo100WithTheSonameLibbtSo1
+  COMMAND sh -c "test -f $<TARGET_FILE_DIR:bt>/libbt.so.1.0.0 && readelf -d $<TARGET_FILE:bt> | grep -q 'SONAME.*\\[libbt\\.so\\.1\\]'")
+
+bt_add_test(NAME contract_interface SOURCES interface_test.cpp)
+add_dependencies(contract_interface btservice)

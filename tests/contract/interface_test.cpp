@@ -1,0 +1,120 @@
+// The interface as it is published: by btservice on a bus, and by the description in the library.
+
+#include <gtest/gtest.h>
+
+#include <bt_dbus.h>
+
+#include "support/BusDaemon.h"
+#include "support/ChildProcess.h"
+#include "support/GlibPointers.h"
+#include "support/InterfaceDescription.h"
+#include "support/Waiting.h"
+
+namespace {
+
+using bttest::Arguments;
+using bttest::InterfaceDescription;
+
+std::string ToText(const Arguments& arguments) {
+  std::string text;
+  for (const bttest::ArgumentDescription& argument : arguments) {
+    text += " " + argument.name + ":" + argument.signature;
+  }
+  return text;
+}
+
+/// All of a description, one line each, in order.
+std::vector<std::string> Lines(const InterfaceDescription& interface) {
+  std::vector<std::string> lines;
+  for (const bttest::MethodDescription& method : interface.methods) {
+    lines.push_back("method " + method.name + ToText(method.in) + " ->" + ToText(method.out));
+  }
+  for (const bttest::SignalDescription& signal : interface.signals) {
+    lines.push_back("signal " + signal.name + ToText(signal.arguments));
+  }
+  return lines;
+}
+
+TEST(Interface, HasAHundredMethodsAndFiftyEightSignals) {
+  EXPECT_EQ(bttest::BluetoothInterface().methods.size(), 100u);
+  EXPECT_EQ(bttest::BluetoothInterface().signals.size(), 58u);
+}
+
+TEST(Interface, OfTheLibraryIsThatOfTheDescriptionWithoutPropertiesOrAnnotations) {
+  const GDBusInterfaceInfo* const info = com_zelk_linux_bluetooth_interface_info();
+  EXPECT_EQ(info->ref_count, -1);
+  EXPECT_STREQ(info->name, "com.zelk.linux.bluetooth");
+  EXPECT_EQ(Lines(bttest::DescribeInterface(*info)), Lines(bttest::BluetoothInterface()));
+  EXPECT_TRUE(info->properties == nullptr || info->properties[0] == nullptr);
+  EXPECT_TRUE(info->annotations == nullptr || info->annotations[0] == nullptr);
+  for (GDBusMethodInfo** method = info->methods; *method != nullptr; ++method) {
+    EXPECT_TRUE((*method)->annotations == nullptr || (*method)->annotations[0] == nullptr) << (*method)->name;
+  }
+}
+
+TEST(Interface, OverridesNoProperty) {
+  // What a class is told is the first free property number minus 1.
+  GObjectClass* const objectClass =
+      G_OBJECT_CLASS(g_type_class_ref(com_zelk_linux_bluetooth_skeleton_get_type()));
+  EXPECT_EQ(com_zelk_linux_bluetooth_override_properties(objectClass, 7), 6u);
+  g_type_class_unref(objectClass);
+}
+
+TEST(Interface, TypesHaveTheirNamesAndParents) {
+  EXPECT_STREQ(g_type_name(com_zelk_linux_bluetooth_get_type()), "ComZelkLinuxBluetooth");
+  EXPECT_STREQ(g_type_name(com_zelk_linux_bluetooth_proxy_get_type()), "ComZelkLinuxBluetoothProxy");
+  EXPECT_STREQ(g_type_name(com_zelk_linux_bluetooth_skeleton_get_type()), "ComZelkLinuxBluetoothSkeleton");
+  EXPECT_EQ(g_type_parent(com_zelk_linux_bluetooth_proxy_get_type()), g_dbus_proxy_get_type());
+  EXPECT_EQ(g_type_parent(com_zelk_linux_bluetooth_skeleton_get_type()),
+            g_dbus_interface_skeleton_get_type());
+}
+
+TEST(Interface, SignalsAreKnownByHyphensAndUnderscores) {
+  g_type_class_unref(g_type_class_ref(com_zelk_linux_bluetooth_proxy_get_type()));
+  const GType type = com_zelk_linux_bluetooth_get_type();
+  for (const char* name :
+       {"on-pbdownload-status", "on_pbdownload_status", "on-hidcalibration",
+        "on-set-device-ooblink-key-changed", "handle-set-power", "handle_set_hidsend_xy"}) {
+    EXPECT_NE(g_signal_lookup(name, type), 0u) << name;
+  }
+}
+
+/// What a running service says of itself.
+std::string Introspect() {
+  bttest::ErrorCollector error;
+  const bttest::ConnectionPtr connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
+  error.ThrowIfSet("connecting");
+  const bttest::VariantPtr reply(
+      g_dbus_connection_call_sync(connection.get(), "com.zelk.linux.bluetooth", "/com/zelk/linux/bluetooth",
+                                  "org.freedesktop.DBus.Introspectable", "Introspect", nullptr,
+                                  G_VARIANT_TYPE("(s)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
+  error.ThrowIfSet("introspecting");
+  const char* xml = nullptr;
+  g_variant_get(reply.get(), "(&s)", &xml);
+  return xml;
+}
+
+bool ServiceIsThere() {
+  try {
+    Introspect();
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+TEST(Interface, OfTheRunningServiceIsExactlyTheContract) {
+  bttest::BusDaemon bus;
+  bttest::ChildProcess service({"/app/bin/btservice"});
+  ASSERT_TRUE(bttest::WaitUntil(ServiceIsThere)) << service.Errors();
+  bttest::ErrorCollector error;
+  const bttest::NodeInfoPtr node(g_dbus_node_info_new_for_xml(Introspect().c_str(), error));
+  error.ThrowIfSet("parsing");
+  const GDBusInterfaceInfo* const info =
+      g_dbus_node_info_lookup_interface(node.get(), "com.zelk.linux.bluetooth");
+  ASSERT_NE(info, nullptr);
+  EXPECT_EQ(Lines(bttest::DescribeInterface(*info)), Lines(bttest::BluetoothInterface()));
+  EXPECT_TRUE(info->properties == nullptr || info->properties[0] == nullptr);
+}
+
+}  // namespace
