@@ -26,8 +26,6 @@ namespace {
 
 MWPBtClient::MWPBtClient() { MWP_GetAppMgrService()->AddListener(this); }
 
-MWPBtClient::~MWPBtClient() = default;
-
 int MWPBtClient::InitInstance() {
   const int connected = m_adapter.InitDBusConnect() ? 1 : 0;
   if (connected != 0) {

@@ -1,6 +1,6 @@
 // The events of the client. Nearly all are one line: hand the event to the listeners of its kind.
 
-#include <cstddef>
+#include <atomic>
 #include <exception>
 #include <set>
 
@@ -38,18 +38,26 @@ constexpr int kListenerType<IMWPBtSppListener> = SPP_LISTENER;
 template <>
 constexpr int kListenerType<IMWPBtBleListener> = BLE_LISTENER;
 
-/// Holds the registry locked for as long as it lives.
+/// Counts the clients that have been deleted, so that a walk notices when a callback deletes the client.
+std::atomic<unsigned> s_deletedClients{0};
+
+/// Holds the registry locked for as long as it lives, or until the client is deleted under its hands.
 class RegistryLock {
  public:
-  explicit RegistryLock(IMWPListener<IMWPBtListenerBase>& registry) : m_registry(registry) {
-    m_registry.LockListener();
+  explicit RegistryLock(MWPBtClient& client) : m_client(client) { m_client.LockListener(); }
+  ~RegistryLock() {
+    if (!ClientIsGone()) {
+      m_client.UnlockListener();
+    }
   }
-  ~RegistryLock() { m_registry.UnlockListener(); }
   RegistryLock(const RegistryLock&) = delete;
   RegistryLock& operator=(const RegistryLock&) = delete;
 
+  bool ClientIsGone() const { return s_deletedClients != m_deletedBefore; }
+
  private:
-  IMWPListener<IMWPBtListenerBase>& m_registry;
+  MWPBtClient& m_client;
+  const unsigned m_deletedBefore = s_deletedClients;
 };
 
 void LogThrown(const char* event, const char* what) {
@@ -60,7 +68,8 @@ void LogThrown(const char* event, const char* what) {
 /// Calls notify on every listener of one kind in ascending order of their addresses, with the registry
 /// locked. What a listener throws is logged and keeps neither the others from being called nor the registry
 /// locked. Listeners may come and go during a call: the next one is looked up after it, so that each is
-/// called at most once, and none after its removal.
+/// called at most once, and none after its removal. A call that deletes the client (MWP_DestroyBlueTooth) is
+/// the last one.
 template <typename Listener, typename Notify>
 void ForEachListener(MWPBtClient& client, const char* event, Notify notify) {
   RegistryLock lock(client);
@@ -78,6 +87,9 @@ void ForEachListener(MWPBtClient& client, const char* event, Notify notify) {
     } catch (...) {
       LogThrown(event, "not a std::exception");
     }
+    if (lock.ClientIsGone()) {
+      return;
+    }
     next = listeners.upper_bound(listener);
   }
 }
@@ -89,6 +101,8 @@ void Tell(MWPBtClient& client, const char* event, void (Listener::*method)(Param
 }
 
 }  // namespace
+
+MWPBtClient::~MWPBtClient() { ++s_deletedClients; }
 
 // To IMWPBtComListener
 
