@@ -1,0 +1,103 @@
+// Every signal of the interface, sent by a service in another process: who is told, and what.
+
+#include <gtest/gtest.h>
+
+#include "contract/events_fixture.h"
+
+namespace bttest {
+namespace {
+
+TEST_F(Events, EverySignalReachesTheListenersOfItsKindInAscendingOrderWithEachValue) {
+  ASSERT_EQ(BluetoothInterface().signals.size(), 58u);
+  for (const SignalDescription& signal : BluetoothInterface().signals) {
+    if (signal.name == kToldToNobody) {
+      continue;
+    }
+    for (int variety = 0; variety < kVarieties; ++variety) {
+      const VariantPtr arguments = Own(MakeTuple(signal.arguments, variety));
+      Send(signal, arguments.get());
+      ExpectToldToOneKind(signal.name, TextsOf(arguments.get()));
+    }
+  }
+  EXPECT_TRUE(log.Complaints().empty());
+}
+
+TEST_F(Events, OnScanedDeviceChangedReachesNobody) {
+  for (int variety = 0; variety < kVarieties; ++variety) {
+    const SignalDescription& signal = BluetoothInterface().Signal(kToldToNobody);
+    EXPECT_TRUE(Send(signal, MakeTuple(signal.arguments, variety)).empty());
+  }
+}
+
+TEST_F(Events, TheEmptyAddressOfAConnectionChangeIsAnEmptyText) {
+  Send("OnConnectStatusChanged", g_variant_new("(syy)", "", 1, 2));
+  ExpectToldToOneKind("OnConnectStatusChanged", {"''", "1", "2"});
+}
+
+TEST_F(Events, SeveralSignalsArriveInTheOrderTheyWereSent) {
+  for (int i = 0; i < 100; ++i) {
+    library.recorder.Emit("OnCurrentCallInfoChanged", g_variant_new("(i)", i));
+  }
+  library.HandleSignals();
+  ASSERT_EQ(receptions.all.size(), 200u);
+  for (std::size_t i = 0; i < 200; ++i) {
+    EXPECT_EQ(receptions.all[i].values, std::vector<std::string>{std::to_string(i / 2)});
+  }
+}
+
+TEST_F(Events, SignalsWithABodyOfAnotherSignatureReachNobody) {
+  for (const SignalDescription& signal : BluetoothInterface().signals) {
+    library.recorder.EmitRaw(signal.name, g_variant_new("(xd)", gint64{1}, 2.0));
+  }
+  library.recorder.EmitRaw("OnPairStatusChanged", g_variant_new("(yy)", 1, 2));
+  library.recorder.EmitRaw("OnHangupCallChanged", g_variant_new("(i)", 1));
+  library.recorder.EmitRaw("OnSppReceiveBufferChanged", g_variant_new_parsed("('a', b'bytes')"));
+  library.HandleSignals();
+  EXPECT_TRUE(receptions.all.empty());
+
+  Send("OnHangupCallChanged", g_variant_new("()"));
+  ExpectToldToOneKind("OnHangupCallChanged", {});
+}
+
+TEST_F(Events, SignalsThatTheInterfaceDoesNotDescribeReachNobody) {
+  library.recorder.EmitRaw("OnScannedDeviceChanged", g_variant_new("(ssy)", "a", "b", 1));
+  library.recorder.EmitRaw("OnBleAllService", g_variant_new("(i)", 1));
+  library.HandleSignals();
+  EXPECT_TRUE(receptions.all.empty());
+}
+
+TEST_F(Events, AMissingTextIsAnEmptyOne) {
+  for (const SignalDescription& signal : BluetoothInterface().signals) {
+    if (signal.name == kToldToNobody || signal.name == "OnSetDeviceOOBLinkKeyChanged") {
+      continue;
+    }
+    const VariantPtr arguments = Own(MakeTuple(signal.arguments, 0));
+    receptions.all.clear();
+    EmitOn(g_BtProxy, signal, arguments.get(), Texts::MISSING);
+
+    std::vector<std::string> expected = TextsOf(arguments.get());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+      if (signal.arguments[i].signature == "s") {
+        expected[i] = "''";
+      }
+    }
+    ExpectToldToOneKind(signal.name, expected);
+  }
+}
+
+TEST_F(Events, TheMissingAddressOfALinkKeyEventIsAnErrorAndReachesNobody) {
+  const SignalDescription& signal = BluetoothInterface().Signal("OnSetDeviceOOBLinkKeyChanged");
+  log.Clear();
+  EmitOn(g_BtProxy, signal, Own(g_variant_new("(sb)", "", TRUE)).get(), Texts::MISSING);
+
+  EXPECT_TRUE(receptions.all.empty());
+  const std::vector<LogRecord> records = log.Records();
+  ASSERT_EQ(records.size(), 1u);
+  EXPECT_EQ(records[0].file, "ipc/BtClientIpcAdapter");
+  EXPECT_EQ(records[0].function, "CallBackOnSetDeviceOOBLinkKeyChanged");
+  EXPECT_EQ(records[0].level, 100);
+  EXPECT_EQ(records[0].message, "CallBackOnSetDeviceOOBLinkKeyChanged address is invalid...");
+}
+
+}  // namespace
+}  // namespace bttest

@@ -1,0 +1,94 @@
+#include "contract/events_fixture.h"
+
+#include <functional>
+#include <stdexcept>
+
+namespace bttest {
+namespace {
+
+/// The arguments of an emission; the proxy is the first.
+class Emission {
+ public:
+  Emission(ComZelkLinuxBluetooth* proxy, const Arguments& arguments, GVariant* values, Texts texts)
+      : m_values(arguments.size() + 1) {
+    g_value_init(&m_values[0], G_TYPE_OBJECT);
+    g_value_set_object(&m_values[0], proxy);
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+      if (arguments[i].signature == "s" && texts == Texts::MISSING) {
+        g_value_init(&m_values[i + 1], G_TYPE_STRING);
+      } else {
+        const VariantPtr value(g_variant_get_child_value(values, i));
+        g_dbus_gvariant_to_gvalue(value.get(), &m_values[i + 1]);
+      }
+    }
+  }
+  ~Emission() {
+    for (GValue& value : m_values) {
+      g_value_unset(&value);
+    }
+  }
+  Emission(const Emission&) = delete;
+  Emission& operator=(const Emission&) = delete;
+
+  void Emit(unsigned signal) { g_signal_emitv(m_values.data(), signal, 0, nullptr); }
+
+ private:
+  std::vector<GValue> m_values;
+};
+
+/// The name under which the bindings emit a signal: OnPBDownloadStatus is on-pbdownload-status.
+std::string GObjectName(const std::string& signal) {
+  std::string name;
+  for (std::size_t i = 0; i < signal.size(); ++i) {
+    if (i > 0 && g_ascii_isupper(signal[i]) && !g_ascii_isupper(signal[i - 1])) {
+      name += '-';
+    }
+    name += g_ascii_tolower(signal[i]);
+  }
+  return name;
+}
+
+}  // namespace
+
+std::vector<std::string> TextsOf(GVariant* arguments) {
+  const In in(arguments);
+  std::vector<std::string> texts;
+  for (std::size_t i = 0; i < g_variant_n_children(arguments); ++i) {
+    const VariantPtr value(g_variant_get_child_value(arguments, i));
+    if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_STRING)) {
+      texts.push_back(ValueText::Of(in.Text(i)));
+    } else if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_VARIANT)) {
+      const std::vector<unsigned char> bytes = in.Bytes(i);
+      texts.push_back(ValueText::Of(std::string(bytes.begin(), bytes.end())));
+    } else {
+      texts.push_back(ValueText::Of(in.Int(i)));
+    }
+  }
+  return texts;
+}
+
+void EmitOn(ComZelkLinuxBluetooth* proxy, const SignalDescription& signal, GVariant* arguments, Texts texts) {
+  Emission(proxy, signal.arguments, arguments, texts).Emit(SignalId(signal.name));
+}
+
+unsigned SignalId(const std::string& signal) {
+  const unsigned id = g_signal_lookup(GObjectName(signal).c_str(), TYPE_COM_ZELK_LINUX_BLUETOOTH);
+  if (id == 0) {
+    throw std::logic_error("the bindings have no signal for " + signal);
+  }
+  return id;
+}
+
+void Events::ExpectToldToOneKind(const std::string& event, const std::vector<std::string>& values) const {
+  ASSERT_EQ(receptions.all.size(), 2u) << event;
+  const Reception& first = receptions.all[0];
+  const Reception& second = receptions.all[1];
+  for (const Reception& reception : receptions.all) {
+    EXPECT_EQ(reception.event, event);
+    EXPECT_EQ(reception.values, values) << event;
+  }
+  EXPECT_EQ(first.listener->m_nType, second.listener->m_nType) << event;
+  EXPECT_TRUE(std::less<>()(first.listener, second.listener)) << event;
+}
+
+}  // namespace bttest

@@ -1,0 +1,63 @@
+#ifndef TESTS_CONTRACT_EVENTS_FIXTURE_H
+#define TESTS_CONTRACT_EVENTS_FIXTURE_H
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "contract/RecordingListeners.h"
+#include "contract/StartedLibrary.h"
+#include "contract/WireValues.h"
+#include "support/InterfaceDescription.h"
+#include "support/LogCapture.h"
+
+// What the tests of events have in common: the library is started, and two listeners of each kind note what
+// they are told.
+
+namespace bttest {
+
+/// The only signal that nobody is told of.
+constexpr const char* kToldToNobody = "OnScanedDeviceChanged";
+
+/// The values of a signal as listeners note them.
+std::vector<std::string> TextsOf(GVariant* arguments);
+
+enum class Texts { AS_GIVEN, MISSING };
+
+/// Emits a signal on the proxy object itself, as the bindings do with one that arrives; with null for every
+/// text, which never arrives over a bus, if told so.
+void EmitOn(ComZelkLinuxBluetooth* proxy, const SignalDescription& signal, GVariant* arguments,
+            Texts texts = Texts::AS_GIVEN);
+
+/// The number that GObject gives to a signal of the interface.
+unsigned SignalId(const std::string& signal);
+
+class Events : public testing::Test {
+ protected:
+  Events() { log.Clear(); }
+
+  /// What the listeners are told once the service has sent the signal.
+  const std::vector<Reception>& Send(const SignalDescription& signal, GVariant* arguments) {
+    receptions.all.clear();
+    library.Signal(signal.name, arguments);
+    return receptions.all;
+  }
+  const std::vector<Reception>& Send(const std::string& signal, GVariant* arguments) {
+    return Send(BluetoothInterface().Signal(signal), arguments);
+  }
+
+  /// Fails unless the two listeners of one kind were told the event with these values, in the order of their
+  /// addresses, and nobody else was told anything.
+  void ExpectToldToOneKind(const std::string& event, const std::vector<std::string>& values) const;
+
+  LogCapture log;
+  StartedLibrary library;
+  Receptions receptions;
+  std::optional<TwoListenersOfEachKind> listeners{receptions};
+};
+
+}  // namespace bttest
+
+#endif
