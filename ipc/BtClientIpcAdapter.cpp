@@ -18,13 +18,16 @@ constexpr const char* kBusName = "com.zelk.linux.bluetooth";
 constexpr const char* kObjectPath = "/com/zelk/linux/bluetooth";
 constexpr int kLastRetry = 6;  // counted from 0: seven failures end the attempt
 
-/// GLib ends a process whose shared bus connection closes. An application outlives its bus: its requests then
-/// fail, each with an error in the log.
-void OutliveSessionBus() {
-  if (GDBusConnection* const connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr)) {
+/// The process's shared connection to the session bus, or null if there is none. GLib ends a process whose
+/// shared connection closes; this one is told not to. An application outlives its bus: its requests then
+/// fail, each with an error in the log. Hold the connection until the proxy does: GLib makes a new one, which
+/// has not been told, once nobody holds the last.
+GDBusConnection* OutlivingSessionBus() {
+  GDBusConnection* const connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
+  if (connection != nullptr) {
     g_dbus_connection_set_exit_on_close(connection, FALSE);
-    g_object_unref(connection);
   }
+  return connection;
 }
 
 }  // namespace
@@ -59,10 +62,11 @@ bool BtClientIpcAdapter::InitDBusConnect() {
   int retry = 0;
   bool firstTry = true;
   for (;;) {
-    OutliveSessionBus();
+    GDBusConnection* connection = OutlivingSessionBus();
     ServiceError error;
     g_BtProxy = com_zelk_linux_bluetooth_proxy_new_for_bus_sync(G_BUS_TYPE_SESSION, G_DBUS_PROXY_FLAGS_NONE,
                                                                 kBusName, kObjectPath, nullptr, error.Out());
+    g_clear_object(&connection);
     if (g_BtProxy == nullptr) {
       MWP_LOG(MWP_LOG_ERROR, "InitDBusConnect: Failed to create proxy. Reason: %s.retry->%d", error.Message(),
               retry);
