@@ -4,4 +4,14 @@ bt_add_test(NAME system_construction SOURCES construction_test.cpp)
 bt_add_test(NAME system_connect SOURCES connect_test.cpp log_fallback_test.cpp)
 target_compile_definitions(system_connect PRIVATE BTTEST_RECORDER="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/bt_recorder")
 bt_add_test(NAME system_connect_retry SOURCES connect_retry_test.cpp LIBS ${CMAKE_DL_LIBS})
-bt_add_test(NAME system_bad_worlds SOURCES lost_bus_test.cpp)
+bt_add_test(NAME system_bad_worlds SOURCES lost_bus_test.cpp failing_service_test.cpp restarted_service_test.cpp
+            odd_segments_test.cpp)
+bt_add_test(NAME system_threads SOURCES loops_and_threads_test.cpp throwing_listener_test.cpp)
+
+# An application as its users build it: the library and its public headers. GLib is for its main loop.
+add_executable(listening_client system/listening_client.cpp)
+target_link_libraries(listening_client PRIVATE bt PkgConfig::GIO bt_warnings)
+bt_add_test(NAME system_two_clients SOURCES two_clients_test.cpp)
+target_compile_definitions(system_two_clients PRIVATE
+  BTTEST_LISTENING_CLIENT="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/listening_client")
+add_dependencies(system_two_clients listening_client)
