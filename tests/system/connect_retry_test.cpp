@@ -1,5 +1,7 @@
 // How often a connection is tried, and with what: the creation of the proxy is in this test's hands.
 
+#include <algorithm>
+#include <chrono>
 #include <deque>
 #include <string>
 #include <vector>
@@ -13,6 +15,7 @@
 namespace {
 
 struct Creation {
+  std::chrono::steady_clock::time_point when;
   GBusType bus;
   GDBusProxyFlags flags;
   std::string name;
@@ -36,8 +39,8 @@ com_zelk_linux_bluetooth_proxy_new_for_bus_sync(GBusType bus, GDBusProxyFlags fl
   using Function = decltype(&com_zelk_linux_bluetooth_proxy_new_for_bus_sync);
   static const auto real =
       reinterpret_cast<Function>(dlsym(RTLD_NEXT, "com_zelk_linux_bluetooth_proxy_new_for_bus_sync"));
-  g_creations.push_back(
-      {bus, flags, name, path, cancellable != nullptr, error != nullptr && *error == nullptr, nullptr});
+  g_creations.push_back({std::chrono::steady_clock::now(), bus, flags, name, path, cancellable != nullptr,
+                         error != nullptr && *error == nullptr, nullptr});
   bool fails = true;
   if (!g_fails.empty()) {
     fails = g_fails.front();
@@ -109,6 +112,16 @@ TEST_F(ConnectRetry, GivesEveryAttemptThePlaceForItsErrorEmpty) {
     EXPECT_EQ(creation.name, g_creations.front().name);
     EXPECT_EQ(creation.path, g_creations.front().path);
   }
+}
+
+TEST_F(ConnectRetry, MakesTheNextAttemptAtOnce) {
+  ASSERT_EQ(CreateWith({}), 0);
+  // A busy machine may delay an attempt, but hardly all of them.
+  auto shortestGap = std::chrono::steady_clock::duration::max();
+  for (std::size_t i = 1; i < g_creations.size(); ++i) {
+    shortestGap = std::min(shortestGap, g_creations[i].when - g_creations[i - 1].when);
+  }
+  EXPECT_LT(shortestGap, std::chrono::milliseconds(20));
 }
 
 TEST_F(ConnectRetry, ASuccessAfterAFailureDoesNotEndTheAttempts) {
