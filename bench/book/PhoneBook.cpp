@@ -1,0 +1,144 @@
+#include "bench/book/PhoneBook.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <random>
+
+#include "ipc/ShareMemory/SegmentCatalogue.h"
+
+namespace {
+
+constexpr unsigned kSeed = 2024;
+
+class Dice {
+ public:
+  int Between(int low, int high) {
+    return low + static_cast<int>(m_numbers() % static_cast<unsigned>(high - low + 1));
+  }
+
+  std::string Text(int low, int high, const char* letters) {
+    std::string text(static_cast<std::size_t>(Between(low, high)), '\0');
+    const int last = static_cast<int>(std::strlen(letters)) - 1;
+    std::generate(text.begin(), text.end(), [&] { return letters[Between(0, last)]; });
+    return text;
+  }
+
+ private:
+  std::mt19937 m_numbers{kSeed};
+};
+
+MWPTypeContact MakeContact(int id, Dice& dice) {
+  constexpr const char* kLetters = "abcdefghijklmnopqrstuvwxyz";
+  constexpr const char* kDigits = "0123456789";
+  MWPTypeContact contact;
+  contact.nContactId = id;
+  contact.strText1 = dice.Text(5, 20, kLetters);
+  contact.strText2 = dice.Text(5, 20, kLetters);
+  const int groups = dice.Between(1, 3);
+  for (int type = 1; type <= groups; ++type) {
+    MWPTypeContactNumber group;
+    group.nType = type;
+    const int numbers = dice.Between(1, 2);
+    for (int i = 0; i < numbers; ++i) {
+      group.vecValues.push_back(dice.Text(8, 15, kDigits));
+    }
+    contact.listNumbers.push_back(group);
+  }
+  return contact;
+}
+
+class Packer {
+ public:
+  void Int(std::int32_t value) {
+    const auto* const bytes = reinterpret_cast<const unsigned char*>(&value);
+    m_bytes.insert(m_bytes.end(), bytes, bytes + sizeof value);
+  }
+
+  void Count(std::size_t count) { Int(static_cast<std::int32_t>(count)); }
+
+  void Text(const std::string& text) {
+    m_bytes.insert(m_bytes.end(), text.c_str(), text.c_str() + text.size() + 1);
+  }
+
+  void Contact(const MWPTypeContact& contact) {
+    Int(contact.nContactId);
+    Text(contact.strText1);
+    Text(contact.strText2);
+    Count(contact.listNumbers.size());
+    for (const MWPTypeContactNumber& group : contact.listNumbers) {
+      Int(group.nType);
+      Count(group.vecValues.size());
+      for (const std::string& value : group.vecValues) {
+        Text(value);
+      }
+    }
+  }
+
+  const std::vector<unsigned char>& Bytes() const { return m_bytes; }
+
+ private:
+  std::vector<unsigned char> m_bytes;
+};
+
+std::size_t PackedSize(const MWPTypeContact& contact) {
+  Packer packer;
+  packer.Contact(contact);
+  return packer.Bytes().size();
+}
+
+bool IsSameGroup(const MWPTypeContactNumber& left, const MWPTypeContactNumber& right) {
+  return left.nType == right.nType && left.vecValues == right.vecValues;
+}
+
+bool IsSameContact(const MWPTypeContact& left, const MWPTypeContact& right) {
+  return left.nContactId == right.nContactId && left.strText1 == right.strText1 &&
+         left.strText2 == right.strText2 &&
+         std::equal(left.listNumbers.begin(), left.listNumbers.end(), right.listNumbers.begin(),
+                    right.listNumbers.end(), IsSameGroup);
+}
+
+}  // namespace
+
+PhoneBook MakeFullBook() {
+  Dice dice;
+  PhoneBook book;
+  std::size_t room = kSegmentCatalogue[SH_CONTACT_LIST].size - sizeof(std::int32_t);
+  for (int id = 1;; ++id) {
+    MWPTypeContact contact = MakeContact(id, dice);
+    const std::size_t size = PackedSize(contact);
+    if (size > room) {
+      return book;
+    }
+    room -= size;
+    book.push_back(std::move(contact));
+  }
+}
+
+std::vector<unsigned char> PackForSegment(const PhoneBook& book) {
+  Packer packer;
+  packer.Count(book.size());
+  for (const MWPTypeContact& contact : book) {
+    packer.Contact(contact);
+  }
+  return packer.Bytes();
+}
+
+std::string PackAsVCards(const PhoneBook& book) {
+  std::string cards;
+  for (const MWPTypeContact& contact : book) {
+    cards += "BEGIN:VCARD\r\nVERSION:2.1\r\nUID:" + std::to_string(contact.nContactId) +
+             "\r\nFN:" + contact.strText1 + "\r\nORG:" + contact.strText2 + "\r\n";
+    for (const MWPTypeContactNumber& group : contact.listNumbers) {
+      for (const std::string& value : group.vecValues) {
+        cards += "TEL;X-" + std::to_string(group.nType) + ":" + value + "\r\n";
+      }
+    }
+    cards += "END:VCARD\r\n";
+  }
+  return cards;
+}
+
+bool AreEqual(const PhoneBook& left, const PhoneBook& right) {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(), IsSameContact);
+}

@@ -1,0 +1,17 @@
+#ifndef BENCH_HARNESS_PROGRAMS_H
+#define BENCH_HARNESS_PROGRAMS_H
+
+#include <string>
+#include <vector>
+
+#include <gio/gio.h>
+
+/// Starts a program that is installed beside this one. Throws std::runtime_error if it cannot be started.
+GSubprocess* StartProgram(const std::string& name, const std::vector<std::string>& arguments,
+                          GSubprocessFlags flags);
+
+/// Runs a program that is installed beside this one and answers what it prints. Throws std::runtime_error if
+/// it fails.
+std::string RunProgram(const std::string& name, const std::vector<std::string>& arguments = {});
+
+#endif

@@ -1,0 +1,157 @@
+// What it costs to get a full phone book out of its segment, next to a pass that only looks for the ends of
+// its strings; and what the same book costs by the roads that others offer.
+
+#include <bluetooth/MWPBtPbap.h>
+
+#include <malloc.h>
+#include <cstring>
+#include <stdexcept>
+#include <utility>
+
+#include "bench/book/PhoneBook.h"
+#include "bench/harness/Clocks.h"
+#include "bench/harness/Rounds.h"
+#include "bench/peers/BookMessage.h"
+#include "bench/sections/QuickCall.h"
+#include "bench/sections/Sections.h"
+#include "ipc/ShareMemory/UsableSegment.h"
+#ifdef BENCH_HAS_VFORMAT
+#include "bench/peers/BookCards.h"
+#endif
+
+namespace {
+
+constexpr std::size_t kRounds = 61;
+constexpr std::size_t kPeerRounds = 11;
+constexpr clockid_t kWall = CLOCK_MONOTONIC;
+constexpr clockid_t kProcessor = CLOCK_THREAD_CPUTIME_ID;
+constexpr double kLimitIntoEmptyList = 9;
+constexpr double kLimitIntoPreviousList = 3.5;
+
+/// Finds the end of every string of a book in its segment, and no more. Answers the number of bytes walked.
+/// Not inline: whoever does not look at the answer still has it worked out.
+__attribute__((noinline, noipa)) std::size_t FindEndOfEveryString(const unsigned char* const begin,
+                                                                  const unsigned char* const end) {
+  const unsigned char* cursor = begin;
+  const auto readInt = [&cursor] {
+    std::int32_t value;
+    std::memcpy(&value, cursor, sizeof value);
+    cursor += sizeof value;
+    return value;
+  };
+  const auto skipString = [&cursor, end] {
+    const void* const nul = std::memchr(cursor, 0, static_cast<std::size_t>(end - cursor));
+    cursor = static_cast<const unsigned char*>(nul) + 1;
+  };
+  for (int contacts = readInt(); contacts > 0; --contacts) {
+    readInt();
+    skipString();
+    skipString();
+    for (int groups = readInt(); groups > 0; --groups) {
+      readInt();
+      for (int numbers = readInt(); numbers > 0; --numbers) {
+        skipString();
+      }
+    }
+  }
+  return static_cast<std::size_t>(cursor - begin);
+}
+
+void Require(bool condition, const char* what) {
+  if (!condition) {
+    throw std::runtime_error(what);
+  }
+}
+
+/// A way to get the phone book, into a new list each time. It is tried once, and must deliver the book.
+template <typename Work>
+Way Filling(const char* name, clockid_t clock, const PhoneBook& book, Work work) {
+  PhoneBook list;
+  work(list);
+  Require(AreEqual(list, book), "a road delivers another phone book");
+  return {name, [clock, work] {
+            PhoneBook fresh;
+            return Cost(clock, [&] { work(fresh); });
+          }};
+}
+
+void FetchFromSegment(PhoneBook& list) { MWPBtPbap().GetContactList(list); }
+
+/// GetContactList into a list that holds what the previous call put there.
+Way Refilling(const char* name, clockid_t clock, PhoneBook& list) {
+  FetchFromSegment(list);
+  return {name, [clock, &list] { return Cost(clock, [&list] { FetchFromSegment(list); }); }};
+}
+
+void CompareWithYardstick(Report& report, const PhoneBook& book) {
+  const SegmentBytes segment = UsableSegment(SH_CONTACT_LIST);
+  const QuickCall noServiceInvolved;
+  const Way pass = {"a pass with memchr", [segment] {
+                      return Cost(kProcessor, [segment] {
+                        FindEndOfEveryString(segment.begin, segment.begin + segment.size);
+                      });
+                    }};
+  PhoneBook previous;
+  const Way refill = Refilling("GetContactList into the previous list", kProcessor, previous);
+  const Way fill = Filling("GetContactList into an empty list", kProcessor, book, FetchFromSegment);
+
+  const Rounds rounds = RunInTurn({pass, fill, refill}, kRounds);
+  Require(AreEqual(previous, book), "filling a list again delivers another phone book");
+  const auto add = [&](const Way& way, std::size_t place, double limit) {
+    report.Add({way.name, Milliseconds(rounds.Least(place)), pass.name, Milliseconds(rounds.Least(0)),
+                Times(rounds.RatioOfLeast(place)), limit});
+  };
+  add(fill, 1, kLimitIntoEmptyList);
+  add(refill, 2, kLimitIntoPreviousList);
+}
+
+void ComparePeers(Report& report, const std::vector<Way>& ways) {
+  const Rounds rounds = RunInTurn(ways, kPeerRounds);
+  for (std::size_t way = 1; way < ways.size(); ++way) {
+    report.Add({ways[way].name, Milliseconds(rounds.Least(way)), ways[0].name, Milliseconds(rounds.Least(0)),
+                Times(rounds.RatioOfLeast(way)), std::nullopt});
+  }
+}
+
+/// Decoding alone: the bytes are in this process already.
+void CompareDecoders(Report& report, const PhoneBook& book) {
+  const QuickCall noServiceInvolved;
+  PhoneBook previous;
+  GVariant* const message = g_variant_ref_sink(PackAsMessage(book));
+  std::vector<Way> ways = {Refilling("GetContactList, previous list", kProcessor, previous),
+                           Filling("one D-Bus message, unpacked with GVariant", kProcessor, book,
+                                   [message](PhoneBook& list) { list = UnpackMessage(message); })};
+#ifdef BENCH_HAS_VFORMAT
+  ways.push_back(Filling("vCard text, parsed with libvformat", kProcessor, book,
+                         [cards = PackAsVCards(book)](PhoneBook& list) { list = ParseVCards(cards); }));
+#endif
+  ComparePeers(report, ways);
+  g_variant_unref(message);
+}
+
+/// From the request to the records, with the service's part and the bus's, by wall time.
+void CompareFetches(Report& report, const PhoneBook& book, Responder& responder) {
+  PhoneBook previous;
+  ComparePeers(
+      report, {Refilling("GetContactList and its call", kWall, previous),
+               Filling("one D-Bus message, fetched and unpacked", kWall, book, [&responder](PhoneBook& list) {
+                 GVariant* const message = responder.FetchBook();
+                 list = UnpackMessage(message);
+                 g_variant_unref(message);
+               })});
+}
+
+}  // namespace
+
+void MeasureContacts(Report& report, Responder& responder) {
+  // Warm: the memory of one round's list is there for the next one's, and is not given back to the kernel.
+  mallopt(M_TRIM_THRESHOLD, 1 << 30);
+  const PhoneBook book = MakeFullBook();
+  report.BeginSection("contacts", "a phone book of " + std::to_string(book.size()) +
+                                      " contacts, which fills its segment; the least of all rounds");
+  PhoneBook published;
+  FetchFromSegment(published);  // has the responder fill the segment
+  CompareWithYardstick(report, book);
+  CompareDecoders(report, book);
+  CompareFetches(report, book, responder);
+}
