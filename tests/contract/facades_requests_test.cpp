@@ -1,0 +1,128 @@
+// Every method of the facades, while the library is started and while it is not.
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "contract/AskedLibrary.h"
+
+namespace bttest {
+namespace {
+
+/// The requests that a facade offers.
+std::vector<RequestCase> FacadeRequests() {
+  std::vector<RequestCase> requests = AllRequests();
+  requests.erase(std::remove_if(requests.begin(), requests.end(),
+                                [](const RequestCase& request) { return !request.calls.facade.make; }),
+                 requests.end());
+  return requests;
+}
+
+/// What the facades log of their own, without the line numbers that nobody relies on.
+std::vector<LogRecord> FacadeLines(const LogCapture& log) {
+  const std::set<std::string> sources{"libbluetooth/MWPBtCom",   "libbluetooth/MWPBtPhone",
+                                      "libbluetooth/MWPBtMedia", "libbluetooth/MWPBtPbap",
+                                      "libbluetooth/MWPBtSpp",   "libbluetooth/MWPBtMessage",
+                                      "libbluetooth/MWPBtBle"};
+  std::vector<LogRecord> lines;
+  for (LogRecord record : log.Records()) {
+    if (sources.count(record.file) != 0) {
+      record.line = record.line == 26 ? 26 : 0;
+      lines.push_back(record);
+    }
+  }
+  return lines;
+}
+
+/// What a facade's method logs while the library is started.
+std::vector<LogRecord> LinesWhileStarted(const std::string& method) {
+  const std::string com = "libbluetooth/MWPBtCom";
+  const std::map<std::string, std::vector<LogRecord>> lines{
+      {"Connect",
+       {{com, "Connect", 0, 40, "connect bt_profile = 1 ,bOnly = 2"},
+        {com, "Connect", 0, 40, "MWPBtCom::Connect bt_profile = 1"}}},
+      {"SetAndroidAutoStatus", {{com, "SetAndroidAutoStatus", 0, 20, "MWPBtCom::SetAndroidAutoStatus"}}},
+      {"StopPhoneBookDownload",
+       {{"libbluetooth/MWPBtPbap", "StopPhoneBookDownload", 26, 20,
+         "MWPBtPbap::StopPhoneBookDownload m_bInitClient:1"}}},
+  };
+  const auto found = lines.find(method);
+  return found != lines.end() ? found->second : std::vector<LogRecord>();
+}
+
+/// What a facade's method logs while the library is not started.
+std::vector<LogRecord> LinesWhileNotStarted(const std::string& method) {
+  const std::string com = "libbluetooth/MWPBtCom";
+  const std::set<std::string> checkTheirAddress{"SetDeviceOOBLinkKey",
+                                                "Pair",
+                                                "Connect",
+                                                "DisConnect",
+                                                "ReConnect",
+                                                "DeletePairDevice",
+                                                "RemoveDevice",
+                                                "SetWirelessEnable",
+                                                "RequestAndroidAutoPairing"};
+  std::vector<LogRecord> lines;
+  if (method == "Connect") {
+    lines.push_back({com, "Connect", 0, 40, "connect bt_profile = 1 ,bOnly = 2"});
+  }
+  if (checkTheirAddress.count(method) != 0) {
+    lines.push_back({com, method, 0, 100, "No Active or address 00:1A:7d:DA:71:13 is invalid!"});
+  }
+  if (method == "StopPhoneBookDownload") {
+    lines.push_back(
+        {"libbluetooth/MWPBtPbap", method, 26, 20, "MWPBtPbap::StopPhoneBookDownload m_bInitClient:0"});
+  }
+  return lines;
+}
+
+using FacadeMethod = AskedLibrary;
+
+TEST_F(FacadeMethod, ArrivesAtTheServiceAndBringsItsAnswerBackWhileStarted) {
+  EXPECT_EQ(FacadeRequests().size(), 126u);  // and two that are not in the list
+  for (const RequestCase& request : FacadeRequests()) {
+    log.Clear();
+    ExpectAsked(request, request.calls.facade);
+    EXPECT_EQ(FacadeLines(log), LinesWhileStarted(request.name)) << request.name;
+  }
+  EXPECT_TRUE(log.Complaints().empty());
+}
+
+TEST_F(FacadeMethod, IsAnsweredWithItsDefaultAndMakesNeitherACallNorAClientAfterStop) {
+  Stop();
+  for (const RequestCase& request : FacadeRequests()) {
+    log.Clear();
+    ExpectNotAsked(request, request.calls.facade, request.calls.facade.idleAnswer);
+    EXPECT_EQ(TheClient(), nullptr) << request.name;
+    EXPECT_EQ(FacadeLines(log), LinesWhileNotStarted(request.name)) << request.name;
+    EXPECT_EQ(log.Records().size(), LinesWhileNotStarted(request.name).size()) << request.name;
+  }
+}
+
+TEST_F(FacadeMethod, MakesTheClientWhenItIsNeededAndThereIsNone) {
+  for (const RequestCase& request : FacadeRequests()) {
+    Stop();
+    MWPBtClient::m_bInitClient = 1;
+    request.calls.facade.make();
+    EXPECT_NE(TheClient(), nullptr) << request.name;
+    MWPBtClient::m_bInitClient = 0;
+  }
+}
+
+TEST(FacadeMethodBeforeStart, IsAnsweredWithItsDefaultAndMakesNoClient) {
+  LogCapture log;
+  for (const RequestCase& request : FacadeRequests()) {
+    log.Clear();
+    EXPECT_EQ(request.calls.facade.make(), request.calls.facade.idleAnswer) << request.name;
+    EXPECT_EQ(TheClient(), nullptr) << request.name;
+    EXPECT_EQ(FacadeLines(log), LinesWhileNotStarted(request.name)) << request.name;
+    EXPECT_EQ(log.Records().size(), LinesWhileNotStarted(request.name).size()) << request.name;
+  }
+}
+
+}  // namespace
+}  // namespace bttest
