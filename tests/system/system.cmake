@@ -16,3 +16,4 @@ target_compile_definitions(system_two_clients PRIVATE
   BTTEST_LISTENING_CLIENT="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/listening_client")
 add_dependencies(system_two_clients listening_client)
 bt_add_test(NAME system_concurrency SOURCES concurrency_test.cpp LABELS concurrency)
+bt_add_test(NAME system_memory SOURCES memory_test.cpp)
