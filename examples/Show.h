@@ -41,6 +41,16 @@ inline std::string ToText(MWPBtType::ConnStatus status) {
   return WordFor(
       status, {"disconnected", "connecting", "connected", "disconnecting", "failed", "link lost", "unknown"});
 }
+inline std::string ToText(MWPBtType::MusicPlayStatus status) {
+  return WordFor(status, {"stopped", "playing", "paused", "fast forward", "fast reverse"});
+}
+inline std::string ToText(MWPBtType::PbapStatus status) {
+  return WordFor(status, {"idle", "connecting", "downloading", "completed", "stopped", "failed", "refused"});
+}
+inline std::string ToText(MWPBtType::PbapType type) {
+  return WordFor(type, {"phone book", "incoming calls", "outgoing calls", "missed calls", "call log",
+                        "phone book of the SIM card", "all"});
+}
 inline std::string ToText(MWPBtType::Capability capability) {
   return WordFor(capability, {"power switch", "auto connect", "auto answer", "auto reject", "4", "5", "6",
                               "auto download", "8", "visible", "local ring tone", "settings loaded"});
