@@ -133,6 +133,11 @@ void ExpectNoGrowth(const Kinds& kinds) {
 
 /// Keeps what is logged and printed from filling the terminal and, unlike LogCapture, the memory.
 void BeQuiet() {
+  static bool isQuiet = false;
+  if (isQuiet) {
+    return;  // GLib takes a log writer only once
+  }
+  isQuiet = true;
   g_set_print_handler([](const gchar*) {});
   g_log_set_writer_func(
       [](GLogLevelFlags, const GLogField*, gsize, gpointer) { return G_LOG_WRITER_HANDLED; }, nullptr,

@@ -17,3 +17,5 @@ target_compile_definitions(system_two_clients PRIVATE
 add_dependencies(system_two_clients listening_client)
 bt_add_test(NAME system_concurrency SOURCES concurrency_test.cpp LABELS concurrency)
 bt_add_test(NAME system_memory SOURCES memory_test.cpp)
+bt_add_test(NAME system_end_to_end SOURCES end_to_end_test.cpp)
+add_dependencies(system_end_to_end btservice)
