@@ -5,6 +5,9 @@
 
 #include <glib.h>
 
+#include "service/state/StateFile.h"
+#include "service/world/WorldFile.h"
+
 namespace btservice {
 namespace {
 
@@ -14,8 +17,14 @@ constexpr const char* kDescription =
     "Simulates the Bluetooth service of a head unit on the session bus, under the name\n"
     "com.zelk.linux.bluetooth: an adapter, phones to find, pair and connect, calls, music.\n"
     "\n"
+    "A world is a JSON file with devices and what happens to them, or one of the shipped ones:\n"
+    "empty, one-phone, two-phones, big-phonebook, bad-day. Without one there are two phones\n"
+    "and a serial accessory. Paired devices and attributes are kept in the state file, by\n"
+    "default btservice.json in libbt in the user's state directory. What happens in the world\n"
+    "can be driven on the object /com/zelk/linux/bluetooth/sim.\n"
+    "\n"
     "Exit codes: 0 ended by SIGTERM, SIGINT or the end of the bus; 2 wrong usage;\n"
-    "3 the name is taken on this bus; 4 no session bus.";
+    "3 the name is taken on this bus; 4 no session bus; 5 bad world.";
 
 int Fail(const char* message) {
   std::fprintf(stderr, "btservice: %s\nTry 'btservice --help'.\n", message);
@@ -27,10 +36,18 @@ int Fail(const char* message) {
 bool ParseOptions(int argc, char** argv, Options& options, int& exitCode) {
   gboolean version = FALSE;
   gboolean keepSegments = FALSE;
+  gboolean schema = FALSE;
+  gboolean noState = FALSE;
+  g_autofree gchar* world = nullptr;
+  g_autofree gchar* state = nullptr;
   const GOptionEntry entries[] = {
+      {"world", 'w', 0, G_OPTION_ARG_FILENAME, &world, "Begin in this world", "NAME|FILE"},
+      {"state", 0, 0, G_OPTION_ARG_FILENAME, &state, "Keep the state in this file", "FILE"},
+      {"no-state", 0, 0, G_OPTION_ARG_NONE, &noState, "Keep no state, and look at none", nullptr},
       {"speed", 's', 0, G_OPTION_ARG_DOUBLE, &options.speed, "Let time run N times as fast", "N"},
       {"keep-segments", 'k', 0, G_OPTION_ARG_NONE, &keepSegments, "Leave the shared segments behind at exit",
        nullptr},
+      {"world-schema", 0, 0, G_OPTION_ARG_NONE, &schema, "Show the JSON Schema of worlds", nullptr},
       {"version", 0, 0, G_OPTION_ARG_NONE, &version, "Show the version", nullptr},
       {nullptr, 0, 0, G_OPTION_ARG_NONE, nullptr, nullptr, nullptr}};
   g_autoptr(GOptionContext) context = g_option_context_new(nullptr);
@@ -47,6 +64,11 @@ bool ParseOptions(int argc, char** argv, Options& options, int& exitCode) {
     exitCode = EXIT_ENDED;
     return false;
   }
+  if (schema != FALSE) {
+    std::fputs(WorldSchema().c_str(), stdout);
+    exitCode = EXIT_ENDED;
+    return false;
+  }
   if (argc > 1) {
     exitCode = Fail("there are no arguments, only options");
     return false;
@@ -56,6 +78,10 @@ bool ParseOptions(int argc, char** argv, Options& options, int& exitCode) {
     return false;
   }
   options.keepSegments = keepSegments != FALSE;
+  options.world = world != nullptr ? world : "";
+  if (noState == FALSE) {
+    options.statePath = state != nullptr ? state : DefaultStatePath();
+  }
   return true;
 }
 

@@ -1,6 +1,8 @@
 #ifndef SERVICE_APP_OPTIONS_H
 #define SERVICE_APP_OPTIONS_H
 
+#include <string>
+
 namespace btservice {
 
 /// How the process ends.
@@ -9,12 +11,15 @@ enum ExitCode : int {
   EXIT_USAGE = 2,       ///< the command line makes no sense
   EXIT_NAME_TAKEN = 3,  ///< another service runs on this bus
   EXIT_NO_BUS = 4,      ///< there is no session bus
+  EXIT_BAD_WORLD = 5,   ///< the world's file cannot be read or makes no sense
 };
 
 /// The command line.
 struct Options {
   double speed = 1;
   bool keepSegments = false;
+  std::string world;      ///< name of a shipped world, or a file; empty: the built-in one
+  std::string statePath;  ///< empty: nothing is kept
 };
 
 /// Fills options. Answers true to go on; otherwise the process is to end with exitCode, and what there was to

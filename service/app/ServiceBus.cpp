@@ -1,49 +1,86 @@
 #include "service/app/ServiceBus.h"
 
+#include <stdexcept>
 #include <utility>
 
 #define MWP_LOG_SOURCE "service/app/ServiceBus"
 #include <mwp/MWPLog.h>
 
+#include "service/app/BusNames.h"
+
 namespace btservice {
-namespace {
 
-constexpr const char* kBusName = "com.zelk.linux.bluetooth";
-constexpr const char* kObjectPath = "/com/zelk/linux/bluetooth";
-
-}  // namespace
-
-ServiceBus::ServiceBus(Events events)
-    : m_events(std::move(events)), m_skeleton(com_zelk_linux_bluetooth_skeleton_new()) {}
+ServiceBus::ServiceBus(Events events) : m_events(std::move(events)) {}
 
 ServiceBus::~ServiceBus() {
-  if (m_nameId != 0) {
-    g_bus_unown_name(m_nameId);
+  if (m_returnId != 0) {
+    g_source_remove(m_returnId);
   }
+  GiveUpName();
   if (m_connection != nullptr) {
-    g_dbus_interface_skeleton_unexport(G_DBUS_INTERFACE_SKELETON(m_skeleton));
     // What was said last shall be heard.
     g_dbus_connection_flush_sync(m_connection, nullptr, nullptr);
     g_object_unref(m_connection);
   }
-  g_object_unref(m_skeleton);
 }
 
-bool ServiceBus::Open() {
+bool ServiceBus::Connect() {
   g_autoptr(GError) error = nullptr;
   m_connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, &error);
-  if (m_connection != nullptr) {
-    g_dbus_connection_set_exit_on_close(m_connection, FALSE);
-    g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(m_skeleton), m_connection, kObjectPath,
-                                     &error);
-  }
-  if (error != nullptr) {
+  if (m_connection == nullptr) {
     MWP_LOG(MWP_LOG_ERROR, "there is no session bus to serve: %s", error->message);
     return false;
   }
-  m_nameId = g_bus_own_name_on_connection(m_connection, kBusName, G_BUS_NAME_OWNER_FLAGS_DO_NOT_QUEUE,
-                                          OnNameAcquired, OnNameLost, this, nullptr);
+  g_dbus_connection_set_exit_on_close(m_connection, FALSE);
   return true;
+}
+
+bool ServiceBus::Export(GDBusInterfaceSkeleton* skeleton, const char* path) {
+  g_autoptr(GError) error = nullptr;
+  if (g_dbus_interface_skeleton_export(skeleton, m_connection, path, &error) == FALSE) {
+    MWP_LOG(MWP_LOG_ERROR, "%s cannot be exported: %s", path, error->message);
+    return false;
+  }
+  return true;
+}
+
+void ServiceBus::OwnName() {
+  m_nameId = g_bus_own_name_on_connection(m_connection, kServiceName, G_BUS_NAME_OWNER_FLAGS_DO_NOT_QUEUE,
+                                          OnNameAcquired, OnNameLost, this, nullptr);
+}
+
+void ServiceBus::EmitSignal(const std::string& name, GVariant* tuple) {
+  if (g_dbus_is_member_name(name.c_str()) == FALSE) {
+    throw std::invalid_argument("'" + name + "' cannot be the name of a signal");
+  }
+  if (g_variant_is_of_type(tuple, G_VARIANT_TYPE_TUPLE) == FALSE) {
+    throw std::invalid_argument(std::string("a signal carries a tuple, not '") +
+                                g_variant_get_type_string(tuple) + "'");
+  }
+  g_dbus_connection_emit_signal(m_connection, nullptr, kServicePath, kServiceInterface, name.c_str(), tuple,
+                                nullptr);
+}
+
+void ServiceBus::LeaveFor(unsigned milliseconds) {
+  if (m_returnId != 0) {
+    g_source_remove(m_returnId);
+  }
+  GiveUpName();
+  m_returnId = g_timeout_add(
+      milliseconds,
+      [](gpointer self) -> gboolean {
+        auto* const bus = static_cast<ServiceBus*>(self);
+        bus->m_returnId = 0;
+        bus->OwnName();
+        return G_SOURCE_REMOVE;
+      },
+      this);
+}
+
+void ServiceBus::GiveUpName() {
+  if (m_nameId != 0) {
+    g_bus_unown_name(std::exchange(m_nameId, 0));
+  }
 }
 
 void ServiceBus::OnNameAcquired(GDBusConnection*, const gchar*, gpointer self) {

@@ -2,16 +2,17 @@
 #define SERVICE_APP_SERVICEBUS_H
 
 #include <functional>
+#include <string>
 
-#include <bt_dbus.h>
+#include <gio/gio.h>
 
 namespace btservice {
 
-/// The service's place on the session bus: its object first, then its name.
+/// The service's place on the session bus: its objects first, then its name.
 class ServiceBus {
  public:
   /// What can become of it. onLost is called with false if another owns the name, with true if the bus is
-  /// gone.
+  /// gone. Having left the bus for a while ends with onOwned.
   struct Events {
     std::function<void()> onOwned;
     std::function<void(bool busIsGone)> onLost;
@@ -22,18 +23,27 @@ class ServiceBus {
   ServiceBus(const ServiceBus&) = delete;
   ServiceBus& operator=(const ServiceBus&) = delete;
 
-  /// Exports the object and asks for the name. False, with an error in the log, if there is no bus.
-  bool Open();
-  ComZelkLinuxBluetooth* Skeleton() const { return m_skeleton; }
+  /// False, with an error in the log, if there is no bus.
+  bool Connect();
+  /// Makes an object visible. The skeleton must outlive this.
+  bool Export(GDBusInterfaceSkeleton* skeleton, const char* path);
+  /// Asks for the name. What comes of it is one of the events.
+  void OwnName();
+
+  /// Sends a signal of the service's interface with a tuple of any type. Throws std::invalid_argument.
+  void EmitSignal(const std::string& name, GVariant* tuple);
+  /// Gives up the name and takes it again after some time.
+  void LeaveFor(unsigned milliseconds);
 
  private:
   static void OnNameAcquired(GDBusConnection* connection, const gchar* name, gpointer self);
   static void OnNameLost(GDBusConnection* connection, const gchar* name, gpointer self);
+  void GiveUpName();
 
   Events m_events;
-  ComZelkLinuxBluetooth* m_skeleton;
   GDBusConnection* m_connection = nullptr;
   guint m_nameId = 0;
+  guint m_returnId = 0;
 };
 
 }  // namespace btservice

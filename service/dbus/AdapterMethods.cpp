@@ -2,7 +2,7 @@
 
 namespace btservice {
 
-void BindAdapterMethods(MethodBinder binder, AdapterControl& adapter) {
+void BindAdapterMethods(ServiceBinder binder, AdapterControl& adapter) {
   using A = AdapterControl;
   binder.Bind(BT_METHOD(get_bluetooth_service_status), adapter, &A::ReportStatus);
   binder.Bind(BT_METHOD(set_power), adapter, &A::SetPower);

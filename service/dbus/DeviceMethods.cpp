@@ -16,7 +16,7 @@ int PairListIndex(const DeviceControl& devices, const std::string& address) {
 
 }  // namespace
 
-void BindDeviceMethods(MethodBinder binder, DeviceControl& devices) {
+void BindDeviceMethods(ServiceBinder binder, DeviceControl& devices) {
   using D = DeviceControl;
   binder.Bind(BT_METHOD(enable_profile), devices, &D::EnableProfiles);
   binder.Bind(BT_METHOD(disable_profile), devices, &D::DisableProfiles);

@@ -128,7 +128,6 @@ void Connections::Drop(RemoteDevice& device, ConnStatus status) {
 }
 
 void Connections::LoseLink(RemoteDevice& device) {
-  device.inRange = false;
   std::vector<ProfileId> lost;
   for (const ProfileId profile : {BT_PROFILE_HFP, BT_PROFILE_A2DP}) {
     if (device.IsConnected(profile)) {

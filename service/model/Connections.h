@@ -30,7 +30,7 @@ class Connections {
 
   /// Takes down all profiles of a device, without the way through DISCONNECTING.
   void Drop(RemoteDevice& device, ConnStatus status);
-  /// The device is out of reach: everything ends as LINK_LOST, and comes back later if it may.
+  /// The link breaks: everything ends as LINK_LOST, and comes back once the device is in range, if it may.
   void LoseLink(RemoteDevice& device);
   /// Begins to connect the paired devices, as after power up.
   void ConnectPaired();

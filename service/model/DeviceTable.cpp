@@ -30,8 +30,12 @@ bool IsDeviceAddress(const std::string& text) {
   return true;
 }
 
+bool SameAddress(const std::string& left, const std::string& right) {
+  return UpperCase(left) == UpperCase(right);
+}
+
 DeviceTable::DeviceTable(ModelContext& context, const World& world)
-    : m_context(context), m_capacity(world.adapter.pairedDevices) {
+    : m_context(context), m_capacity(static_cast<std::size_t>(world.adapter.pairedDevices)) {
   for (const DeviceData& data : world.devices) {
     RemoteDevice* const device = Add(data);
     if (device != nullptr && data.paired && !IsFull()) {

@@ -13,6 +13,9 @@ namespace btservice {
 /// True if text is an address such as 00:1A:7D:DA:71:13.
 bool IsDeviceAddress(const std::string& text);
 
+/// Upper and lower case are the same in addresses.
+bool SameAddress(const std::string& left, const std::string& right);
+
 /// All devices of the world, and the order of those that are paired.
 class DeviceTable {
  public:

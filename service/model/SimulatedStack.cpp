@@ -12,9 +12,29 @@ SimulatedStack::SimulatedStack(Scheduler& scheduler, const World& world)
       m_pairing(m_context, m_power, m_settings, m_devices),
       m_connections(m_context, m_power, m_settings, m_devices),
       m_projection(m_context, m_power, m_devices, m_pairing, m_connections),
+      m_phoneStatus(m_context, m_connections),
+      m_calls(m_context, m_settings, m_connections),
+      m_callAudio(m_context, m_settings, m_connections, m_calls),
+      m_player(m_context, m_connections, m_calls),
+      m_browser(m_context, m_player, m_connections),
+      m_messages(m_context, m_connections),
       m_adapter(m_power, m_settings, m_scanner, m_devices),
-      m_deviceControl(m_context, m_power, m_devices, m_pairing, m_connections, m_projection) {
-  m_adapter.onReportStatus.Add([this] { m_connections.ReportAll(); });
+      m_deviceControl(m_context, m_power, m_devices, m_pairing, m_connections, m_projection),
+      m_phoneBook(m_context, m_world.startTime, m_settings, m_connections, m_calls),
+      m_callControl(m_power, m_connections, m_calls, m_callAudio, m_phoneBook),
+      m_music(m_player, m_browser),
+      m_serial(m_context, m_power, m_devices, m_connections),
+      m_outside(m_devices, m_connections, m_pairing, m_projection, m_phoneStatus, m_calls, m_player,
+                m_messages, m_serial) {
+  m_adapter.onReportStatus.Add([this] {
+    m_connections.ReportAll();
+    if (m_connections.Active(BT_PROFILE_HFP) != nullptr) {
+      m_phoneStatus.ReportAll();
+    }
+    if (m_player.InUse() != nullptr) {
+      m_player.ReportAll();
+    }
+  });
 }
 
 void SimulatedStack::Start() {

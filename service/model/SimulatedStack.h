@@ -1,8 +1,15 @@
 #ifndef SERVICE_MODEL_SIMULATEDSTACK_H
 #define SERVICE_MODEL_SIMULATEDSTACK_H
 
+#include "service/model/Messages.h"
+#include "service/model/Outside.h"
+#include "service/model/PhoneStatus.h"
 #include "service/model/SimulatedAdapter.h"
+#include "service/model/SimulatedCalls.h"
 #include "service/model/SimulatedDevices.h"
+#include "service/model/SimulatedMusic.h"
+#include "service/model/SimulatedPhoneBook.h"
+#include "service/model/SimulatedSerial.h"
 #include "service/stack/BluetoothStack.h"
 
 namespace btservice {
@@ -14,9 +21,16 @@ class SimulatedStack : public BluetoothStack {
 
   AdapterControl& Adapter() override { return m_adapter; }
   DeviceControl& Devices() override { return m_deviceControl; }
+  CallControl& Calls() override { return m_callControl; }
+  MusicControl& Music() override { return m_music; }
+  PhoneBookControl& PhoneBook() override { return m_phoneBook; }
+  SerialControl& Serial() override { return m_serial; }
 
   void AddObserver(StackObserver& observer) override { m_context.observers.push_back(&observer); }
   void Start() override;
+
+  /// The controls of the simulation.
+  Outside& Controls() { return m_outside; }
 
  private:
   const World m_world;
@@ -28,9 +42,20 @@ class SimulatedStack : public BluetoothStack {
   Pairing m_pairing;
   Connections m_connections;
   Projection m_projection;
+  PhoneStatus m_phoneStatus;
+  CallTable m_calls;
+  CallAudio m_callAudio;
+  Player m_player;
+  Browser m_browser;
+  Messages m_messages;
 
   SimulatedAdapter m_adapter;
   SimulatedDevices m_deviceControl;
+  SimulatedPhoneBook m_phoneBook;
+  SimulatedCalls m_callControl;
+  SimulatedMusic m_music;
+  SimulatedSerial m_serial;
+  Outside m_outside;
 };
 
 }  // namespace btservice

@@ -83,7 +83,7 @@ struct AdapterData {
   std::string stackVersion = "simulated";
   std::string classOfDevice = "340408";
   std::string downloadFolder = "/tmp";
-  std::size_t pairedDevices = 10;  ///< how many can be remembered
+  int pairedDevices = 10;  ///< how many can be remembered
 };
 
 /// The settings the adapter starts with, 0 or 1 each.

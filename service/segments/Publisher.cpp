@@ -18,13 +18,47 @@ void Publisher::PublishAll() {
     m_segments.Attach(entry.id);
   }
   PublishPairedDevices();
+  PublishCalls();
 }
 
 void Publisher::PublishPairedDevices() { PublishList(SH_PAIRED_LIST, m_stack.Devices().PairedDevices()); }
 
+void Publisher::PublishCalls() {
+  Write(SH_CALL_INFO_LIST, PackCallTable(m_stack.Calls().Calls(), kSegmentCatalogue[SH_CALL_INFO_LIST].size));
+}
+
+bool Publisher::PublishContacts() { return PublishList(SH_CONTACT_LIST, m_stack.PhoneBook().Contacts()); }
+
+bool Publisher::PublishFavorites() {
+  return PublishList(SH_FAV_CONTACT_LIST, m_stack.PhoneBook().Favorites());
+}
+
+bool Publisher::PublishCallLogs(CallLogType type) {
+  return PublishList(SH_CALL_LOG_LIST, m_stack.PhoneBook().CallLogs(type));
+}
+
+bool Publisher::PublishContact(int index) {
+  const std::vector<Contact>& contacts = m_stack.PhoneBook().Contacts();
+  std::vector<Contact> found;
+  if (index >= 0 && static_cast<std::size_t>(index) < contacts.size()) {
+    found.push_back(contacts[index]);
+  }
+  return PublishList(SH_CONTACT_INFO, found);
+}
+
+bool Publisher::PublishCallLog(int id) {
+  std::vector<CallLogEntry> found = m_stack.PhoneBook().CallLogs(CALL_LOG_ALL);
+  found.erase(std::remove_if(found.begin(), found.end(), [id](const auto& entry) { return entry.id != id; }),
+              found.end());
+  return PublishList(SH_CALL_LOG_INFO, found);
+}
+
 void Publisher::OnStackEvent(const StackEvent& event) {
   if (std::holds_alternative<PairedDevicesChanged>(event)) {
     PublishPairedDevices();
+  } else if (std::holds_alternative<CallChanged>(event) || std::holds_alternative<CallsChanged>(event) ||
+             std::holds_alternative<CallTimeChanged>(event)) {
+    PublishCalls();
   }
 }
 

@@ -19,6 +19,12 @@ class Publisher : public StackObserver {
 
   /// Makes all segments of the catalogue, and fills those that are kept current.
   void PublishAll();
+  bool PublishContacts();
+  bool PublishFavorites();
+  bool PublishCallLogs(CallLogType type);
+  /// A single contact, or call log entry; an empty list if there is none.
+  bool PublishContact(int index);
+  bool PublishCallLog(int id);
 
   void OnStackEvent(const StackEvent& event) override;
 
@@ -26,6 +32,7 @@ class Publisher : public StackObserver {
   template <typename Record>
   bool PublishList(ShareMemID id, const std::vector<Record>& records);
   void PublishPairedDevices();
+  void PublishCalls();
   bool Write(ShareMemID id, const Bytes& contents);
 
   SegmentOwner& m_segments;

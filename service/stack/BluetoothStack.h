@@ -2,7 +2,11 @@
 #define SERVICE_STACK_BLUETOOTHSTACK_H
 
 #include "service/stack/AdapterControl.h"
+#include "service/stack/CallControl.h"
 #include "service/stack/DeviceControl.h"
+#include "service/stack/MusicControl.h"
+#include "service/stack/PhoneBookControl.h"
+#include "service/stack/SerialControl.h"
 #include "service/stack/StackEvents.h"
 
 namespace btservice {
@@ -19,6 +23,10 @@ class BluetoothStack {
 
   virtual AdapterControl& Adapter() = 0;
   virtual DeviceControl& Devices() = 0;
+  virtual CallControl& Calls() = 0;
+  virtual MusicControl& Music() = 0;
+  virtual PhoneBookControl& PhoneBook() = 0;
+  virtual SerialControl& Serial() = 0;
 
   /// Observers are called in the order in which they were added, and must outlive the stack.
   virtual void AddObserver(StackObserver& observer) = 0;

@@ -1,0 +1,31 @@
+#ifndef SERVICE_APP_EXPORTED_H
+#define SERVICE_APP_EXPORTED_H
+
+#include <gio/gio.h>
+
+namespace btservice {
+
+/// A skeleton that is taken off the bus and released with this.
+template <typename Interface>
+class Exported {
+ public:
+  explicit Exported(Interface* skeleton) : m_skeleton(skeleton) {}
+  ~Exported() {
+    if (g_dbus_interface_skeleton_get_connection(Base()) != nullptr) {
+      g_dbus_interface_skeleton_unexport(Base());
+    }
+    g_object_unref(m_skeleton);
+  }
+  Exported(const Exported&) = delete;
+  Exported& operator=(const Exported&) = delete;
+
+  Interface* Get() const { return m_skeleton; }
+  GDBusInterfaceSkeleton* Base() const { return G_DBUS_INTERFACE_SKELETON(m_skeleton); }
+
+ private:
+  Interface* m_skeleton;
+};
+
+}  // namespace btservice
+
+#endif

@@ -1,0 +1,57 @@
+#include <cstring>
+
+#include <unistd.h>
+
+#include "service/control/ControlMethods.h"
+
+namespace btservice {
+namespace {
+
+void Corrupt(SegmentOwner& segments, unsigned id, unsigned offset, GVariant* value) {
+  if (id >= std::size(kSegmentCatalogue)) {
+    throw std::invalid_argument("there is no segment " + std::to_string(id));
+  }
+  const SegmentEntry& entry = kSegmentCatalogue[id];
+  gsize size = 0;
+  const gconstpointer bytes = g_variant_get_fixed_array(value, &size, 1);
+  if (offset > entry.size || size > entry.size - offset) {
+    throw std::invalid_argument(std::string(entry.name) + " has " + std::to_string(entry.size) + " bytes");
+  }
+  auto* const memory = static_cast<char*>(segments.Attach(entry.id));
+  if (memory == nullptr) {
+    throw std::invalid_argument(std::string(entry.name) + " cannot be had");
+  }
+  std::memcpy(memory + offset, bytes, size);
+}
+
+/// What a variant holds; the caller owns it.
+GVariant* Content(GVariant* variant) { return g_variant_get_variant(variant); }
+
+}  // namespace
+
+void BindFaultMethods(ControlBinder binder, Breakables breakables) {
+  using F = AnswerFaults;
+  AnswerFaults& answers = breakables.answers;
+  binder.Bind(SIM_METHOD(delay_answers), answers, &F::Delay);
+  binder.Bind(SIM_METHOD(fail_answers), answers, &F::Fail);
+  binder.Bind(SIM_METHOD(replace_answers), [&answers](const gchar* method, guint count, GVariant* variant) {
+    g_autoptr(GVariant) tuple = Content(variant);
+    answers.Replace(method, count, tuple);
+  });
+  binder.Bind(SIM_METHOD(drop_answers), answers, &F::Drop);
+  binder.Bind(SIM_METHOD(answer_again), answers, &F::Clear);
+
+  binder.Bind(SIM_METHOD(emit_signal), [emit = breakables.emitSignal](const gchar* name, GVariant* variant) {
+    g_autoptr(GVariant) tuple = Content(variant);
+    emit(name, tuple);
+  });
+  binder.Bind(SIM_METHOD(corrupt_segment),
+              [&segments = breakables.segments](guint id, guint offset, GVariant* bytes) {
+                Corrupt(segments, id, offset, bytes);
+              });
+  binder.Bind(SIM_METHOD(leave_bus),
+              [leave = breakables.leaveBus](guint milliseconds) { leave(milliseconds); });
+  binder.Bind(SIM_METHOD(die), [](guint exitCode) { _exit(static_cast<int>(exitCode & 0xFF)); });
+}
+
+}  // namespace btservice

@@ -1,0 +1,48 @@
+#ifndef SERVICE_WORLD_JSONNODE_H
+#define SERVICE_WORLD_JSONNODE_H
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace btservice {
+
+/// What is wrong with a file, with its name and the line: "worlds/mine.json:12: ...".
+class FileError : public std::runtime_error {
+ public:
+  FileError(const std::string& file, int line, const std::string& what)
+      : std::runtime_error(file + ":" + std::to_string(line) + ": " + what) {}
+};
+
+/// A value of a JSON text that knows on which line it stands.
+struct JsonNode {
+  enum class Kind { NOTHING, TRUTH, INTEGER, FRACTION, TEXT, LIST, OBJECT };
+
+  Kind kind = Kind::NOTHING;
+  int line = 1;
+  bool truth = false;
+  std::int64_t integer = 0;
+  double fraction = 0;
+  std::string text;
+  std::vector<JsonNode> items;
+  std::vector<std::pair<std::string, JsonNode>> members;
+
+  /// Null if there is no such member.
+  const JsonNode* Find(const std::string& name) const;
+};
+
+/// The kind of a value in words: "a number".
+std::string Describe(const JsonNode& node);
+
+/// Parses a JSON text; // and /* */ comments are allowed. Throws FileError, also for a member that is there
+/// twice.
+JsonNode ParseJson(const std::string& text, const std::string& fileName);
+
+/// The contents of a file. Throws FileError.
+std::string ReadFile(const std::string& fileName);
+
+}  // namespace btservice
+
+#endif

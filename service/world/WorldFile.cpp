@@ -1,0 +1,142 @@
+#include "service/world/WorldFile.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "service/model/DeviceTable.h"
+#include "service/model/MadeUpContacts.h"
+#include "service/world/FieldReader.h"
+#include "service/world/VCard.h"
+#include "service/world/WorldFields.h"
+
+namespace btservice {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Where installed worlds are, and where those of the source tree are.
+const fs::path kWorldFolders[] = {BTSERVICE_INSTALLED_WORLDS, BTSERVICE_SOURCE_WORLDS};
+
+std::string FindWorld(const std::string& nameOrPath) {
+  if (nameOrPath.find('/') != std::string::npos || fs::exists(nameOrPath)) {
+    return nameOrPath;
+  }
+  std::set<std::string> shipped;
+  for (const fs::path& folder : kWorldFolders) {
+    const fs::path path = folder / (nameOrPath + ".json");
+    if (fs::exists(path)) {
+      return path.string();
+    }
+    std::error_code ignored;
+    for (const auto& entry : fs::directory_iterator(folder, ignored)) {
+      const std::string name = entry.path().filename().string();
+      if (entry.path().extension() == ".json" && name.find("schema") == std::string::npos) {
+        shipped.insert(entry.path().stem().string());
+      }
+    }
+  }
+  std::string names;
+  for (const std::string& name : shipped) {
+    names += (names.empty() ? "" : ", ") + name;
+  }
+  throw std::runtime_error("there is neither a file nor a shipped world '" + nameOrPath +
+                           "'; shipped are: " + names);
+}
+
+template <typename Source>
+Source ReadSource(const JsonNode& node, const std::string& fileName) {
+  Source source;
+  FieldReader reader(node, fileName, "");
+  DescribeFields(reader, source);
+  reader.RefuseOthers();
+  return source;
+}
+
+Contact ToContact(const PhoneBookSource::Person& person) {
+  Contact contact;
+  contact.firstName = person.firstName;
+  contact.familyName = person.familyName;
+  for (const PhoneBookSource::Number& number : person.numbers) {
+    auto group = std::find_if(contact.numbers.begin(), contact.numbers.end(),
+                              [&](const ContactNumbers& one) { return one.type == number.type; });
+    if (group == contact.numbers.end()) {
+      group = contact.numbers.insert(group, ContactNumbers{number.type, {}});
+    }
+    group->numbers.push_back(number.number);
+  }
+  return contact;
+}
+
+std::vector<Contact> ToContacts(const PhoneBookSource& source, const fs::path& folder) {
+  std::vector<Contact> contacts;
+  for (const PhoneBookSource::Person& person : source.contacts) {
+    contacts.push_back(ToContact(person));
+  }
+  if (!source.vcard.empty()) {
+    const std::string file = (folder / source.vcard).string();
+    const std::vector<Contact> cards = ParseVCards(ReadFile(file), file);
+    contacts.insert(contacts.end(), cards.begin(), cards.end());
+  }
+  const std::vector<Contact> madeUp = MadeUpContacts(source.generate);
+  contacts.insert(contacts.end(), madeUp.begin(), madeUp.end());
+  for (std::size_t i = 0; i < contacts.size(); ++i) {
+    contacts[i].id = static_cast<int>(i) + 1;
+  }
+  return contacts;
+}
+
+DeviceData ToDevice(const DeviceSource& source, const fs::path& folder) {
+  DeviceData device = source.device;
+  device.phone.contacts = ToContacts(source.phoneBook, folder);
+  device.phone.simContacts = ToContacts(source.simPhoneBook, folder);
+  return device;
+}
+
+void RefuseTwins(const World& world, const JsonNode& root, const std::string& fileName) {
+  for (std::size_t i = 0; i < world.devices.size(); ++i) {
+    for (std::size_t before = 0; before < i; ++before) {
+      if (SameAddress(world.devices[i].address, world.devices[before].address)) {
+        throw FileError(fileName, root.Find("devices")->items[i].line,
+                        "devices[" + std::to_string(i) +
+                            "].address: expected one of its own, got that of devices[" +
+                            std::to_string(before) + "]");
+      }
+    }
+  }
+}
+
+void RefuseStrangers(const WorldFile& file, const JsonNode& root, const std::string& fileName) {
+  for (std::size_t i = 0; i < file.timeline.size(); ++i) {
+    const std::string& address = file.timeline[i].device;
+    const bool known =
+        std::any_of(file.world.devices.begin(), file.world.devices.end(),
+                    [&](const DeviceData& device) { return SameAddress(device.address, address); });
+    if (!known) {
+      throw FileError(fileName, root.Find("timeline")->items[i].line,
+                      "timeline[" + std::to_string(i) +
+                          "].device: expected the address of one of the devices, got '" + address + "'");
+    }
+  }
+}
+
+}  // namespace
+
+WorldFile LoadWorld(const std::string& nameOrPath) {
+  const std::string fileName = FindWorld(nameOrPath);
+  const JsonNode root = ParseJson(ReadFile(fileName), fileName);
+  const WorldSource source = ReadSource<WorldSource>(root, fileName);
+  WorldFile file{source.world, source.timeline};
+  for (const DeviceSource& device : source.devices) {
+    file.world.devices.push_back(ToDevice(device, fs::path(fileName).parent_path()));
+  }
+  RefuseTwins(file.world, root, fileName);
+  RefuseStrangers(file, root, fileName);
+  return file;
+}
+
+DeviceData ParseDevice(const std::string& json) {
+  const std::string name = "device";
+  return ToDevice(ReadSource<DeviceSource>(ParseJson(json, name), name), fs::current_path());
+}
+
+}  // namespace btservice

@@ -1,0 +1,29 @@
+#ifndef SERVICE_WORLD_WORLDFILE_H
+#define SERVICE_WORLD_WORLDFILE_H
+
+#include <string>
+
+#include "service/model/Timeline.h"
+
+namespace btservice {
+
+/// A world and what happens in it by itself.
+struct WorldFile {
+  World world;
+  std::vector<Happening> timeline;
+};
+
+/// Reads a world. A name without a slash that is no file here is that of a shipped one: "one-phone". Throws
+/// std::runtime_error with file, line and what was expected.
+WorldFile LoadWorld(const std::string& nameOrPath);
+
+/// Reads one device from the text of a JSON object, as a world's list of devices holds them. Files it names
+/// are searched in the current directory. Throws as LoadWorld; the text is called "device".
+DeviceData ParseDevice(const std::string& json);
+
+/// The JSON Schema of world files.
+std::string WorldSchema();
+
+}  // namespace btservice
+
+#endif
