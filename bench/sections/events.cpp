@@ -86,7 +86,9 @@ class Subscription {
     g_free(ids);
   }
 
-  BtClientIpcAdapter m_adapter;
+  // Lives as long as the process: the handlers stay connected, and its end would take the segments from the
+  // client.
+  BtClientIpcAdapter& m_adapter = *new BtClientIpcAdapter;
 };
 
 /// The processor time that one event costs the thread that dispatches it. Every event is heard `hearers`

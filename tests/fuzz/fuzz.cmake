@@ -1,0 +1,19 @@
+# The readers of the lists against what a service should not write, and against random lists.
+add_library(bt_fuzz_support OBJECT
+  fuzz/Expectation.cpp
+  fuzz/GuardedMemory.cpp
+  fuzz/ListChecks.cpp
+  fuzz/ListPacker.cpp
+  fuzz/ListWorld.cpp
+  fuzz/QuietService.cpp
+  fuzz/Records.cpp)
+target_include_directories(bt_fuzz_support PUBLIC ${CMAKE_CURRENT_LIST_DIR}/..)
+target_link_libraries(bt_fuzz_support PUBLIC bt_internal PRIVATE bt_warnings)
+
+bt_add_test(NAME fuzz_test
+  SOURCES
+    mutated_segments_test.cpp
+    racing_writer_test.cpp
+    round_trip_test.cpp
+  LIBS bt_fuzz_support
+  LABELS fuzz)
