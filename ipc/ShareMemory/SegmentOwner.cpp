@@ -75,7 +75,7 @@ void SegmentOwner::Detach(Segment& segment) {
   if (segment.address != nullptr) {
     shmdt(segment.address);
   }
-  segment = Segment();
+  segment = Segment{-1, nullptr, false, segment.reportedError};
 }
 
 void SegmentOwner::ReportError(const SegmentEntry& entry, Segment& segment, int error) const {

@@ -50,14 +50,11 @@ void ServiceBus::OwnName() {
 }
 
 void ServiceBus::EmitSignal(const std::string& name, GVariant* tuple) {
+  g_autoptr(GVariant) values = g_variant_ref_sink(tuple);
   if (g_dbus_is_member_name(name.c_str()) == FALSE) {
     throw std::invalid_argument("'" + name + "' cannot be the name of a signal");
   }
-  if (g_variant_is_of_type(tuple, G_VARIANT_TYPE_TUPLE) == FALSE) {
-    throw std::invalid_argument(std::string("a signal carries a tuple, not '") +
-                                g_variant_get_type_string(tuple) + "'");
-  }
-  g_dbus_connection_emit_signal(m_connection, nullptr, kServicePath, kServiceInterface, name.c_str(), tuple,
+  g_dbus_connection_emit_signal(m_connection, nullptr, kServicePath, kServiceInterface, name.c_str(), values,
                                 nullptr);
 }
 

@@ -30,7 +30,8 @@ class ServiceBus {
   /// Asks for the name. What comes of it is one of the events.
   void OwnName();
 
-  /// Sends a signal of the service's interface with a tuple of any type. Throws std::invalid_argument.
+  /// Sends a signal of the service's interface with a tuple, which may be floating, of any types. Throws
+  /// std::invalid_argument.
   void EmitSignal(const std::string& name, GVariant* tuple);
   /// Gives up the name and takes it again after some time.
   void LeaveFor(unsigned milliseconds);

@@ -18,7 +18,7 @@ class AnswerFaults : public AnswerGate {
   void Delay(const std::string& method, unsigned count, unsigned milliseconds);
   void Fail(const std::string& method, unsigned count, const std::string& errorName,
             const std::string& message);
-  /// tuple of any type.
+  /// tuple may be floating, and of any types.
   void Replace(const std::string& method, unsigned count, GVariant* tuple);
   void Drop(const std::string& method, unsigned count);
   void Clear() { m_faults.clear(); }

@@ -24,8 +24,18 @@ void Corrupt(SegmentOwner& segments, unsigned id, unsigned offset, GVariant* val
   std::memcpy(memory + offset, bytes, size);
 }
 
-/// What a variant holds; the caller owns it.
-GVariant* Content(GVariant* variant) { return g_variant_get_variant(variant); }
+/// The floating tuple of the values in an array of variants.
+GVariant* ToTuple(GVariant* values) {
+  GVariantBuilder builder;
+  g_variant_builder_init(&builder, G_VARIANT_TYPE_TUPLE);
+  for (gsize i = 0; i < g_variant_n_children(values); ++i) {
+    GVariant* value = nullptr;
+    g_variant_get_child(values, i, "v", &value);
+    g_variant_builder_add_value(&builder, value);
+    g_variant_unref(value);
+  }
+  return g_variant_builder_end(&builder);
+}
 
 }  // namespace
 
@@ -34,16 +44,14 @@ void BindFaultMethods(ControlBinder binder, Breakables breakables) {
   AnswerFaults& answers = breakables.answers;
   binder.Bind(SIM_METHOD(delay_answers), answers, &F::Delay);
   binder.Bind(SIM_METHOD(fail_answers), answers, &F::Fail);
-  binder.Bind(SIM_METHOD(replace_answers), [&answers](const gchar* method, guint count, GVariant* variant) {
-    g_autoptr(GVariant) tuple = Content(variant);
-    answers.Replace(method, count, tuple);
+  binder.Bind(SIM_METHOD(replace_answers), [&answers](const gchar* method, guint count, GVariant* values) {
+    answers.Replace(method, count, ToTuple(values));
   });
   binder.Bind(SIM_METHOD(drop_answers), answers, &F::Drop);
   binder.Bind(SIM_METHOD(answer_again), answers, &F::Clear);
 
-  binder.Bind(SIM_METHOD(emit_signal), [emit = breakables.emitSignal](const gchar* name, GVariant* variant) {
-    g_autoptr(GVariant) tuple = Content(variant);
-    emit(name, tuple);
+  binder.Bind(SIM_METHOD(emit_signal), [emit = breakables.emitSignal](const gchar* name, GVariant* values) {
+    emit(name, ToTuple(values));
   });
   binder.Bind(SIM_METHOD(corrupt_segment),
               [&segments = breakables.segments](guint id, guint offset, GVariant* bytes) {

@@ -56,7 +56,8 @@ class FieldReader {
     }
     values.clear();
     for (const JsonNode& item : node.items) {
-      Read(item, place + "[" + std::to_string(values.size()) + "]", values.emplace_back());
+      const std::string itemPlace = place + "[" + std::to_string(values.size()) + "]";
+      Read(item, itemPlace, values.emplace_back());
     }
   }
   template <typename Value>

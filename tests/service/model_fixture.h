@@ -46,6 +46,7 @@ class EventLog : public StackObserver {
     }
     return values;
   }
+  const std::vector<StackEvent>& All() const { return m_events; }
   void Clear() { m_events.clear(); }
 
  private:

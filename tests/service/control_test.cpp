@@ -1,0 +1,267 @@
+// The controls of the simulation: making things happen, and breaking them, from outside.
+
+#include <chrono>
+#include <csignal>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "support/Segments.h"
+#include "tests/service/running_service.h"
+
+namespace btservice {
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr const char* kPhone = "00:1A:7D:DA:71:13";
+constexpr const char* kControlPath = "/com/zelk/linux/bluetooth/sim";
+constexpr const char* kControlInterface = "com.zelk.linux.bluetooth.sim";
+
+class ControlTest : public testing::Test {
+ protected:
+  ControlTest() : service({"--speed", "20", "--world", BTTEST_QUIET_WORLD}) {
+    // The phone of this world is paired, and the built-in settings connect and download without asking.
+    EXPECT_TRUE(service.WaitFor("OnPBDownloadStatus (byte 0x03, byte 0x06)"));
+    service.ForgetSignals();
+  }
+  std::string Control(const std::string& method, GVariant* arguments = nullptr) {
+    return bttest::ToText(service.CallOn(kControlPath, kControlInterface, method, arguments).get());
+  }
+  /// What is said of arguments without sense.
+  std::string ProblemOf(const std::string& method, GVariant* arguments) {
+    try {
+      Control(method, arguments);
+    } catch (const std::runtime_error& problem) {
+      return problem.what();
+    }
+    return "nothing";
+  }
+  /// The argument of type av that holds one value or more, or none.
+  static GVariant* Values(const std::vector<GVariant*>& values) {
+    GVariantBuilder builder;
+    g_variant_builder_init(&builder, G_VARIANT_TYPE("av"));
+    for (GVariant* const value : values) {
+      g_variant_builder_add(&builder, "v", value);
+    }
+    return g_variant_builder_end(&builder);
+  }
+  std::string ErrorOf(const std::string& method, GVariant* arguments = nullptr) {
+    try {
+      service.Call(method, arguments);
+    } catch (const std::runtime_error& problem) {
+      return problem.what();
+    }
+    return "nothing";
+  }
+
+  RunningService service;
+};
+
+TEST_F(ControlTest, APhoneAppears) {
+  const char* const device = R"({"address": "0A:00:00:00:00:01", "name": "Newcomer", "profiles": ["hfp"]})";
+  EXPECT_EQ(Control("AddDevice", g_variant_new("(s)", device)), "(true,)");
+  EXPECT_EQ(Control("AddDevice", g_variant_new("(s)", device)), "(false,)");
+  EXPECT_THAT(Control("ListDevices"), HasSubstr("('0A:00:00:00:00:01', 'Newcomer', true, false, false)"));
+  EXPECT_THAT(Control("ListDevices"), HasSubstr("('00:1A:7D:DA:71:13', \"Ada's phone\", true, true, true)"));
+  EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", "{\"name\": \"x\"}")),
+              HasSubstr("InvalidArgs: device:1: address: is missing"));
+}
+
+TEST_F(ControlTest, SomebodyCallsAndHangsUp) {
+  EXPECT_EQ(Control("Call", g_variant_new("(ss)", kPhone, "+49170000002")), "(true,)");
+  EXPECT_TRUE(service.WaitFor("OnCallStatusChanged (1, byte 0x05, 1)"));
+  EXPECT_EQ(Control("HangUp", g_variant_new("(si)", kPhone, 0)), "(true,)");
+  EXPECT_TRUE(service.WaitFor("OnHangupCallChanged ()"));
+  EXPECT_EQ(Control("HangUp", g_variant_new("(si)", kPhone, 0)), "(false,)");
+}
+
+TEST_F(ControlTest, ACallFromHereIsAnsweredAsOrdered) {
+  EXPECT_EQ(Control("SetCalledParty", g_variant_new("(ssu)", kPhone, "no-answer", 0)), "(true,)");
+  EXPECT_EQ(service.Ask("DialCall", g_variant_new("(s)", "112")), "(true,)");
+  ASSERT_TRUE(service.WaitFor("OnCallStatusChanged (1, byte 0x04, 1)"));
+  EXPECT_EQ(Control("AnswerCall", g_variant_new("(s)", kPhone)), "(true,)");
+  EXPECT_TRUE(service.WaitFor("OnCallStatusChanged (1, byte 0x01, 1)"));
+  EXPECT_THAT(ProblemOf("SetCalledParty", g_variant_new("(ssu)", kPhone, "shy", 0)),
+              HasSubstr("expected one of answers, busy or no-answer, got 'shy'"));
+}
+
+TEST_F(ControlTest, ThePhoneChanges) {
+  EXPECT_EQ(Control("SetBattery", g_variant_new("(si)", kPhone, 1)), "(true,)");
+  EXPECT_EQ(Control("SetBattery", g_variant_new("(si)", kPhone, 9)), "(false,)");
+  EXPECT_EQ(Control("SetSignal", g_variant_new("(si)", kPhone, 2)), "(true,)");
+  EXPECT_EQ(Control("SetRoaming", g_variant_new("(sb)", kPhone, TRUE)), "(true,)");
+  EXPECT_EQ(Control("SetOperator", g_variant_new("(ss)", kPhone, "Südfunk")), "(true,)");
+  for (const char* const signal : {"OnBtBatteryChanged (byte 0x01,)", "OnBtSignalChanged (byte 0x02,)",
+                                   "OnRoamingStatusChanged (true,)", "OnOperatorNameChanged ('Südfunk',)"}) {
+    EXPECT_TRUE(service.WaitFor(signal)) << signal;
+  }
+}
+
+TEST_F(ControlTest, MessagesMusicAndSerialData) {
+  EXPECT_EQ(Control("SendMessage", g_variant_new("(ssss)", kPhone, "AB", "Ben", "Hi")), "(true,)");
+  EXPECT_EQ(Control("ChangeMessage", g_variant_new("(sss)", kPhone, "AB", "deleted")), "(true,)");
+  EXPECT_EQ(Control("ChangeMessage", g_variant_new("(sss)", kPhone, "AB", "deleted")), "(false,)");
+  EXPECT_EQ(Control("Play", g_variant_new("(s)", kPhone)), "(true,)");
+  EXPECT_EQ(Control("RequestConnection", g_variant_new("(ss)", kPhone, "spp")), "(true,)");
+  ASSERT_TRUE(service.WaitFor("OnSppConnectStatus"));
+  GVariant* const data = g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, "a\0b", 3, 1);
+  EXPECT_EQ(Control("SendSerial", g_variant_new("(s@ay)", kPhone, data)), "(true,)");
+  for (const char* const signal :
+       {"OnMessageStatusNotify (byte 0x00, 'AB')", "OnMessageStatusNotify (byte 0x07, 'AB')",
+        "OnMediaAudioStateChanged ('00:1A:7D:DA:71:13', true)",
+        "OnSppReceiveBufferChanged ('00:1A:7D:DA:71:13', <[byte 0x61, 0x00, 0x62]>)"}) {
+    EXPECT_TRUE(service.WaitFor(signal)) << signal;
+  }
+}
+
+TEST_F(ControlTest, ALinkIsLostAndComesBack) {
+  EXPECT_EQ(Control("LoseLink", g_variant_new("(s)", kPhone)), "(true,)");
+  EXPECT_TRUE(service.WaitFor("OnConnectStatusChanged ('00:1A:7D:DA:71:13', byte 0x01, byte 0x05)"));
+  EXPECT_TRUE(service.WaitFor("OnConnectStatusChanged ('00:1A:7D:DA:71:13', byte 0x01, byte 0x02)"));
+  EXPECT_EQ(Control("SetInRange", g_variant_new("(sb)", "AA:BB:CC:DD:EE:FF", TRUE)), "(false,)");
+}
+
+TEST_F(ControlTest, AnswersComeLate) {
+  Control("DelayAnswers", g_variant_new("(suu)", "GetPowerStatus", 1, 200));
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(200));
+  const auto again = std::chrono::steady_clock::now();
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+  EXPECT_LT(std::chrono::steady_clock::now() - again, std::chrono::seconds(10));
+}
+
+TEST_F(ControlTest, ALateAnswerHoldsUpNoOther) {
+  Control("DelayAnswers", g_variant_new("(suu)", "GetCurPlayMode", 1, 60000));
+  g_dbus_connection_call(service.Connection(), kServiceName, kServicePath, kServiceName, "GetCurPlayMode",
+                         nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr, nullptr);
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+  service.Process().Signal(SIGTERM);
+  EXPECT_EQ(service.Process().Wait(), 0) << "nor the end";
+}
+
+TEST_F(ControlTest, AnswersFailAsOftenAsOrdered) {
+  Control("FailAnswers", g_variant_new("(suss)", "DialCall", 2, "org.example.Tired", "not today"));
+  EXPECT_THAT(ErrorOf("DialCall", g_variant_new("(s)", "112")), HasSubstr("org.example.Tired: not today"));
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)") << "others are answered";
+  EXPECT_THAT(ErrorOf("DialCall", g_variant_new("(s)", "112")), HasSubstr("not today"));
+  EXPECT_EQ(service.Ask("GetCurCallCount"), "(uint32 0,)") << "nothing was dialed";
+  EXPECT_EQ(service.Ask("DialCall", g_variant_new("(s)", "112")), "(true,)");
+}
+
+TEST_F(ControlTest, AnswersAreOdd) {
+  Control("ReplaceAnswers", g_variant_new("(su@av)", "GetPowerStatus", 1, Values({g_variant_new_byte(200)})));
+  Control("ReplaceAnswers",
+          g_variant_new("(su@av)", "GetPowerStatus", 1,
+                        Values({g_variant_new_string("what"), g_variant_new_boolean(TRUE)})));
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0xc8,)");
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "('what', true)");
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+}
+
+TEST_F(ControlTest, AnswersDoNotComeUntilTheyDoAgain) {
+  Control("DropAnswers", g_variant_new("(su)", "*", 1000));
+  bool answered = false;
+  const auto onReply = [](GObject* connection, GAsyncResult* result, gpointer flag) {
+    const bttest::VariantPtr reply(
+        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr));
+    *static_cast<bool*>(flag) = true;
+  };
+  g_dbus_connection_call(service.Connection(), kServiceName, kServicePath, kServiceName, "GetPowerStatus",
+                         nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, onReply, &answered);
+  Control("AnswerAgain");
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+  bttest::RunPending();
+  EXPECT_FALSE(answered) << "though one asked later was";
+}
+
+TEST_F(ControlTest, OrdersWithoutSenseAreRefused) {
+  EXPECT_THAT(ProblemOf("DropAnswers", g_variant_new("(su)", "Fly", 1)),
+              HasSubstr("the service has no method 'Fly'"));
+  EXPECT_THAT(ProblemOf("FailAnswers", g_variant_new("(suss)", "*", 1, "nonsense", "")),
+              HasSubstr("'nonsense' is not a D-Bus error name"));
+  EXPECT_THAT(ProblemOf("EmitSignal", g_variant_new("(s@av)", "no name", Values({}))),
+              HasSubstr("cannot be the name of a signal"));
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+}
+
+TEST_F(ControlTest, AnySignalIsSentWithAnyValues) {
+  Control("EmitSignal",
+          g_variant_new("(s@av)", "OnCallStatusChanged",
+                        Values({g_variant_new_int32(-1), g_variant_new_byte(255), g_variant_new_int32(99)})));
+  Control("EmitSignal", g_variant_new("(s@av)", "OnNeverHeardOf", Values({g_variant_new_string("?")})));
+  EXPECT_TRUE(service.WaitFor("OnCallStatusChanged (-1, byte 0xff, 99)"));
+  EXPECT_TRUE(service.WaitFor("OnNeverHeardOf ('?',)"));
+  Control("EmitSignal", g_variant_new("(s@av)", "OnHangupCallChanged", Values({})));
+  EXPECT_TRUE(service.WaitFor("OnHangupCallChanged ()"));
+}
+
+TEST_F(ControlTest, ASegmentIsCorrupted) {
+  GVariant* const bytes = g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, "\xFF\xFF\xFF\x7F", 4, 1);
+  Control("CorruptSegment", g_variant_new("(uu@ay)", SH_CONTACT_LIST, 0, bytes));
+  EXPECT_THAT(bttest::ReadSegment(SH_CONTACT_LIST, 0, 4), testing::ElementsAre(0xFF, 0xFF, 0xFF, 0x7F));
+  EXPECT_EQ(service.Ask("GetContactList"), "(true,)");
+  EXPECT_NE(bttest::ReadSegment(SH_CONTACT_LIST, 0, 4)[3], 0x7F) << "publishing repairs it";
+  const auto order = [](unsigned id, unsigned offset) {
+    return g_variant_new("(uu@ay)", id, offset, g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, "abc", 3, 1));
+  };
+  EXPECT_THAT(ProblemOf("CorruptSegment", order(8, 0)), HasSubstr("there is no segment 8"));
+  EXPECT_THAT(ProblemOf("CorruptSegment", order(SH_BT_PARAMETER, 38)),
+              HasSubstr("SH_BT_PARAMETER has 40 bytes"));
+  EXPECT_THAT(ProblemOf("CorruptSegment", order(SH_BT_PARAMETER, 0xFFFFFFFF)), HasSubstr("has 40 bytes"));
+}
+
+TEST_F(ControlTest, TheServiceLeavesTheBusAndComesBack) {
+  Control("LeaveBus", g_variant_new("(u)", 100));
+  EXPECT_TRUE(bttest::RunUntil([this] { return ErrorOf("GetPowerStatus") != "nothing"; }));
+  EXPECT_TRUE(bttest::RunUntil([this] { return ErrorOf("GetPowerStatus") == "nothing"; }));
+  EXPECT_EQ(service.Ask("GetContactCount"), "(6,)") << "it is still the same one";
+}
+
+TEST_F(ControlTest, TheServiceDies) {
+  EXPECT_THAT(ProblemOf("Die", g_variant_new("(u)", 42)), HasSubstr("NoReply"));
+  EXPECT_EQ(service.Process().Wait(), 42);
+  EXPECT_TRUE(bttest::FindSegment(SH_CONTACT_LIST)) << "nothing was cleaned up";
+}
+
+TEST_F(ControlTest, TheTimeIsTold) {
+  EXPECT_THAT(Control("GetTime"), StartsWith("(int64 "));
+  EXPECT_THAT(Control("GetTime"), HasSubstr(", 20.0)"));
+}
+
+TEST(WorldOptionTest, ABadWorldIsRefused) {
+  bttest::ChildProcess process({kExecutable, "--world", "/nowhere.json"});
+  EXPECT_EQ(process.Wait(), 5);
+  EXPECT_THAT(process.Errors(),
+              HasSubstr("btservice: /nowhere.json: cannot be read: No such file or directory"));
+}
+
+TEST(WorldOptionTest, TheSchemaIsShown) {
+  bttest::ChildProcess process({kExecutable, "--world-schema"});
+  EXPECT_EQ(process.Wait(), 0);
+  EXPECT_THAT(process.Output(), HasSubstr("\"$schema\""));
+}
+
+TEST(StateOptionTest, PairedDevicesSurviveTheService) {
+  const std::vector<std::string> options{"--speed", "100"};
+  {
+    RunningService service(options);
+    ASSERT_TRUE(service.WaitFor("OnOpenBtStatusChanged (byte 0x01,)"));
+    ASSERT_EQ(service.Ask("Pair", g_variant_new("(ss)", "00:02:EE:5A:10:4C", "1234")), "(byte 0x01,)");
+    ASSERT_TRUE(service.WaitFor("OnPairStatusChanged (byte 0x02"));
+    service.Process().Kill();
+  }
+  {
+    RunningService service(options);
+    EXPECT_EQ(service.Ask("GetPairListIndexByAddress", g_variant_new("(s)", "00:02:EE:5A:10:4C")), "(0,)");
+  }
+  RunningService service({"--no-state"});
+  EXPECT_EQ(service.Ask("GetPairListIndexByAddress", g_variant_new("(s)", "00:02:EE:5A:10:4C")), "(-1,)");
+}
+
+}  // namespace
+}  // namespace btservice

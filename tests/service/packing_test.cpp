@@ -1,0 +1,156 @@
+#include <cstring>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "service/segments/Records.h"
+
+namespace btservice {
+namespace {
+
+using testing::ElementsAreArray;
+
+/// What a segment should hold, written by hand.
+class Expected {
+ public:
+  Expected& Int(std::int32_t value) {
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(&value);
+    contents.insert(contents.end(), bytes, bytes + 4);
+    return *this;
+  }
+  Expected& Text(const std::string& text) {
+    contents.insert(contents.end(), text.begin(), text.end());
+    contents.push_back(0);
+    return *this;
+  }
+  Bytes contents;
+};
+
+TEST(ListPackerTest, AnEmptyListIsACountOfZero) {
+  EXPECT_THAT(ListPacker(100).Contents(), ElementsAreArray(Expected().Int(0).contents));
+}
+
+TEST(ListPackerTest, ItemsLieSideBySideWithoutPadding) {
+  ListPacker packer(100);
+  packer.Put("abc").Put(7).Put("").Put(-1).EndRecord();
+  EXPECT_THAT(packer.Contents(),
+              ElementsAreArray(Expected().Int(1).Text("abc").Int(7).Text("").Int(-1).contents));
+}
+
+TEST(ListPackerTest, ATextEndsAtANul) {
+  ListPacker packer(100);
+  packer.Put(std::string("ab\0cd", 5)).EndRecord();
+  EXPECT_THAT(packer.Contents(), ElementsAreArray(Expected().Int(1).Text("ab").contents));
+}
+
+TEST(ListPackerTest, AListThatIsTooLargeEndsWithTheLastWholeRecord) {
+  ListPacker packer(4 + 2 * 6 + 5);
+  EXPECT_TRUE(packer.Put(1).Put("a").EndRecord());
+  EXPECT_TRUE(packer.Put(2).Put("b").EndRecord());
+  EXPECT_FALSE(packer.Put(3).Put("c").EndRecord());
+  EXPECT_FALSE(packer.Put("").EndRecord()) << "though it would fit";
+  EXPECT_EQ(packer.Count(), 2);
+  EXPECT_THAT(packer.Contents(),
+              ElementsAreArray(Expected().Int(2).Int(1).Text("a").Int(2).Text("b").contents));
+}
+
+TEST(ListPackerTest, AListMayFillItsSegmentToTheLastByte) {
+  ListPacker packer(4 + 6);
+  EXPECT_TRUE(packer.Put(1).Put("a").EndRecord());
+  EXPECT_EQ(packer.Contents().size(), 10U);
+}
+
+TEST(RecordsTest, AContactWithGroupsOfNumbers) {
+  Contact contact;
+  contact.id = 7;
+  contact.firstName = "Zoë";
+  contact.familyName = "Zimmer";
+  contact.numbers = {{NUMBER_MOBILE, {"1", "22"}}, {NUMBER_WORK, {}}};
+  EXPECT_THAT(PackList<Contact>({contact}, 1000).Contents(), ElementsAreArray(Expected()
+                                                                                  .Int(1)
+                                                                                  .Int(7)
+                                                                                  .Text("Zoë")
+                                                                                  .Text("Zimmer")
+                                                                                  .Int(2)
+                                                                                  .Int(NUMBER_MOBILE)
+                                                                                  .Int(2)
+                                                                                  .Text("1")
+                                                                                  .Text("22")
+                                                                                  .Int(NUMBER_WORK)
+                                                                                  .Int(0)
+                                                                                  .contents));
+}
+
+TEST(RecordsTest, ACallLogEntryHasItsNumbersBeforeItsTexts) {
+  CallLogEntry entry;
+  entry.id = 3;
+  entry.type = CALL_LOG_MISSED;
+  entry.contactId = 9;
+  entry.name = "Ben";
+  entry.number = "112";
+  entry.date = "2026-05-29";
+  entry.time = "18:05:10";
+  entry.seconds = 61;
+  EXPECT_THAT(PackList<CallLogEntry>({entry}, 1000).Contents(),
+              ElementsAreArray(Expected()
+                                   .Int(1)
+                                   .Int(3)
+                                   .Int(9)
+                                   .Int(BT_PBAP_MISSED_HISTORY)
+                                   .Text("Ben")
+                                   .Text("112")
+                                   .Text("2026-05-29")
+                                   .Text("18:05:10")
+                                   .Text("61")
+                                   .contents));
+}
+
+TEST(RecordsTest, TheCallTableAlwaysHasTwoSlots) {
+  CallInfo call;
+  call.id = 1;
+  call.status = BT_CALL_ACTIVE;
+  call.incoming = true;
+  call.seconds = 12;
+  call.number = "112";
+  call.name = "Help";
+  call.deviceAddress = "00:1A:7D:DA:71:13";
+  Expected expected;
+  expected.Int(1);
+  expected.Int(1).Int(BT_CALL_ACTIVE).Int(1).Int(0).Int(12);
+  expected.Text("112").Text("Help").Text("00:1A:7D:DA:71:13");
+  expected.Int(0).Int(0).Int(0).Int(0).Int(0).Text("").Text("").Text("");
+  EXPECT_THAT(PackCallTable({call}, 2048), ElementsAreArray(expected.contents));
+}
+
+TEST(RecordsTest, TheCallTableFitsWhateverTheTexts) {
+  CallInfo call;
+  call.number = call.name = call.deviceAddress = std::string(5000, 'x');
+  const Bytes contents = PackCallTable({call, call, call}, 2048);
+  EXPECT_LE(contents.size(), 2048U);
+  std::int32_t count = 0;
+  std::memcpy(&count, contents.data(), sizeof(count));
+  EXPECT_EQ(count, 3) << "the number of calls, not of slots";
+  EXPECT_EQ(contents.size(), 4U + 2 * (20 + 3 * 256));
+}
+
+TEST(RecordsTest, ADeviceOfThePairedList) {
+  DeviceInfo device;
+  device.address = "00:1A:7D:DA:71:13";
+  device.name = "Phone";
+  device.connected = BT_PROFILE_HFP;
+  device.status = BT_CONN_CONNECTED;
+  device.support = BT_SUPPORT_PHONE_LINK;
+  EXPECT_THAT(PackList<DeviceInfo>({device}, 1000).Contents(),
+              ElementsAreArray(Expected()
+                                   .Int(1)
+                                   .Int(BT_PROFILE_HFP)
+                                   .Int(BT_PROFILE_HFP_A2DP)
+                                   .Int(BT_CONN_CONNECTED)
+                                   .Int(BT_SUPPORT_PHONE_LINK)
+                                   .Text("00:1A:7D:DA:71:13")
+                                   .Text("Phone")
+                                   .contents));
+}
+
+}  // namespace
+}  // namespace btservice

@@ -1,0 +1,119 @@
+// The process: command line, place on the bus, end, and what it leaves behind.
+
+#include <csignal>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "support/Segments.h"
+#include "tests/service/running_service.h"
+
+namespace btservice {
+namespace {
+
+using bttest::ChildProcess;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+int SegmentsLeft() {
+  int left = 0;
+  for (const SegmentEntry& entry : kSegmentCatalogue) {
+    left += bttest::FindSegment(entry.id).has_value();
+  }
+  return left;
+}
+
+TEST(ServiceProcessTest, TellsHowItIsUsed) {
+  ChildProcess help({kExecutable, "--help"});
+  EXPECT_EQ(help.Wait(), 0);
+  for (const char* const word : {"--speed", "--keep-segments", "--version", "Exit codes"}) {
+    EXPECT_THAT(help.Output(), HasSubstr(word));
+  }
+  ChildProcess version({kExecutable, "--version"});
+  EXPECT_EQ(version.Wait(), 0);
+  EXPECT_EQ(version.Output(), "btservice 1.0.0\n");
+}
+
+TEST(ServiceProcessTest, RefusesACommandLineWithoutSense) {
+  for (const std::vector<std::string>& words : {std::vector<std::string>{"--fast"},
+                                                {"--speed", "0"},
+                                                {"--speed", "-1"},
+                                                {"--speed", "x"},
+                                                {"please"}}) {
+    std::vector<std::string> command{kExecutable};
+    command.insert(command.end(), words.begin(), words.end());
+    ChildProcess process(command);
+    EXPECT_EQ(process.Wait(), 2) << words[0];
+    EXPECT_THAT(process.Errors(), StartsWith("btservice: ")) << words[0];
+    EXPECT_EQ(process.Output(), "") << words[0];
+  }
+}
+
+TEST(ServiceProcessTest, NeedsABus) {
+  ChildProcess process({kExecutable}, {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"}});
+  EXPECT_EQ(process.Wait(), 4);
+  EXPECT_THAT(process.Errors(), HasSubstr("there is no session bus"));
+}
+
+TEST(ServiceProcessTest, EndsOnSigtermAndLeavesNoSegment) {
+  RunningService service;
+  ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
+  service.Process().Signal(SIGTERM);
+  EXPECT_EQ(service.Process().Wait(), 0);
+  EXPECT_EQ(SegmentsLeft(), 0);
+}
+
+TEST(ServiceProcessTest, EndsOnSigint) {
+  RunningService service;
+  service.Process().Signal(SIGINT);
+  EXPECT_EQ(service.Process().Wait(), 0);
+}
+
+TEST(ServiceProcessTest, LeavesItsSegmentsIfToldTo) {
+  RunningService service({"--keep-segments"});
+  ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
+  service.Process().Signal(SIGTERM);
+  EXPECT_EQ(service.Process().Wait(), 0);
+  EXPECT_EQ(SegmentsLeft(), 8);
+}
+
+TEST(ServiceProcessTest, LeavesTheSegmentsOfOthers) {
+  bttest::CreateSegment(SH_CONTACT_LIST, kSegmentCatalogue[SH_CONTACT_LIST].size);
+  RunningService service;
+  ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
+  service.Process().Signal(SIGTERM);
+  EXPECT_EQ(service.Process().Wait(), 0);
+  EXPECT_EQ(SegmentsLeft(), 1);
+  EXPECT_TRUE(bttest::FindSegment(SH_CONTACT_LIST));
+}
+
+TEST(ServiceProcessTest, EndsWithTheBusAndLeavesNoSegment) {
+  RunningService service;
+  ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
+  service.Bus().Stop();
+  EXPECT_EQ(service.Process().Wait(), 0);
+  EXPECT_EQ(SegmentsLeft(), 0);
+}
+
+TEST(ServiceProcessTest, RefusesToBeTheSecondOnABus) {
+  RunningService service;
+  ASSERT_EQ(service.Ask("GetContactList"), "(true,)");
+  ChildProcess second({kExecutable});
+  EXPECT_EQ(second.Wait(), 3);
+  EXPECT_EQ(second.Errors(),
+            "btservice: com.zelk.linux.bluetooth has an owner on this bus already; end that service first\n");
+  EXPECT_EQ(SegmentsLeft(), 8) << "those of the first are untouched";
+  EXPECT_EQ(service.Ask("GetContactList"), "(true,)");
+}
+
+TEST(ServiceProcessTest, TimeCanRunFast) {
+  RunningService service({"--speed", "1000"});
+  // An hour of model time without the fast clock would not end within any bound.
+  ASSERT_TRUE(service.WaitFor("OnOpenBtStatusChanged (byte 0x01,)"));
+  ASSERT_EQ(service.Ask("SetScanAction", g_variant_new("(b)", TRUE)), "(true,)");
+  EXPECT_TRUE(service.WaitFor("OnScanStatusChanged (byte 0x00,)"));
+}
+
+}  // namespace
+}  // namespace btservice

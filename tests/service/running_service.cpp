@@ -1,0 +1,79 @@
+#include "tests/service/running_service.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <stdexcept>
+
+namespace btservice {
+
+bttest::ConnectionPtr ConnectToBus() {
+  bttest::ErrorCollector error;
+  bttest::ConnectionPtr connection(g_dbus_connection_new_for_address_sync(
+      std::getenv("DBUS_SESSION_BUS_ADDRESS"),
+      static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                        G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+      nullptr, nullptr, error));
+  error.ThrowIfSet("connecting to the bus");
+  return connection;
+}
+
+RunningService::RunningService(const std::vector<std::string>& options) {
+  std::vector<std::string> command{kExecutable};
+  command.insert(command.end(), options.begin(), options.end());
+  m_connection = ConnectToBus();
+  m_subscription =
+      g_dbus_connection_signal_subscribe(m_connection.get(), kServiceName, kServiceName, nullptr, nullptr,
+                                         nullptr, G_DBUS_SIGNAL_FLAGS_NONE, OnSignal, this, nullptr);
+  m_process = std::make_unique<bttest::ChildProcess>(command);
+  if (!bttest::RunUntil([this] { return IsOwned() || !m_process->IsAlive(); }) || !m_process->IsAlive()) {
+    throw std::runtime_error("btservice did not come up: " + m_process->Errors());
+  }
+}
+
+RunningService::~RunningService() {
+  g_dbus_connection_signal_unsubscribe(m_connection.get(), m_subscription);
+}
+
+bool RunningService::IsOwned() {
+  const bttest::VariantPtr reply(g_dbus_connection_call_sync(
+      m_connection.get(), "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "NameHasOwner",
+      g_variant_new("(s)", kServiceName), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
+  gboolean owned = FALSE;
+  if (reply != nullptr) {
+    g_variant_get(reply.get(), "(b)", &owned);
+  }
+  return owned != FALSE;
+}
+
+bttest::VariantPtr RunningService::Call(const std::string& method, GVariant* arguments) {
+  return CallOn(kServicePath, kServiceName, method, arguments);
+}
+
+bttest::VariantPtr RunningService::CallOn(const char* path, const char* interface, const std::string& method,
+                                          GVariant* arguments) {
+  bttest::ErrorCollector error;
+  bttest::VariantPtr reply(g_dbus_connection_call_sync(m_connection.get(), kServiceName, path, interface,
+                                                       method.c_str(), arguments, nullptr,
+                                                       G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, error));
+  error.ThrowIfSet(method);
+  return reply;
+}
+
+std::string RunningService::Ask(const std::string& method, GVariant* arguments) {
+  return bttest::ToText(Call(method, arguments).get());
+}
+
+bool RunningService::WaitFor(const std::string& beginning) {
+  return bttest::RunUntil([&] {
+    return std::any_of(m_signals.begin(), m_signals.end(),
+                       [&](const std::string& text) { return text.rfind(beginning, 0) == 0; });
+  });
+}
+
+void RunningService::OnSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* name,
+                              GVariant* arguments, gpointer self) {
+  static_cast<RunningService*>(self)->m_signals.push_back(std::string(name) + " " +
+                                                          bttest::ToText(arguments));
+}
+
+}  // namespace btservice

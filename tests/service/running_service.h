@@ -1,0 +1,62 @@
+#ifndef TESTS_SERVICE_RUNNING_SERVICE_H
+#define TESTS_SERVICE_RUNNING_SERVICE_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gio/gio.h>
+
+#include "support/BusDaemon.h"
+#include "support/ChildProcess.h"
+#include "support/GlibPointers.h"
+#include "support/MainLoop.h"
+
+namespace btservice {
+
+constexpr const char* kExecutable = "/app/bin/btservice";
+constexpr const char* kServiceName = "com.zelk.linux.bluetooth";
+constexpr const char* kServicePath = "/com/zelk/linux/bluetooth";
+
+/// A btservice on a bus of its own, and a connection to that bus that knows nothing of the library.
+class RunningService {
+ public:
+  explicit RunningService(const std::vector<std::string>& options = {});
+  ~RunningService();
+
+  bttest::BusDaemon& Bus() { return m_bus; }
+  bttest::ChildProcess& Process() { return *m_process; }
+  GDBusConnection* Connection() { return m_connection.get(); }
+
+  /// A call's reply. arguments is a tuple, or null for none. Throws if the call fails.
+  bttest::VariantPtr Call(const std::string& method, GVariant* arguments = nullptr);
+  /// The reply as text, such as "(byte 0x01,)".
+  std::string Ask(const std::string& method, GVariant* arguments = nullptr);
+  /// As Call, for an object of another interface and path on the same connection.
+  bttest::VariantPtr CallOn(const char* path, const char* interface, const std::string& method,
+                            GVariant* arguments);
+
+  /// Signals that have come so far: "OnOpenBtStatusChanged (byte 0x03,)".
+  const std::vector<std::string>& Signals() const { return m_signals; }
+  /// Waits for a signal whose text begins like this.
+  bool WaitFor(const std::string& beginning);
+  void ForgetSignals() { m_signals.clear(); }
+
+ private:
+  static void OnSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* name,
+                       GVariant* arguments, gpointer self);
+  bool IsOwned();
+
+  bttest::BusDaemon m_bus;
+  std::unique_ptr<bttest::ChildProcess> m_process;
+  bttest::ConnectionPtr m_connection;
+  guint m_subscription = 0;
+  std::vector<std::string> m_signals;
+};
+
+/// A connection to the bus of the environment.
+bttest::ConnectionPtr ConnectToBus();
+
+}  // namespace btservice
+
+#endif

@@ -1,0 +1,145 @@
+#include <filesystem>
+#include <fstream>
+
+#include "service/state/StateFile.h"
+#include "service/world/JsonNode.h"
+#include "support/LogCapture.h"
+#include "support/TemporaryDirectory.h"
+#include "tests/service/model_fixture.h"
+
+namespace btservice {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class StateFileTest : public ModelTest {
+ protected:
+  std::string Path() const { return directory.Path().string() + "/deep/state.json"; }
+
+  /// Another start of the service in the same world.
+  std::vector<std::string> PairedAfterRestart(World again = BuiltInWorld()) {
+    StateFile file(Path());
+    file.Restore(again);
+    ManualScheduler clock;
+    SimulatedStack next(clock, again);
+    std::vector<std::string> addresses;
+    for (const DeviceInfo& device : next.Devices().PairedDevices()) {
+      addresses.push_back(device.address);
+    }
+    return addresses;
+  }
+  void PairByKey(const std::string& address) {
+    ASSERT_TRUE(Stack().Devices().SetOobLinkKey(address, Bytes(16)));
+    Pass(world.delays.oobKey);
+  }
+
+  bttest::TemporaryDirectory directory;
+};
+
+TEST_F(StateFileTest, PairedDevicesAndTheirOrderSurvive) {
+  StateFile file(Path());
+  file.Follow(Stack());
+  PowerOn();
+  PairByKey(kAccessory);
+  PairByKey(kSmartphone);
+  EXPECT_THAT(PairedAfterRestart(), ElementsAre(kSmartphone, kAccessory));
+  Stack().Devices().MovePairing(kAccessory, 0);
+  EXPECT_THAT(PairedAfterRestart(), ElementsAre(kAccessory, kSmartphone));
+  Stack().Devices().DeletePairings();
+  Pass(world.delays.deletePairing);
+  EXPECT_THAT(PairedAfterRestart(), IsEmpty());
+}
+
+TEST_F(StateFileTest, AttributesSurvive) {
+  StateFile file(Path());
+  file.Follow(Stack());
+  Stack().Adapter().SetAttribute(BT_ATTR_LOCAL_NAME, "Änne's \"car\"");
+  Stack().Adapter().SetAttribute(BT_ATTR_PIN_CODE, "4711");
+  World again = BuiltInWorld();
+  StateFile(Path()).Restore(again);
+  EXPECT_EQ(again.adapter.name, "Änne's \"car\"");
+  EXPECT_EQ(again.adapter.pin, "4711");
+}
+
+TEST_F(StateFileTest, TheFileDecidesWhoIsPaired) {
+  {
+    StateFile file(Path());
+    file.Follow(Stack());
+    Stack().Adapter().SetAttribute(BT_ATTR_LOCAL_NAME, "Car");
+  }
+  World again = BuiltInWorld();
+  again.devices[0].paired = true;
+  EXPECT_THAT(PairedAfterRestart(again), IsEmpty());
+}
+
+TEST_F(StateFileTest, ADeviceThatHasLeftTheWorldStaysPaired) {
+  StateFile file(Path());
+  file.Follow(Stack());
+  PowerOn();
+  PairByKey(kSmartphone);
+  World again;
+  EXPECT_THAT(PairedAfterRestart(again), ElementsAre(kSmartphone));
+  StateFile(Path()).Restore(again);
+  EXPECT_EQ(again.devices[0].name, "Ada's phone");
+  EXPECT_FALSE(again.devices[0].inRange);
+}
+
+TEST_F(StateFileTest, WithoutAFileTheWorldStaysAsItIs) {
+  World again = BuiltInWorld();
+  again.devices[0].paired = true;
+  EXPECT_THAT(PairedAfterRestart(again), ElementsAre(kSmartphone));
+}
+
+TEST_F(StateFileTest, WithoutAPathNothingIsKept) {
+  StateFile file("");
+  file.Restore(world);
+  file.Follow(Stack());
+  Stack().Adapter().SetAttribute(BT_ATTR_LOCAL_NAME, "Car");
+  EXPECT_TRUE(std::filesystem::is_empty(directory.Path()));
+}
+
+TEST_F(StateFileTest, AFileWithoutSenseIsPutAside) {
+  std::filesystem::create_directories(directory.Path().string() + "/deep");
+  for (const char* const text :
+       {"nonsense", "{}", "[1]", R"({"format": 2, "attributes": {}, "paired": []})",
+        R"({"format": 1, "attributes": {"name": 3}, "paired": []})",
+        R"({"format": 1, "attributes": {"name": "n", "pin": "1", "classOfDevice": "340408",
+            "downloadFolder": "/"}, "paired": [{"address": "x", "name": "y"}]})"}) {
+    std::ofstream(Path()) << text;
+    bttest::LogCapture capture;
+    World again = BuiltInWorld();
+    StateFile(Path()).Restore(again);
+    EXPECT_EQ(again.adapter.name, "Head Unit") << text;
+    EXPECT_EQ(again.devices.size(), 3U) << text;
+    EXPECT_FALSE(std::filesystem::exists(Path())) << text;
+    EXPECT_EQ(ReadFile(Path() + ".broken"), text);
+    ASSERT_EQ(capture.OfLevel(100).size(), 1U) << text;
+    EXPECT_THAT(capture.OfLevel(100)[0].message, HasSubstr(Path() + ": not a state of this service")) << text;
+  }
+}
+
+TEST_F(StateFileTest, AFileThatCannotBeWrittenIsToldSo) {
+  std::ofstream(directory.Path().string() + "/deep") << "in the way";
+  bttest::LogCapture capture;
+  StateFile file(Path());
+  file.Follow(Stack());
+  Stack().Adapter().SetAttribute(BT_ATTR_LOCAL_NAME, "Car");
+  ASSERT_EQ(capture.OfLevel(100).size(), 1U);
+  EXPECT_THAT(capture.OfLevel(100)[0].message, HasSubstr("cannot be written"));
+}
+
+TEST_F(StateFileTest, WhatIsNotKeptDoesNotTouchTheFile) {
+  StateFile file(Path());
+  file.Follow(Stack());
+  PowerOn();
+  PairByKey(kAccessory);
+  const auto written = std::filesystem::last_write_time(Path());
+  Stack().Devices().Connect(kAccessory, BT_PROFILE_SPP, false);
+  Pass(std::chrono::seconds(5));
+  EXPECT_EQ(std::filesystem::last_write_time(Path()), written);
+}
+
+}  // namespace
+}  // namespace btservice
