@@ -41,6 +41,10 @@ inline std::string ToText(MWPBtType::ConnStatus status) {
   return WordFor(
       status, {"disconnected", "connecting", "connected", "disconnecting", "failed", "link lost", "unknown"});
 }
+inline std::string ToText(MWPBtType::CallStatus status) {
+  return WordFor(status,
+                 {"over", "active", "held", "dialing", "alerting", "incoming", "waiting", "response held"});
+}
 inline std::string ToText(MWPBtType::MusicPlayStatus status) {
   return WordFor(status, {"stopped", "playing", "paused", "fast forward", "fast reverse"});
 }
@@ -77,10 +81,9 @@ inline void ShowLine(const std::string& text) {
 /// Shows an event and its values.
 template <typename... Values>
 void ShowEvent(const char* event, const Values&... values) {
-  std::string line = std::string("event    ") + event;
-  const char* separator = ": ";
-  (void)std::initializer_list<int>{(line += separator + ToText(values), separator = ", ", 0)...};
-  ShowLine(line);
+  std::string list;
+  ((list += (list.empty() ? ": " : ", ") + ToText(values)), ...);
+  ShowLine(std::string("event    ") + event + list);
 }
 
 /// Shows a request and what it answered; hands the answer on.

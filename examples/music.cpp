@@ -26,9 +26,8 @@ class Hearing : public IMWPBtMediaListener {
   static constexpr int kTracks = 2;
 
   void OnAudioTrackChanged() override {
-    MWPTypeMediaInfo track;
-    m_media.GetMediaInfo(track);
-    ShowEvent("OnAudioTrackChanged", track.track, track.title, track.artist, track.album);
+    ShowEvent("OnAudioTrackChanged");
+    ShowTrack();
   }
 
   void OnCurPositionChanged(int position, int totalLength) override {
@@ -42,9 +41,18 @@ class Hearing : public IMWPBtMediaListener {
 
   void OnBtMusicPlayChanged(MusicPlayStatus status) override {
     ShowEvent("OnBtMusicPlayChanged", status);
-    if (status == BT_MUSIC_PAUSED && m_positions >= kPositionsOfATrack * kTracks) {
+    if (status == BT_MUSIC_PLAYING) {
+      ShowTrack();
+    } else if (status == BT_MUSIC_PAUSED && m_positions >= kPositionsOfATrack * kTracks) {
       m_loop.End(true);
     }
+  }
+
+  void ShowTrack() {
+    MWPTypeMediaInfo track;
+    m_media.GetMediaInfo(track);
+    ShowLine("track " + track.track + " of " + track.numOfTracks + ": " + track.title + ", by " +
+             track.artist);
   }
 
   Loop& m_loop;
