@@ -21,8 +21,8 @@ class MWP_BT_API BtClientIpcAdapter {
  public:
   /// Attaches the shared memory segments. Makes no connection.
   BtClientIpcAdapter();
-  /// Gives up all segments but SH_CALL_INFO_LIST, which stays attached. The proxy and its signal handlers
-  /// stay as they are.
+  /// Forgets the address of every segment but SH_CALL_INFO_LIST; all stay attached. The proxy and its signal
+  /// handlers stay as they are.
   ~BtClientIpcAdapter();
 
   /// Attaches the eight segments, and fills the parameter segment if nobody has. Returns whether the
@@ -34,6 +34,7 @@ class MWP_BT_API BtClientIpcAdapter {
   /// Makes the proxy, checks that the service is on the bus and subscribes to its signals. Each call that
   /// gets as far as the subscription subscribes anew, on a new proxy.
   bool InitDBusConnect();
+  /// Connects a handler to each of the service's 58 signals; of InitDBusConnect alone.
   void RegisterDBusSignal();
 
   // Adapter, pairing, connections and paired devices
@@ -135,8 +136,8 @@ class MWP_BT_API BtClientIpcAdapter {
   int GetSupportPlayMode(std::vector<MWPTypePlayMode>& modes);
   int GetCurPlayMode(std::vector<MWPTypePlayMode>& modes);
 
-  // Phone book and call logs. The lists are published by the service in shared memory and read there. If the
-  // call fails, the answer is 1 and the list stays as it was.
+  // Phone book and call logs. The three lists are published by the service in shared memory and read there;
+  // if the call fails, their answer is 1 and the list stays as it was.
   int StartPhoneBookDownload(MWPBtType::PbapType type);
   int StopPhoneBookDownload();
   int GetContactCount();

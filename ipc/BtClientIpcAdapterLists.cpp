@@ -159,7 +159,8 @@ void UnpackList(const char* method, ShareMemID id, std::size_t smallestRecord, s
   const unsigned char* const end = segment.begin + segment.size;
   SegmentReader reader(unpack.Cursor(), end);
 
-  // A count that cannot be true still leaves the records themselves: they are read until only zeros are left.
+  // A count too large to be true still leaves the records themselves: they are read until only zeros are
+  // left. A negative one announces none.
   const int announced = count;
   const bool isPossible = IsPossible(count, smallestRecord, reader);
   const unsigned char* const dataEnd = isPossible ? end : EndOfData(unpack.Cursor(), end);
@@ -227,7 +228,13 @@ int BtClientIpcAdapter::GetCurrentCallInfo(MWPTypeCallInfo& info) {
   for (MWPTypeCallSlot* slot : {&info.callSlot1, &info.callSlot2}) {
     const std::size_t offset = static_cast<std::size_t>(reader.Cursor() - segment.begin);
     MWPTypeCallSlot whole;
-    if (const Fault fault = ReadCallSlot(reader, whole)) {
+    Fault fault = kNoFault;
+    try {
+      fault = ReadCallSlot(reader, whole);
+    } catch (const std::bad_alloc&) {
+      fault = kOutOfMemory;
+    }
+    if (fault != kNoFault) {
       LogFault(__func__, SH_CALL_INFO_LIST, "slot", number, offset, fault);
       break;
     }

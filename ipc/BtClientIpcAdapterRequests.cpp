@@ -39,6 +39,18 @@ MWPTypeConnectionState AskConnectionState(Function call) {
   return state;
 }
 
+/// Makes room for so many further modes; false, with an error in the log, if there is no memory for them.
+bool MakeRoom(const char* method, std::vector<MWPTypePlayMode>& modes, std::size_t count) {
+  try {
+    modes.reserve(modes.size() + count);
+    return true;
+  } catch (const std::bad_alloc&) {
+    MWPLogWrite(MWPLogSite{MWP_LOG_SOURCE, method, __LINE__}, MWP_LOG_ERROR,
+                "%s: there is no memory for %zu play modes", method, count);
+    return false;
+  }
+}
+
 /// Appends the play modes that the service answers with, and prints the type of each, under the name of the
 /// adapter's method, to standard output.
 template <typename Function>
@@ -49,6 +61,9 @@ int AskPlayModes(const char* method, const char* name, Function call, std::vecto
     return result;
   }
   const gsize count = g_variant_n_children(answer.Get());
+  if (!MakeRoom(method, modes, count)) {
+    return result;
+  }
   for (gsize i = 0; i < count; ++i) {
     VariantHolder child;
     *child.Out() = g_variant_get_child_value(answer.Get(), i);

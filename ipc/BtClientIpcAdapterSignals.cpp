@@ -1,6 +1,8 @@
 // The signals of the Bluetooth service: one handler each, which turns the arguments into the types of the
 // client's event method and calls it.
 
+#include <cxxabi.h>
+
 #include <exception>
 #include <string>
 #include <type_traits>
@@ -29,18 +31,32 @@ std::decay_t<Param> Convert(Argument argument) {
   }
 }
 
-/// Calls an event method of the client. A signal that comes after MWP_DestroyBlueTooth() makes a client,
-/// which is not started and has no listener. Nothing is thrown through the main loop that delivers the
-/// signal.
-template <typename... Params, typename... Arguments>
-gboolean Deliver(const char* handler, void (MWPBtClient::*event)(Params...), Arguments... arguments) {
+void LogLost(const char* handler, const char* what) {
+  MWPLogWrite(MWPLogSite{MWP_LOG_SOURCE, handler, __LINE__}, MWP_LOG_ERROR, "%s: the event is lost: %s",
+              handler, what);
+}
+
+/// Runs the body of a handler. Nothing is thrown through the main loop that delivers the signal.
+template <typename Body>
+gboolean Guarded(const char* handler, Body body) {
   try {
-    (MWPSingleton<MWPBtClient>::GetInstance()->*event)(Convert<Params>(arguments)...);
+    body();
   } catch (const std::exception& exception) {
-    MWPLogWrite(MWPLogSite{MWP_LOG_SOURCE, handler, __LINE__}, MWP_LOG_ERROR, "%s: the event is lost: %s",
-                handler, exception.what());
+    LogLost(handler, exception.what());
+  } catch (const abi::__forced_unwind&) {
+    throw;  // the thread is being cancelled
+  } catch (...) {
+    LogLost(handler, "not a std::exception");
   }
   return TRUE;
+}
+
+/// Calls an event method of the client. A signal that comes after MWP_DestroyBlueTooth() makes a client,
+/// which is not started and has no listener.
+template <typename... Params, typename... Arguments>
+gboolean Deliver(const char* handler, void (MWPBtClient::*event)(Params...), Arguments... arguments) {
+  return Guarded(handler,
+                 [&] { (MWPSingleton<MWPBtClient>::GetInstance()->*event)(Convert<Params>(arguments)...); });
 }
 
 /// The number of bytes in a variant that holds an array of bytes; false for any other variant.
@@ -292,11 +308,14 @@ gboolean CallBackOnSppReceiveBufferChanged(ComZelkLinuxBluetooth*, const gchar* 
     MWP_LOG(MWP_LOG_ERROR, "CallBackOnSppReceiveBufferChanged: the event holds no bytes and is dropped");
     return TRUE;
   }
-  char buffer[kSppBufferBytes] = {};
-  std::vector<char> largeBuffer(size > sizeof buffer ? size : 0);
-  char* const bytes = largeBuffer.empty() ? buffer : largeBuffer.data();
-  const int length = bt_extract_variant_data(bytes, value);
-  return Deliver(__func__, &MWPBtClient::OnSppReceiveBufferChanged, address, bytes, length);
+  return Guarded(__func__, [&] {
+    char buffer[kSppBufferBytes] = {};
+    std::vector<char> largeBuffer(size > sizeof buffer ? size : 0);
+    char* const bytes = largeBuffer.empty() ? buffer : largeBuffer.data();
+    const int length = bt_extract_variant_data(bytes, value);
+    Deliver("CallBackOnSppReceiveBufferChanged", &MWPBtClient::OnSppReceiveBufferChanged, address, bytes,
+            length);
+  });
 }
 
 gboolean CallBackOnHIDCalibration(ComZelkLinuxBluetooth*, gboolean success, gpointer) {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <new>
 #include <string>
 
 #include <mwp/MWPLog.h>
@@ -31,9 +32,10 @@ bool IsText(const Other&) {
   return true;
 }
 
-inline std::size_t TextBytes(const char* text) { return std::strlen(text); }
+inline std::size_t BodyBytes(const char* text) { return std::strlen(text); }
+inline std::size_t BodyBytes(GVariant* variant) { return g_variant_get_size(variant); }
 template <typename Other>
-std::size_t TextBytes(const Other&) {
+std::size_t BodyBytes(const Other&) {
   return 0;
 }
 
@@ -45,8 +47,8 @@ void CallSilently(ServiceError& error, Function call, Args... args) {
     error.Set("there is no connection to the Bluetooth service");
   } else if (!(IsText(args) && ...)) {
     error.Set("a text argument is not valid UTF-8");
-  } else if ((TextBytes(args) + ... + 0) > kMaxMessageBytes) {
-    error.Set("the text arguments are too long for a D-Bus message");
+  } else if ((BodyBytes(args) + ... + 0) > kMaxMessageBytes) {
+    error.Set("the arguments are too large for a D-Bus message");
   } else {
     call(g_BtProxy, args..., nullptr, error.Out());
   }
@@ -94,7 +96,17 @@ class OutText {
 
   gchar** Out() { return &m_text; }
   bool IsMissing() const { return m_text == nullptr; }
-  std::string Text() const { return m_text != nullptr ? m_text : ""; }
+
+  /// A copy of the text; empty, with an error in the log, if there is no memory for one.
+  std::string Text() const {
+    try {
+      return m_text != nullptr ? m_text : "";
+    } catch (const std::bad_alloc&) {
+      MWPLogWrite(MWPLogSite{"ipc/BtClientIpcAdapter", __func__, __LINE__}, MWP_LOG_ERROR,
+                  "there is no memory for a text of the service's answer");
+      return std::string();
+    }
+  }
 
  private:
   gchar* m_text = nullptr;

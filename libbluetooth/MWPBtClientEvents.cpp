@@ -1,5 +1,7 @@
 // The events of the client. Nearly all are one line: hand the event to the listeners of its kind.
 
+#include <cxxabi.h>
+
 #include <atomic>
 #include <exception>
 #include <set>
@@ -39,6 +41,7 @@ template <>
 constexpr int kListenerType<IMWPBtBleListener> = BLE_LISTENER;
 
 /// Counts the clients that have been deleted, so that a walk notices when a callback deletes the client.
+/// There is one client at a time.
 std::atomic<unsigned> s_deletedClients{0};
 
 /// Holds the registry locked for as long as it lives, or until the client is deleted under its hands.
@@ -84,6 +87,8 @@ void ForEachListener(MWPBtClient& client, const char* event, Notify notify) {
       notify(*static_cast<Listener*>(listener));
     } catch (const std::exception& exception) {
       LogThrown(event, exception.what());
+    } catch (const abi::__forced_unwind&) {
+      throw;  // the thread is being cancelled
     } catch (...) {
       LogThrown(event, "not a std::exception");
     }

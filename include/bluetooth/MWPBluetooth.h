@@ -14,7 +14,7 @@
 MWP_BT_API int MWP_CreateBlueTooth();
 
 /// Stops the library and deletes its client. Requests answer their not-initialised values afterwards, and
-/// listeners that still live receive nothing until they are constructed anew after a later start.
+/// listeners that still live receive nothing until they are constructed anew.
 /// Call it when no other thread is inside a request or an event. Called from inside a callback, it is the
 /// last one of that event.
 MWP_BT_API void MWP_DestroyBlueTooth();

@@ -10,11 +10,10 @@
 /// Power, settings, pairing, connections and the list of paired devices. The events are in IMWPBtComListener.
 ///
 /// The object carries no state: construct one wherever it is needed. Until MWP_CreateBlueTooth() has
-/// succeeded, and after MWP_DestroyBlueTooth(), a method does nothing and answers 0 or an empty string
-/// (GetCapability excepted). Every request blocks until the service has answered (at most 25 seconds), may be
-/// made from any thread, and makes the service call of its own name unless said otherwise; a failed call is
-/// logged and answered with 0. Results named "accepted" are non-zero if the service took the request on: its
-/// outcome arrives as an event.
+/// succeeded, and after MWP_DestroyBlueTooth(), a method makes no request and answers 0 or an empty string.
+/// Every request blocks until the service has answered (at most 25 seconds), may be made from any thread, and
+/// makes the service call of its own name unless said otherwise; a failed call is logged and answered with 0.
+/// Results named "accepted" are non-zero if the service took the request on: its outcome arrives as an event.
 ///
 /// Methods marked "checks the address" refuse an address that is not of the form 00:1A:7D:DA:71:13 with an
 /// error in the log and the result 0.
@@ -33,8 +32,8 @@ class MWP_BT_API MWPBtCom {
   int GetPowerStatus();
   /// Switches a capability. Accepted; the outcome is OnBtCapabilityChanged.
   int SetCapability(MWPBtType::Capability capability, int enable);
-  /// The value of a capability, 0 or 1, read from shared memory without a service call. The only method that
-  /// works before MWP_CreateBlueTooth(): it then creates the client by itself.
+  /// The value of a capability, 0 or 1, read from shared memory without a service call. Before
+  /// MWP_CreateBlueTooth() it makes the client, and answers 0 until a start has succeeded.
   int GetCapability(MWPBtType::Capability capability);
   /// Reads an attribute into value; empty and 0 on failure.
   int GetAttribute(MWPBtType::Attribute attribute, std::string& value);

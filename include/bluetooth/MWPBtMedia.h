@@ -15,14 +15,15 @@
 /// succeeded, and after MWP_DestroyBlueTooth(), a method does nothing, leaves its out arguments as they are,
 /// and answers 0. Every request blocks until the service has answered (at most 25 seconds), may be made from
 /// any thread, and makes the service call of its own name unless said otherwise; a failed call is logged and
-/// answered with 0. Results named "accepted" are non-zero if the service took the request on: its outcome
-/// arrives as an event.
+/// answered with 0. A non-zero answer says that the service took the request on; its outcome arrives as an
+/// event.
 class MWP_BT_API MWPBtMedia {
  public:
   MWPBtMedia();
   ~MWPBtMedia();
 
-  /// Connection of the player and its address. Status 6 and no address while the library is not initialised.
+  /// Connection of the player and its address. Status 6 and no address while the library is not initialised;
+  /// status 0 and no address if the call fails, which is not logged.
   MWPTypeConnectionState GetMediaConnectionState();
   /// Opens (1) or closes (0) the audio output for Bluetooth music.
   int EnableAudioDevice(int enable);
@@ -30,7 +31,7 @@ class MWP_BT_API MWPBtMedia {
   /// opens the audio output, 4 confirms its loss; these answer 1. Any other command goes to the player as it
   /// is, and confirmation is not used.
   int PlayMusic(int command, int confirmation);
-  /// Pauses the player. Answers 1 whatever the service says.
+  /// Pauses the player. Answers 1 whatever the service says; a failed call is not logged.
   int StopMusic(int mute);
   /// To the previous track.
   int PreviousMusic();

@@ -37,7 +37,7 @@ class MWP_BT_API MWPBtPbap {
   /// Deletes all contacts. Accepted; the outcome is OnDeletePhoneBookChanged.
   int ClearContact();
   /// A call log: asks the service to publish it, and reads it from shared memory. The entries are appended to
-  /// logs, which is not cleared first.
+  /// logs, which is not cleared first. Answers 1 if the call fails, and logs stays as it was.
   int GetCallLogList(CallLogType type, std::list<MWPTypeCallLog>& logs);
   /// Deletes an entry of the call logs.
   int DeleteCallLogById(int id);

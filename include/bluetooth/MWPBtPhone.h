@@ -13,13 +13,14 @@
 /// succeeded, and after MWP_DestroyBlueTooth(), a method does nothing and answers 0 or an empty string. Every
 /// request blocks until the service has answered (at most 25 seconds), may be made from any thread, and makes
 /// the service call of its own name unless said otherwise; a failed call is logged and answered with 0.
-/// Results named "accepted" are non-zero if the service took the request on: its outcome arrives as an event.
+/// A non-zero answer says that the service took the request on; its outcome arrives as an event.
 class MWP_BT_API MWPBtPhone {
  public:
   MWPBtPhone();
   ~MWPBtPhone();
 
-  /// Connection of the phone and its address. Status 6 and no address while the library is not initialised.
+  /// Connection of the phone and its address. Status 6 and no address while the library is not initialised;
+  /// status 0 and no address if the call fails, which is not logged.
   MWPTypeConnectionState GetPhoneConnectionState();
   /// Accepts the incoming or waiting call.
   int AcceptCall();

@@ -59,7 +59,7 @@ struct MWPTypeCallSlot {
   int nValue5 = 0;
 };
 
-/// The current calls. Both slots are always filled, whatever nCallCount says.
+/// The current calls. Both slots are read, whatever nCallCount says.
 struct MWPTypeCallInfo {
   int nCallCount = 0;
   MWPTypeCallSlot callSlot1;

@@ -1,5 +1,6 @@
 #include "ipc/ShareMemory/ShareMemory.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 
@@ -10,6 +11,7 @@
 #include <mwp/MWPLog.h>
 
 #include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "ipc/ShareMemory/UsableSegment.h"
 
 std::map<int, int> g_ShmIdMap = {
     {SH_PAIRED_LIST, 2048},     {SH_CONTACT_LIST, 0x200000}, {SH_FAV_CONTACT_LIST, 0x100000},
@@ -17,6 +19,25 @@ std::map<int, int> g_ShmIdMap = {
 };
 
 std::map<int, void*> ShareMemory::m_ShmId_AddrMap;
+
+namespace {
+
+// The sizes with which the recorded segments were asked for.
+std::map<int, std::size_t> s_sizes;
+
+}  // namespace
+
+SegmentBytes UsableSegment(ShareMemID id) {
+  void* const address = ShareMemory::GetShareMemory(id);
+  if (address == nullptr || address == reinterpret_cast<void*>(-1) || id < SH_PAIRED_LIST ||
+      id > SH_BT_PARAMETER) {
+    return {};
+  }
+  const auto size = s_sizes.find(id);
+  const std::size_t contractSize = kSegmentCatalogue[id].size;
+  return {static_cast<unsigned char*>(address),
+          size != s_sizes.end() ? std::min(size->second, contractSize) : contractSize};
+}
 
 int ShareMemory::CommShm(ShareMemID id, int size, int shmflg) {
   const key_t key = ftok(kSegmentKeyPath, id);
@@ -46,7 +67,9 @@ bool ShareMemory::InitShareMemory(ShareMemID id, unsigned int size) {
   if (address == nullptr) {
     return false;
   }
-  m_ShmId_AddrMap.insert({id, address});
+  if (m_ShmId_AddrMap.insert({id, address}).second) {
+    s_sizes[id] = size;
+  }
   return true;
 }
 

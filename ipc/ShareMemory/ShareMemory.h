@@ -30,6 +30,7 @@ class MWP_BT_API ShareMemory {
   /// is removed. The memory stays attached.
   static int DestroyShareMemory(ShareMemID id);
 
+  /// The recorded addresses by ShareMemID.
   static std::map<int, void*> m_ShmId_AddrMap;
 };
 

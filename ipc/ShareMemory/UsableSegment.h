@@ -13,13 +13,7 @@ struct SegmentBytes {
 };
 
 /// The attached bytes of a segment: none if it was never initialised or shmat failed for it, which
-/// ShareMemory records as the address (void*)-1.
-inline SegmentBytes UsableSegment(ShareMemID id) {
-  void* const address = ShareMemory::GetShareMemory(id);
-  if (address == nullptr || address == reinterpret_cast<void*>(-1)) {
-    return {};
-  }
-  return {static_cast<unsigned char*>(address), kSegmentCatalogue[id].size};
-}
+/// ShareMemory records as the address (void*)-1. Never more than the contract gives the segment.
+SegmentBytes UsableSegment(ShareMemID id);
 
 #endif

@@ -12,6 +12,8 @@ add_test(NAME contract_exports/TheLibraryExportsWhatTheSourcesSayAndNothingElse
 add_test(NAME contract_public_headers/EachCompilesOnItsOwnAsCxx11AndNeedsNothingButTheStandardLibrary
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/public_headers_test.py ${CMAKE_CXX_COMPILER}
           ${CMAKE_SOURCE_DIR}/include)
+add_test(NAME contract_enumerations/EveryValueFitsInOneByteAndCountingStartsAtZero
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/enumerations_test.py ${CMAKE_SOURCE_DIR}/include)
 add_test(NAME contract_soname/TheLibraryIsLibbtSo100WithTheSonameLibbtSo1
   COMMAND sh -c "test -f $<TARGET_FILE_DIR:bt>/libbt.so.1.0.0 && readelf -d $<TARGET_FILE:bt> | grep -q 'SONAME.*\\[libbt\\.so\\.1\\]'")
 

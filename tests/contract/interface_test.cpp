@@ -8,6 +8,7 @@
 #include "support/ChildProcess.h"
 #include "support/GlibPointers.h"
 #include "support/InterfaceDescription.h"
+#include "support/MainLoop.h"
 #include "support/Waiting.h"
 
 namespace {
@@ -77,6 +78,41 @@ TEST(Interface, SignalsAreKnownByHyphensAndUnderscores) {
         "on-set-device-ooblink-key-changed", "handle-set-power", "handle_set_hidsend_xy"}) {
     EXPECT_NE(g_signal_lookup(name, type), 0u) << name;
   }
+}
+
+/// Exports a skeleton without any handler, calls one of its methods over the bus, and answers the error.
+std::string CallWithoutHandler(const char* interface, const char* method, GVariant* arguments) {
+  bttest::LoopThread loop(bttest::LoopThread::Context::DEFAULT);
+  bttest::ErrorCollector error;
+  const bttest::ConnectionPtr connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
+  error.ThrowIfSet("connecting");
+  GDBusInterfaceSkeleton* const skeleton = G_DBUS_INTERFACE_SKELETON(com_zelk_linux_bluetooth_skeleton_new());
+  g_dbus_interface_skeleton_export(skeleton, connection.get(), "/com/zelk/linux/bluetooth", error);
+  error.ThrowIfSet("exporting");
+  GError* failure = nullptr;
+  const bttest::VariantPtr reply(g_dbus_connection_call_sync(
+      connection.get(), g_dbus_connection_get_unique_name(connection.get()), "/com/zelk/linux/bluetooth",
+      interface, method, arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, &failure));
+  const std::string message = failure != nullptr ? failure->message : "no error";
+  g_clear_error(&failure);
+  g_dbus_interface_skeleton_unexport(skeleton);
+  g_object_unref(skeleton);
+  return message;
+}
+
+TEST(Skeleton, AnswersAMethodThatNobodyHandlesWithUnknownMethod) {
+  bttest::BusDaemon bus;
+  EXPECT_EQ(CallWithoutHandler("com.zelk.linux.bluetooth", "AcceptCall", nullptr),
+            "GDBus.Error:org.freedesktop.DBus.Error.UnknownMethod: Method AcceptCall is not implemented on "
+            "interface "
+            "com.zelk.linux.bluetooth");
+}
+
+TEST(Skeleton, HasNoProperty) {
+  bttest::BusDaemon bus;
+  EXPECT_EQ(CallWithoutHandler("org.freedesktop.DBus.Properties", "Get",
+                               g_variant_new("(ss)", "com.zelk.linux.bluetooth", "Power")),
+            "GDBus.Error:org.freedesktop.DBus.Error.InvalidArgs: No such property \u201cPower\u201d");
 }
 
 /// What a running service says of itself.

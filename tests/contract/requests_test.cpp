@@ -329,7 +329,7 @@ TEST_F(Requests, OversizedBuffersAndTextsAreRefusedAndTheConnectionLives) {
     bttest::LogCapture log;
     EXPECT_EQ(m_adapter.DialCall(std::string(std::size_t{128} << 20, '5')), 0);
     ExpectOneErrorLine(log, bttest::BluetoothInterface().Method("DialCall"),
-                       "the text arguments are too long for a D-Bus message");
+                       "the arguments are too large for a D-Bus message");
   }
   m_recorder.SetReply("AcceptCall", g_variant_new("(b)", TRUE));
   EXPECT_EQ(m_adapter.AcceptCall(), 1);

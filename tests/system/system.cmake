@@ -15,7 +15,8 @@ bt_add_test(NAME system_two_clients SOURCES two_clients_test.cpp)
 target_compile_definitions(system_two_clients PRIVATE
   BTTEST_LISTENING_CLIENT="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/listening_client")
 add_dependencies(system_two_clients listening_client)
-bt_add_test(NAME system_concurrency SOURCES concurrency_test.cpp LABELS concurrency)
+bt_add_test(NAME system_concurrency SOURCES concurrent_client_test.cpp concurrent_events_test.cpp
+            concurrent_requests_test.cpp tsan_options.cpp LABELS concurrency)
 bt_add_test(NAME system_memory SOURCES memory_test.cpp)
 bt_add_test(NAME system_end_to_end SOURCES end_to_end_test.cpp)
 add_dependencies(system_end_to_end btservice)

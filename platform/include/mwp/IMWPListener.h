@@ -19,10 +19,9 @@ class __attribute__((visibility("default"))) IMWPListener {
     if (listener == nullptr) {
       return;
     }
-    LockListener();
+    const Locked locked(*this);
     m_listeners.insert(listener);
     OnListenerAdded(listener);
-    UnlockListener();
   }
 
   /// Takes a listener out; null is ignored. The hook is called even if the listener was not there.
@@ -30,10 +29,9 @@ class __attribute__((visibility("default"))) IMWPListener {
     if (listener == nullptr) {
       return;
     }
-    LockListener();
+    const Locked locked(*this);
     m_listeners.erase(listener);
     OnListenerRemoved(listener);
-    UnlockListener();
   }
 
   /// The listeners in ascending order of their addresses. Takes no lock: hold it while walking the set.
@@ -49,6 +47,13 @@ class __attribute__((visibility("default"))) IMWPListener {
   virtual void OnListenerRemoved(T*) {}
 
  private:
+  /// Holds the registry locked, also when a hook throws.
+  struct __attribute__((visibility("hidden"))) Locked {
+    explicit Locked(IMWPListener& registry) : m_registry(registry) { m_registry.LockListener(); }
+    ~Locked() { m_registry.UnlockListener(); }
+    IMWPListener& m_registry;
+  };
+
   std::set<T*> m_listeners;
   MWPMutex m_listenerLock;
 };
