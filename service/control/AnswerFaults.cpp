@@ -109,15 +109,19 @@ void AnswerFaults::Pass(GDBusMethodInvocation* invocation, std::function<void()>
   struct Late {
     AnswerFaults* faults;
     std::function<void()> answer;
+    GDBusMethodInvocation* unanswered;  ///< an answer takes it; without one it is released
     guint source;
+
+    ~Late() { g_clear_object(&unanswered); }
   };
-  auto* const late = new Late{this, std::move(answer), 0};
+  auto* const late = new Late{this, std::move(answer), invocation, 0};
   late->source = g_timeout_add_full(
       G_PRIORITY_DEFAULT, fault->milliseconds,
       [](gpointer data) -> gboolean {
         auto* const self = static_cast<Late*>(data);
         std::vector<guint>& pending = self->faults->m_pending;
         pending.erase(std::find(pending.begin(), pending.end(), self->source));
+        self->unanswered = nullptr;
         self->answer();
         return G_SOURCE_REMOVE;
       },
