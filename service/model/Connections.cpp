@@ -1,35 +1,11 @@
 #include "service/model/Connections.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "service/model/ProfileSets.h"
 
 namespace btservice {
-namespace {
-
-/// The single profiles that are asked for with one id.
-std::vector<ProfileId> SingleProfiles(ProfileId profile) {
-  if (profile == BT_PROFILE_HFP_A2DP) {
-    return {BT_PROFILE_HFP, BT_PROFILE_A2DP};
-  }
-  return {profile};
-}
-
-/// The profiles that come and go with another.
-std::vector<ProfileId> Companions(ProfileId profile) {
-  switch (profile) {
-    case BT_PROFILE_HFP:
-      return {BT_PROFILE_PBAP, BT_PROFILE_MAP};
-    case BT_PROFILE_A2DP:
-      return {BT_PROFILE_AVRCP};
-    default:
-      return {};
-  }
-}
-
-bool IsInTransit(ConnStatus status) {
-  return status == BT_CONN_CONNECTING || status == BT_CONN_DISCONNECTING;
-}
-
-}  // namespace
 
 Connections::Connections(ModelContext& context, PowerSwitch& power, Settings& settings, DeviceTable& devices)
     : m_context(context), m_power(power), m_settings(settings), m_devices(devices) {
@@ -128,25 +104,37 @@ void Connections::Drop(RemoteDevice& device, ConnStatus status) {
 }
 
 void Connections::LoseLink(RemoteDevice& device) {
-  std::vector<ProfileId> lost;
+  Link& link = LinkOf(device);
+  std::set<ProfileId> wanted = link.retry.IsRunning() ? link.wanted : std::set<ProfileId>();
   for (const ProfileId profile : {BT_PROFILE_HFP, BT_PROFILE_A2DP}) {
-    if (device.IsConnected(profile)) {
-      lost.push_back(profile);
+    if (device.IsConnected(profile) || device.Status(profile) == BT_CONN_CONNECTING) {
+      wanted.insert(profile);
     }
   }
   Drop(device, BT_CONN_LINK_LOST);
-  if (!lost.empty() && m_settings.IsOn(BT_CAP_AUTO_CONNECT)) {
-    RetryLater(device, lost);
+  if (!wanted.empty() && m_settings.IsOn(BT_CAP_AUTO_CONNECT)) {
+    link.wanted = std::move(wanted);
+    RetryLater(device);
   }
 }
 
-void Connections::RetryLater(RemoteDevice& device, const std::vector<ProfileId>& profiles) {
-  LinkOf(device).retry.Start(m_context.delays.reconnect, [this, &device, profiles] {
+void Connections::Arrive(RemoteDevice& device) {
+  Link& link = LinkOf(device);
+  if (device.paired && m_settings.IsOn(BT_CAP_AUTO_CONNECT) && !device.IsConnected() &&
+      link.waiting.empty() && !link.retry.IsRunning()) {
+    link.wanted = {BT_PROFILE_HFP, BT_PROFILE_A2DP};
+    RetryLater(device);
+  }
+}
+
+void Connections::RetryLater(RemoteDevice& device) {
+  Link& link = LinkOf(device);
+  link.retry.Start(m_context.delays.reconnect, [this, &device, &link] {
     if (!device.inRange) {
-      RetryLater(device, profiles);
+      RetryLater(device);
       return;
     }
-    for (const ProfileId profile : profiles) {
+    for (const ProfileId profile : std::exchange(link.wanted, {})) {
       Connect(device, profile, false);
     }
   });
@@ -190,107 +178,6 @@ void Connections::ReportAll() const {
         m_context.Report(ConnectionChanged{device->data.address, profile, status});
       }
     }
-  }
-}
-
-Connections::Link& Connections::LinkOf(RemoteDevice& device) {
-  std::unique_ptr<Link>& link = m_links[&device];
-  if (link == nullptr) {
-    link = std::make_unique<Link>(m_context.scheduler);
-  }
-  return *link;
-}
-
-void Connections::Enqueue(RemoteDevice& device, ProfileId profile) {
-  const ConnStatus status = device.Status(profile);
-  if (status == BT_CONN_CONNECTED) {
-    // Whoever asks waits for this.
-    m_context.Report(ConnectionChanged{device.data.address, profile, status});
-  } else if (!IsInTransit(status)) {
-    Link& link = LinkOf(device);
-    link.retry.Stop();
-    link.waiting.push_back(profile);
-    Enter(device, profile, BT_CONN_CONNECTING);
-    if (!link.step.IsRunning()) {
-      NextStep(device);
-    }
-  }
-}
-
-void Connections::NextStep(RemoteDevice& device) {
-  Link& link = LinkOf(device);
-  if (link.waiting.empty()) {
-    link.up = device.IsConnected();
-  } else if (!link.up) {
-    const Delays& delays = m_context.delays;
-    link.step.Start(device.inRange ? delays.page : delays.pageTimeout, [this, &device] { Page(device); });
-  } else {
-    link.step.Start(m_context.delays.profile, [this, &device] { FinishProfile(device); });
-  }
-}
-
-void Connections::Page(RemoteDevice& device) {
-  Link& link = LinkOf(device);
-  link.up = device.inRange;
-  if (link.up) {
-    for (const ProfileId profile : device.data.profiles) {
-      m_context.Report(ProfileSupported{device.data.address, profile});
-    }
-  } else {
-    for (const ProfileId profile : std::exchange(link.waiting, {})) {
-      Enter(device, profile, BT_CONN_FAILED);
-    }
-  }
-  NextStep(device);
-}
-
-void Connections::FinishProfile(RemoteDevice& device) {
-  Link& link = LinkOf(device);
-  const ProfileId profile = link.waiting.front();
-  link.waiting.pop_front();
-  if (device.data.refusedProfiles.count(profile) != 0) {
-    Enter(device, profile, BT_CONN_FAILED);
-  } else {
-    Enter(device, profile, BT_CONN_CONNECTED);
-    for (const ProfileId companion : Companions(profile)) {
-      if (device.Supports(companion)) {
-        Enqueue(device, companion);
-      }
-    }
-  }
-  if (!link.step.IsRunning()) {
-    NextStep(device);
-  }
-}
-
-void Connections::DisconnectSingle(RemoteDevice& device, ProfileId profile) {
-  Link& link = LinkOf(device);
-  const ConnStatus status = device.Status(profile);
-  if (status == BT_CONN_CONNECTING) {
-    link.waiting.erase(std::remove(link.waiting.begin(), link.waiting.end(), profile), link.waiting.end());
-    link.step.Stop();
-    Enter(device, profile, BT_CONN_DISCONNECTED);
-    NextStep(device);
-  } else if (status == BT_CONN_CONNECTED) {
-    Enter(device, profile, BT_CONN_DISCONNECTING);
-    link.closing.After(m_context.delays.disconnect, [this, &device, profile, &link] {
-      Enter(device, profile, BT_CONN_DISCONNECTED);
-      link.up = link.up && (device.IsConnected() || !link.waiting.empty());
-    });
-  }
-}
-
-void Connections::Enter(RemoteDevice& device, ProfileId profile, ConnStatus status) {
-  device.connections[profile] = status;
-  std::vector<RemoteDevice*>& connected = m_connected[profile];
-  connected.erase(std::remove(connected.begin(), connected.end(), &device), connected.end());
-  if (status == BT_CONN_CONNECTED) {
-    connected.push_back(&device);
-  }
-  m_context.Report(ConnectionChanged{device.data.address, profile, status});
-  m_devices.ReportPairedList();
-  if (!IsInTransit(status) && status != BT_CONN_FAILED) {
-    onChanged(device, profile, status);
   }
 }
 

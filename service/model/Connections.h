@@ -4,6 +4,7 @@
 #include <deque>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,8 @@ class Connections {
   void Drop(RemoteDevice& device, ConnStatus status);
   /// The link breaks: everything ends as LINK_LOST, and comes back once the device is in range, if it may.
   void LoseLink(RemoteDevice& device);
+  /// The device has come into range: it is connected if it may.
+  void Arrive(RemoteDevice& device);
   /// Begins to connect the paired devices, as after power up.
   void ConnectPaired();
 
@@ -54,6 +57,7 @@ class Connections {
     Timer step;
     TaskGroup closing;
     Timer retry;
+    std::set<ProfileId> wanted;  ///< to be had again once the device is in range
   };
 
   Link& LinkOf(RemoteDevice& device);
@@ -62,7 +66,7 @@ class Connections {
   void Page(RemoteDevice& device);
   void FinishProfile(RemoteDevice& device);
   /// Tries in silence until the device is in reach again.
-  void RetryLater(RemoteDevice& device, const std::vector<ProfileId>& profiles);
+  void RetryLater(RemoteDevice& device);
   void DisconnectSingle(RemoteDevice& device, ProfileId profile);
   void Enter(RemoteDevice& device, ProfileId profile, ConnStatus status);
 

@@ -42,7 +42,9 @@ bool Outside::AddDevice(const DeviceData& data) { return m_devices.Add(data) != 
 bool Outside::SetInRange(const std::string& address, bool inRange) {
   return With(address, [&](RemoteDevice& device) {
     device.inRange = inRange;
-    if (!inRange) {
+    if (inRange) {
+      m_connections.Arrive(device);
+    } else {
       m_pairing.DeviceLost(device);
       m_connections.LoseLink(device);
     }

@@ -4,11 +4,15 @@
 #include <cctype>
 #include <map>
 #include <tuple>
+#include <utility>
+
+#include "service/model/Contacts.h"
 
 namespace btservice {
 namespace {
 
 constexpr std::size_t kComparedDigits = 9;
+constexpr std::size_t kMostLogs = 500;
 
 /// What two ways of writing a number have in common: its last digits.
 std::string Key(const std::string& number) {
@@ -24,16 +28,23 @@ bool IsOfType(const CallLogEntry& entry, CallLogType type) {
 
 }  // namespace
 
-std::string FullName(const Contact& contact) {
-  const bool both = !contact.firstName.empty() && !contact.familyName.empty();
-  return contact.firstName + (both ? " " : "") + contact.familyName;
+void KeepLatest(std::vector<CallLogEntry>& logs) {
+  if (logs.size() > kMostLogs) {
+    logs.erase(logs.begin(), logs.end() - kMostLogs);
+  }
 }
 
 void PhoneBookStore::Clear() { *this = PhoneBookStore(); }
 
-void PhoneBookStore::Add(const Contact& contact) { m_contacts.push_back(contact); }
+void PhoneBookStore::Add(const Contact& contact) {
+  m_contacts.push_back(contact);
+  m_byNumberIsOld = true;
+}
 
-void PhoneBookStore::ClearContacts() { m_contacts.clear(); }
+void PhoneBookStore::ClearContacts() {
+  m_contacts.clear();
+  m_byNumberIsOld = true;
+}
 
 bool PhoneBookStore::Remove(int contactId) {
   const auto place = std::find_if(m_contacts.begin(), m_contacts.end(),
@@ -42,25 +53,29 @@ bool PhoneBookStore::Remove(int contactId) {
     return false;
   }
   m_contacts.erase(place);
+  m_byNumberIsOld = true;
   m_favorites.erase(contactId);
   return true;
 }
 
 const Contact* PhoneBookStore::FindByNumber(const std::string& number) const {
-  const std::string key = Key(number);
-  if (key.empty()) {
-    return nullptr;
+  if (std::exchange(m_byNumberIsOld, false)) {
+    IndexNumbers();
   }
-  for (const Contact& contact : m_contacts) {
-    for (const ContactNumbers& group : contact.numbers) {
-      for (const std::string& one : group.numbers) {
-        if (Key(one) == key) {
-          return &contact;
-        }
+  const auto entry = m_byNumber.find(Key(number));
+  return entry != m_byNumber.end() ? &m_contacts[entry->second] : nullptr;
+}
+
+void PhoneBookStore::IndexNumbers() const {
+  m_byNumber.clear();
+  for (std::size_t place = 0; place < m_contacts.size(); ++place) {
+    for (const ContactNumbers& group : m_contacts[place].numbers) {
+      for (const std::string& number : group.numbers) {
+        m_byNumber.emplace(Key(number), place);  // the first with a number has it
       }
     }
   }
-  return nullptr;
+  m_byNumber.erase("");
 }
 
 bool PhoneBookStore::SetFavorite(int contactId, bool favorite) {
@@ -84,6 +99,7 @@ std::vector<Contact> PhoneBookStore::Favorites() const {
 void PhoneBookStore::Add(const CallLogEntry& entry) {
   m_logs.push_back(entry);
   m_logs.back().id = ++m_lastLogId;
+  KeepLatest(m_logs);
 }
 
 bool PhoneBookStore::RemoveLog(int id) {

@@ -3,6 +3,7 @@
 
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "service/stack/StackTypes.h"
@@ -25,7 +26,7 @@ class PhoneBookStore {
   bool SetFavorite(int contactId, bool favorite);
   std::vector<Contact> Favorites() const;
 
-  /// Gives the entry an id of its own.
+  /// Gives the entry an id of its own. When there are too many the oldest goes.
   void Add(const CallLogEntry& entry);
   bool RemoveLog(int id);
   void ClearLogs(CallLogType type);
@@ -33,13 +34,19 @@ class PhoneBookStore {
   std::vector<CallLogEntry> Logs(CallLogType type) const;
 
  private:
+  void IndexNumbers() const;
+
   std::vector<Contact> m_contacts;
+  /// Places in m_contacts by what their numbers have in common; made when it is needed.
+  mutable std::unordered_map<std::string, std::size_t> m_byNumber;
+  mutable bool m_byNumberIsOld = false;
   std::set<int> m_favorites;
   std::vector<CallLogEntry> m_logs;
   int m_lastLogId = 0;
 };
 
-std::string FullName(const Contact& contact);
+/// As many as a phone keeps; older ones go.
+void KeepLatest(std::vector<CallLogEntry>& logs);
 
 }  // namespace btservice
 

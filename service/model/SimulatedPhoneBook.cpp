@@ -1,5 +1,7 @@
 #include "service/model/SimulatedPhoneBook.h"
 
+#include "service/model/Contacts.h"
+
 namespace btservice {
 namespace {
 
@@ -98,7 +100,9 @@ void SimulatedPhoneBook::Log(const Call& call) {
   entry.date = Format(begin, "%Y-%m-%d");
   entry.time = Format(begin, "%H:%M:%S");
   entry.seconds = m_calls.Seconds(call);
-  call.device->data.phone.callLogs.push_back(entry);
+  std::vector<CallLogEntry>& logsOfPhone = call.device->data.phone.callLogs;
+  logsOfPhone.push_back(entry);
+  KeepLatest(logsOfPhone);
   m_store.Add(entry);
   m_edits.After(m_context.delays.phoneBookEdit, [this] { m_context.Report(CallLogsChanged{}); });
 }

@@ -63,12 +63,6 @@ void FieldReader::Read(const JsonNode& node, const std::string& place, bool& val
   value = node.truth;
 }
 
-void FieldReader::Read(const JsonNode& node, const std::string& place, TruthInt value) {
-  bool truth = false;
-  Read(node, place, truth);
-  value.value = truth;
-}
-
 void FieldReader::Read(const JsonNode& node, const std::string& place, BoundedInt value) {
   if (node.kind != JsonNode::Kind::INTEGER || node.integer < value.least || node.integer > value.most) {
     Fail(node, place,

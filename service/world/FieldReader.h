@@ -42,7 +42,6 @@ class FieldReader {
 
   void Read(const JsonNode& node, const std::string& place, std::string& value);
   void Read(const JsonNode& node, const std::string& place, bool& value);
-  void Read(const JsonNode& node, const std::string& place, TruthInt value);
   void Read(const JsonNode& node, const std::string& place, BoundedInt value);
   void Read(const JsonNode& node, const std::string& place, Duration value);
   void Read(const JsonNode& node, const std::string& place, AddressText value);

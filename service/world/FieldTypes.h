@@ -33,11 +33,6 @@ struct PatternText {
   const char* meaning;  ///< "a date such as 2026-05-29"
 };
 
-/// 0 or 1, written as false or true.
-struct TruthInt {
-  int& value;
-};
-
 }  // namespace btservice
 
 #endif

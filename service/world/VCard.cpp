@@ -4,6 +4,7 @@
 #include <cctype>
 #include <optional>
 
+#include "service/model/Contacts.h"
 #include "service/world/JsonNode.h"
 
 namespace btservice {
@@ -138,21 +139,14 @@ NumberType TypeOf(const Property& telephone) {
   return HasParameter(telephone, "WORK") ? NUMBER_WORK : NUMBER_OTHER;
 }
 
-void AddNumber(Contact& contact, const Property& telephone) {
+void AddTelephone(Contact& contact, const Property& telephone) {
   std::string number = Unescape(telephone.value);
   if (UpperCase(number).rfind("TEL:", 0) == 0) {
     number.erase(0, 4);  // version 4 writes it as a URI
   }
-  if (number.empty()) {
-    return;
+  if (!number.empty()) {
+    AddNumber(contact, TypeOf(telephone), number);
   }
-  const NumberType type = TypeOf(telephone);
-  auto group = std::find_if(contact.numbers.begin(), contact.numbers.end(),
-                            [type](const ContactNumbers& one) { return one.type == type; });
-  if (group == contact.numbers.end()) {
-    group = contact.numbers.insert(group, ContactNumbers{type, {}});
-  }
-  group->numbers.push_back(number);
 }
 
 void Apply(Contact& contact, std::string& fullName, const Property& property) {
@@ -163,7 +157,7 @@ void Apply(Contact& contact, std::string& fullName, const Property& property) {
   } else if (property.name == "FN") {
     fullName = Unescape(property.value);
   } else if (property.name == "TEL") {
-    AddNumber(contact, property);
+    AddTelephone(contact, property);
   }
 }
 

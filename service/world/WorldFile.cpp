@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "service/model/Contacts.h"
 #include "service/model/DeviceTable.h"
-#include "service/model/MadeUpContacts.h"
 #include "service/world/FieldReader.h"
 #include "service/world/VCard.h"
 #include "service/world/WorldFields.h"
@@ -18,25 +18,17 @@ namespace fs = std::filesystem;
 const fs::path kWorldFolders[] = {BTSERVICE_INSTALLED_WORLDS, BTSERVICE_SOURCE_WORLDS};
 
 std::string FindWorld(const std::string& nameOrPath) {
-  if (nameOrPath.find('/') != std::string::npos || fs::exists(nameOrPath)) {
+  if (nameOrPath.find('/') != std::string::npos || fs::is_regular_file(nameOrPath)) {
     return nameOrPath;
   }
-  std::set<std::string> shipped;
   for (const fs::path& folder : kWorldFolders) {
     const fs::path path = folder / (nameOrPath + ".json");
     if (fs::exists(path)) {
       return path.string();
     }
-    std::error_code ignored;
-    for (const auto& entry : fs::directory_iterator(folder, ignored)) {
-      const std::string name = entry.path().filename().string();
-      if (entry.path().extension() == ".json" && name.find("schema") == std::string::npos) {
-        shipped.insert(entry.path().stem().string());
-      }
-    }
   }
   std::string names;
-  for (const std::string& name : shipped) {
+  for (const std::string& name : ShippedWorlds()) {
     names += (names.empty() ? "" : ", ") + name;
   }
   throw std::runtime_error("there is neither a file nor a shipped world '" + nameOrPath +
@@ -57,12 +49,7 @@ Contact ToContact(const PhoneBookSource::Person& person) {
   contact.firstName = person.firstName;
   contact.familyName = person.familyName;
   for (const PhoneBookSource::Number& number : person.numbers) {
-    auto group = std::find_if(contact.numbers.begin(), contact.numbers.end(),
-                              [&](const ContactNumbers& one) { return one.type == number.type; });
-    if (group == contact.numbers.end()) {
-      group = contact.numbers.insert(group, ContactNumbers{number.type, {}});
-    }
-    group->numbers.push_back(number.number);
+    AddNumber(contact, number.type, number.number);
   }
   return contact;
 }
@@ -120,6 +107,20 @@ void RefuseStrangers(const WorldFile& file, const JsonNode& root, const std::str
 }
 
 }  // namespace
+
+std::set<std::string> ShippedWorlds() {
+  std::set<std::string> names;
+  for (const fs::path& folder : kWorldFolders) {
+    std::error_code ignored;
+    for (const auto& entry : fs::directory_iterator(folder, ignored)) {
+      const fs::path& path = entry.path();
+      if (path.extension() == ".json" && path.stem().extension() != ".schema") {
+        names.insert(path.stem().string());
+      }
+    }
+  }
+  return names;
+}
 
 WorldFile LoadWorld(const std::string& nameOrPath) {
   const std::string fileName = FindWorld(nameOrPath);

@@ -1,6 +1,7 @@
 #ifndef SERVICE_WORLD_WORLDFILE_H
 #define SERVICE_WORLD_WORLDFILE_H
 
+#include <set>
 #include <string>
 
 #include "service/model/Timeline.h"
@@ -16,6 +17,9 @@ struct WorldFile {
 /// Reads a world. A name without a slash that is no file here is that of a shipped one: "one-phone". Throws
 /// std::runtime_error with file, line and what was expected.
 WorldFile LoadWorld(const std::string& nameOrPath);
+
+/// The names of the shipped worlds.
+std::set<std::string> ShippedWorlds();
 
 /// Reads one device from the text of a JSON object, as a world's list of devices holds them. Files it names
 /// are searched in the current directory. Throws as LoadWorld; the text is called "device".

@@ -48,7 +48,6 @@ class SchemaWriter {
 
   Json Schema(const std::string&) { return {{"type", "string"}}; }
   Json Schema(bool) { return {{"type", "boolean"}}; }
-  Json Schema(const TruthInt&) { return {{"type", "boolean"}}; }
   Json Schema(const BoundedInt& bounded) {
     return {{"type", "integer"}, {"minimum", bounded.least}, {"maximum", bounded.most}};
   }
@@ -93,7 +92,6 @@ class SchemaWriter {
 
   Json Default(const std::string& value) { return value.empty() ? Json() : Json(value); }
   Json Default(bool value) { return value; }
-  Json Default(const TruthInt& value) { return value.value != 0; }
   Json Default(const BoundedInt& bounded) { return bounded.value; }
   Json Default(const Duration& duration) { return duration.value.count(); }
   Json Default(const AddressText& text) { return Default(text.value); }

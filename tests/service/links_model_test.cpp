@@ -166,6 +166,39 @@ TEST_F(OutsideModelTest, ALostLinkComesBackIfTheSettingsSaySo) {
               ElementsAre(BT_CONN_LINK_LOST, BT_CONN_CONNECTING, BT_CONN_CONNECTED));
 }
 
+TEST_F(OutsideModelTest, LeavingWhileTheLinkIsSoughtForgetsNothing) {
+  world.settings.capabilities[BT_CAP_AUTO_CONNECT] = 1;
+  ConnectDevice(kSmartphone);
+  Stack().Controls().LoseLink(kSmartphone);
+  Pass(world.delays.reconnect / 2);
+  Stack().Controls().SetInRange(kSmartphone, false);
+  Pass(1min);
+  Stack().Controls().SetInRange(kSmartphone, true);
+  Pass(world.delays.reconnect + 5s);
+  EXPECT_EQ(Stack().Devices().Connection(BT_PROFILE_HFP).address, kSmartphone);
+  EXPECT_EQ(Stack().Devices().Connection(BT_PROFILE_A2DP).address, kSmartphone);
+}
+
+TEST_F(OutsideModelTest, APairedDeviceIsConnectedWhenItArrivesIfTheSettingsSaySo) {
+  Device(kSmartphone).inRange = false;
+  world.settings.capabilities[BT_CAP_AUTO_CONNECT] = 1;
+  PowerOn();
+  Pass(1min);
+  EXPECT_THAT(StatesOf(kSmartphone, BT_PROFILE_HFP), ElementsAre(BT_CONN_CONNECTING, BT_CONN_FAILED));
+  Stack().Controls().SetInRange(kSmartphone, true);
+  Pass(world.delays.reconnect + 5s);
+  EXPECT_EQ(Stack().Devices().Connection(BT_PROFILE_HFP).address, kSmartphone);
+}
+
+TEST_F(OutsideModelTest, AnyOtherDeviceIsNot) {
+  world.settings.capabilities[BT_CAP_AUTO_CONNECT] = 1;
+  Device(kOldPhone).inRange = false;
+  PowerOn();
+  Stack().Controls().SetInRange(kOldPhone, true);
+  Pass(1min);
+  EXPECT_THAT(StatesOf(kOldPhone, BT_PROFILE_HFP), IsEmpty());
+}
+
 TEST_F(OutsideModelTest, LeavingDuringAPairingFailsIt) {
   Device(kSmartphone).paired = false;
   PowerOn();

@@ -217,6 +217,19 @@ TEST_F(PhoneBookModelTest, CallsEnterTheLogs) {
   EXPECT_EQ(log.Count<CallLogsChanged>(), 4U);
 }
 
+TEST_F(PhoneBookModelTest, OldCallsLeaveTheLogs) {
+  Connect();
+  for (int i = 0; i < 600; ++i) {
+    ASSERT_TRUE(Stack().Calls().Dial("112"));
+    Stack().Calls().HangUp();
+    Pass(1s);
+  }
+  EXPECT_EQ(PhoneBook().CallLogs(CALL_LOG_ALL).size(), 500U);
+  EXPECT_EQ(PhoneBook().CallLogs(CALL_LOG_ALL)[0].id, 600);
+  Download(BT_PBAP_COMBINED_HISTORY);
+  EXPECT_EQ(PhoneBook().CallLogs(CALL_LOG_ALL).size(), 500U) << "so does the phone forget them";
+}
+
 TEST_F(PhoneBookModelTest, ACallShowsTheNameOfItsContact) {
   Connect();
   Stack().Controls().Call(kSmartphone, "+49170555101");

@@ -1,4 +1,4 @@
-#include "service/model/MadeUpContacts.h"
+#include "service/model/Contacts.h"
 
 #include <algorithm>
 #include <array>
@@ -28,17 +28,32 @@ Contact MakeUp(int person) {
   if (person >= static_cast<int>(kFirstNames.size() * kFamilyNames.size())) {
     contact.familyName += " " + std::to_string(person);
   }
-  contact.numbers.push_back({NUMBER_MOBILE, {Number("+49170", person)}});
+  AddNumber(contact, NUMBER_MOBILE, Number("+49170", person));
   if (person % 2 == 0) {
-    contact.numbers.push_back({NUMBER_HOME, {Number("+4930", person)}});
+    AddNumber(contact, NUMBER_HOME, Number("+4930", person));
   }
   if (person % 5 == 0) {
-    contact.numbers.push_back({NUMBER_WORK, {Number("+4989", person), Number("+4940", person)}});
+    AddNumber(contact, NUMBER_WORK, Number("+4989", person));
+    AddNumber(contact, NUMBER_WORK, Number("+4940", person));
   }
   return contact;
 }
 
 }  // namespace
+
+std::string FullName(const Contact& contact) {
+  const bool both = !contact.firstName.empty() && !contact.familyName.empty();
+  return contact.firstName + (both ? " " : "") + contact.familyName;
+}
+
+void AddNumber(Contact& contact, NumberType type, const std::string& number) {
+  auto group = std::find_if(contact.numbers.begin(), contact.numbers.end(),
+                            [type](const ContactNumbers& one) { return one.type == type; });
+  if (group == contact.numbers.end()) {
+    group = contact.numbers.insert(group, ContactNumbers{type, {}});
+  }
+  group->numbers.push_back(number);
+}
 
 std::vector<Contact> MadeUpContacts(int count) {
   std::vector<Contact> contacts;

@@ -1,0 +1,64 @@
+// What is told of the calls, and when.
+
+#include <utility>
+
+#include "service/model/CallTable.h"
+
+namespace btservice {
+
+void CallTable::Commit() {
+  const int count = static_cast<int>(m_calls.size());
+  const std::map<int, CallStatus> before = std::exchange(m_reported, {});
+  for (const auto& call : m_calls) {
+    m_reported[call->id] = call->status;
+  }
+  if (!Has(BT_CALL_ACTIVE) && !Has(BT_CALL_HELD)) {
+    m_tick.Stop();
+  } else if (!m_tick.IsRunning()) {
+    m_tick.Start(m_context.delays.callTick, [this] { Tick(); });
+  }
+
+  for (const auto& [id, status] : before) {
+    if (m_reported.count(id) == 0) {
+      m_context.Report(CallChanged{id, BT_CALL_IDLE, count});
+      m_context.Report(CallHungUp{});
+    }
+  }
+  for (const auto& [id, status] : m_reported) {
+    const auto old = before.find(id);
+    if (old == before.end() || old->second != status) {
+      m_context.Report(CallChanged{id, status, count});
+    }
+  }
+  m_context.Report(CallsChanged{count});
+  ReportActions();
+  onChanged();
+}
+
+void CallTable::ReportActions() {
+  const bool active = Has(BT_CALL_ACTIVE);
+  const bool held = Has(BT_CALL_HELD);
+  const bool waiting = Has(BT_CALL_WAITING);
+  const std::map<CallAction, bool> actions{{BT_CALL_RELEASE_HELD, active && (held || waiting)},
+                                           {BT_CALL_RELEASE_ACTIVE, active && (held || waiting)},
+                                           {BT_CALL_HOLD_ACTIVE, active && held != waiting},
+                                           {BT_CALL_CONFERENCE, active && held},
+                                           {BT_CALL_TRANSFER, active && held}};
+  for (const auto& [action, possible] : actions) {
+    if (possible != (m_possible.count(action) != 0)) {
+      possible ? static_cast<void>(m_possible.insert(action)) : static_cast<void>(m_possible.erase(action));
+      m_context.Report(CallActionChanged{action, possible});
+    }
+  }
+}
+
+void CallTable::Tick() {
+  for (const auto& call : m_calls) {
+    if (call->answered) {
+      m_context.Report(CallTimeChanged{Seconds(*call), call->id, call->status == BT_CALL_ACTIVE});
+    }
+  }
+  m_tick.Start(m_context.delays.callTick, [this] { Tick(); });
+}
+
+}  // namespace btservice
