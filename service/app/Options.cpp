@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <string>
 
 #include <glib.h>
 
@@ -13,18 +14,26 @@ namespace {
 
 constexpr double kHighestSpeed = 100000;
 
-constexpr const char* kDescription =
+constexpr const char* kSummary =
     "Simulates the Bluetooth service of a head unit on the session bus, under the name\n"
-    "com.zelk.linux.bluetooth: an adapter, phones to find, pair and connect, calls, music.\n"
-    "\n"
-    "A world is a JSON file with devices and what happens to them, or one of the shipped ones:\n"
-    "empty, one-phone, two-phones, big-phonebook, bad-day. Without one there are two phones\n"
-    "and a serial accessory. Paired devices and attributes are kept in the state file, by\n"
-    "default btservice.json in libbt in the user's state directory. What happens in the world\n"
-    "can be driven on the object /com/zelk/linux/bluetooth/sim.\n"
-    "\n"
-    "Exit codes: 0 ended by SIGTERM, SIGINT or the end of the bus; 2 wrong usage;\n"
-    "3 the name is taken on this bus; 4 no session bus; 5 bad world.";
+    "com.zelk.linux.bluetooth: an adapter, phones to find, pair and connect, calls, music.";
+
+std::string Description() {
+  std::string worlds;
+  for (const std::string& name : ShippedWorlds()) {
+    worlds += (worlds.empty() ? "" : ", ") + name;
+  }
+  return "A world is a JSON file with devices and what happens to them, or one of the shipped ones:\n" +
+         worlds +
+         ".\n"
+         "Without one there are two phones and a serial accessory. Paired devices and attributes\n"
+         "are kept in the state file, by default btservice.json in libbt in the user's state\n"
+         "directory. What happens in the world can be driven on the object\n"
+         "/com/zelk/linux/bluetooth/sim.\n"
+         "\n"
+         "Exit codes: 0 ended by SIGTERM, SIGINT or the end of the bus; 2 wrong usage;\n"
+         "3 the name is taken on this bus; 4 no session bus; 5 bad world.";
+}
 
 int Fail(const char* message) {
   std::fprintf(stderr, "btservice: %s\nTry 'btservice --help'.\n", message);
@@ -51,7 +60,8 @@ bool ParseOptions(int argc, char** argv, Options& options, int& exitCode) {
       {"version", 0, 0, G_OPTION_ARG_NONE, &version, "Show the version", nullptr},
       {nullptr, 0, 0, G_OPTION_ARG_NONE, nullptr, nullptr, nullptr}};
   g_autoptr(GOptionContext) context = g_option_context_new(nullptr);
-  g_option_context_set_summary(context, kDescription);
+  g_option_context_set_summary(context, kSummary);
+  g_option_context_set_description(context, Description().c_str());
   g_option_context_add_main_entries(context, entries, nullptr);
 
   g_autoptr(GError) error = nullptr;

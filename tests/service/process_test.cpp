@@ -1,12 +1,15 @@
 // The process: command line, place on the bus, end, and what it leaves behind.
 
 #include <csignal>
+#include <fstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "ipc/ShareMemory/SegmentCatalogue.h"
 #include "support/Segments.h"
+#include "support/TemporaryDirectory.h"
+#include "support/Waiting.h"
 #include "tests/service/running_service.h"
 
 namespace btservice {
@@ -27,7 +30,8 @@ int SegmentsLeft() {
 TEST(ServiceProcessTest, TellsHowItIsUsed) {
   ChildProcess help({kExecutable, "--help"});
   EXPECT_EQ(help.Wait(), 0);
-  for (const char* const word : {"--speed", "--keep-segments", "--version", "Exit codes"}) {
+  for (const char* const word :
+       {"--speed", "--keep-segments", "--version", "--world", "bad-day", "--state", "Exit codes"}) {
     EXPECT_THAT(help.Output(), HasSubstr(word));
   }
   ChildProcess version({kExecutable, "--version"});
@@ -105,6 +109,22 @@ TEST(ServiceProcessTest, RefusesToBeTheSecondOnABus) {
             "btservice: com.zelk.linux.bluetooth has an owner on this bus already; end that service first\n");
   EXPECT_EQ(SegmentsLeft(), 8) << "those of the first are untouched";
   EXPECT_EQ(service.Ask("GetContactList"), "(true,)");
+}
+
+TEST(ServiceProcessTest, IsStartedByTheBusWhenItIsNeeded) {
+  bttest::TemporaryDirectory directory;
+  std::ofstream(directory.Path() / "com.zelk.linux.bluetooth.service")
+      << "[D-BUS Service]\nName=com.zelk.linux.bluetooth\nExec=" << kExecutable << "\n";
+  bttest::BusDaemon bus(directory.Path());
+  const bttest::ConnectionPtr connection = ConnectToBus();
+  bttest::ErrorCollector error;
+  const bttest::VariantPtr reply(g_dbus_connection_call_sync(
+      connection.get(), kServiceName, kServicePath, kServiceName, "GetPairListIndexByAddress",
+      g_variant_new("(s)", "00:1A:7D:DA:71:13"), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
+  ASSERT_NE(reply, nullptr);
+  EXPECT_EQ(bttest::ToText(reply.get()), "(-1,)");
+  bus.Stop();
+  EXPECT_TRUE(bttest::WaitUntil([] { return SegmentsLeft() == 0; })) << "it ends with the bus";
 }
 
 TEST(ServiceProcessTest, TimeCanRunFast) {
