@@ -1,0 +1,181 @@
+#include "btctl/cli/CommandLine.h"
+
+#include <deque>
+#include <map>
+
+#include <CLI/CLI.hpp>
+
+#include "btctl/base/Failure.h"
+#include "btctl/commands/FromText.h"
+#include "btctl/commands/Tables.h"
+
+namespace btctl {
+namespace {
+
+constexpr const char* kDescription =
+    "Controls Bluetooth through the Bluetooth service of the head unit.\n"
+    "Without a command, it takes commands line by line, with completion if it is at a terminal.";
+
+std::string ExitCodeHelp() {
+  std::string text = "Exit codes:\n";
+  for (const ExitCodeDescription& code : kExitCodes) {
+    text += "  " + std::to_string(code.code) + (code.code < 10 ? "    " : "  ") + code.meaning + "\n";
+  }
+  return text;
+}
+
+/// The parser of one command and where it puts what is given.
+struct Leaf {
+  const Command* command;
+  CLI::App* app;
+  std::deque<Given::Values> values;  ///< does not move what the parser writes to
+  std::deque<bool> flags;
+};
+
+/// The parser, made from the table of commands.
+class Parser {
+ public:
+  Parser() : m_app(kDescription, "btctl") {
+    m_app.footer(ExitCodeHelp());
+    m_app.fallthrough();
+    m_app.require_subcommand(0, 1);
+    m_app.add_flag("--json", m_options.json, "Answer in JSON, one object a line");
+    m_app.add_option("--timeout", m_timeout, "Give up after so many seconds; 0: never (30, or never)")
+        ->type_name("SECONDS");
+    m_app.add_flag("--no-wait", m_doesNotWait, "Do not wait for what comes of a request");
+    m_app.add_flag("--verbose", m_options.verbose, "Show what the library logs, on standard error");
+    m_app.set_version_flag("--version", "btctl " BTCTL_VERSION);
+    for (const Command& command : AllCommands()) {
+      AddCommand(command);
+    }
+  }
+
+  Parsed Parse(std::vector<std::string> words) {
+    Parsed parsed;
+    try {
+      std::reverse(words.begin(), words.end());  // as CLI11 takes them
+      m_app.parse(words);
+    } catch (const CLI::CallForHelp&) {
+      const CLI::App& app = Deepest();
+      parsed.help = app.help(app.get_parent() != nullptr ? CommandOf(*app.get_parent()) : "");
+      return parsed;
+    } catch (const CLI::CallForVersion& version) {
+      parsed.help = std::string(version.what()) + "\n";
+      return parsed;
+    } catch (const CLI::ParseError& error) {
+      throw Failure(EXIT_USAGE, error.what(), "Try '" + CommandOf(Deepest()) + " --help'.");
+    }
+    if (!m_timeout.empty()) {
+      m_options.timeoutSeconds = ParseSeconds(m_timeout, "--timeout");
+    }
+    m_options.waits = !m_doesNotWait;
+    parsed.options = m_options;
+    FindCommand(parsed);
+    return parsed;
+  }
+
+ private:
+  /// The parser of a path, made if there is none yet: groups come into being with their first command.
+  CLI::App& AppOf(const std::string& path) {
+    if (path.empty()) {
+      return m_app;
+    }
+    CLI::App*& app = m_apps[path];
+    if (app == nullptr) {
+      const std::size_t blank = path.rfind(' ');
+      const bool isTop = blank == std::string::npos;
+      CLI::App& parent = AppOf(isTop ? "" : path.substr(0, blank));
+      app = parent.add_subcommand(isTop ? path : path.substr(blank + 1), HelpOfGroup(path));
+      app->footer("");
+      app->fallthrough();
+      app->require_subcommand(0, 1);
+    }
+    return *app;
+  }
+
+  void AddCommand(const Command& command) {
+    CLI::App& app = AppOf(command.path);
+    app.description(command.help);
+    Leaf& leaf = m_leaves.emplace_back(Leaf{&command, &app, {}, {}});
+    for (const Argument& argument : command.arguments) {
+      Given::Values& values = leaf.values.emplace_back();
+      bool& flag = leaf.flags.emplace_back(false);
+      if (argument.isFlag) {
+        app.add_flag(argument.name, flag, argument.help);
+      } else if (!argument.isFixed) {
+        const std::string preset = argument.preset.empty() ? "" : " (" + argument.preset + ")";
+        CLI::Option* const option = app.add_option(argument.name, values, argument.help + preset);
+        option->required(!argument.isOptional)->type_name("");
+        SetCount(*option, argument);
+      }
+    }
+  }
+
+  /// How many values it takes. The parser takes whatever follows into a list, unless it is told not to.
+  static void SetCount(CLI::Option& option, const Argument& argument) {
+    if (argument.isMany && !argument.IsOption()) {
+      option.expected(0, CLI::detail::expected_max_vector_size);
+    } else {
+      option.expected(1)->allow_extra_args(false);
+    }
+    if (argument.isMany && argument.IsOption()) {
+      option.take_all();
+    }
+  }
+
+  CLI::App& Deepest() {
+    CLI::App* app = &m_app;
+    while (!app->get_subcommands().empty()) {
+      app = app->get_subcommands().front();
+    }
+    return *app;
+  }
+
+  static std::string CommandOf(const CLI::App& app) {
+    const CLI::App* const parent = app.get_parent();
+    return parent != nullptr ? CommandOf(*parent) + " " + app.get_name() : app.get_name();
+  }
+
+  void FindCommand(Parsed& parsed) {
+    CLI::App& app = Deepest();
+    for (Leaf& leaf : m_leaves) {
+      if (leaf.app == &app) {
+        parsed.command = leaf.command;
+        parsed.given = Given(ValuesOf(leaf));
+        return;
+      }
+    }
+    if (&app != &m_app) {
+      throw Failure(EXIT_USAGE, "'" + CommandOf(app) + "' is not complete",
+                    "Try '" + CommandOf(app) + " --help'.");
+    }
+  }
+
+  static std::vector<Given::Values> ValuesOf(const Leaf& leaf) {
+    std::vector<Given::Values> all;
+    for (std::size_t i = 0; i < leaf.values.size(); ++i) {
+      const Argument& argument = leaf.command->arguments[i];
+      if (argument.isFlag) {
+        all.push_back({leaf.flags[i] ? "on" : "off"});
+      } else if (leaf.values[i].empty() && !argument.preset.empty()) {
+        all.push_back({argument.preset});
+      } else {
+        all.push_back(leaf.values[i]);
+      }
+    }
+    return all;
+  }
+
+  CLI::App m_app;
+  std::map<std::string, CLI::App*> m_apps;
+  std::deque<Leaf> m_leaves;
+  Options m_options;
+  std::string m_timeout;
+  bool m_doesNotWait = false;
+};
+
+}  // namespace
+
+Parsed ParseCommandLine(const std::vector<std::string>& words) { return Parser().Parse(words); }
+
+}  // namespace btctl

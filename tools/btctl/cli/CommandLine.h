@@ -1,0 +1,26 @@
+#ifndef TOOLS_BTCTL_CLI_COMMANDLINE_H
+#define TOOLS_BTCTL_CLI_COMMANDLINE_H
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "btctl/base/Options.h"
+#include "btctl/commands/Command.h"
+
+namespace btctl {
+
+/// What the words of a command line say.
+struct Parsed {
+  Options options;
+  const Command* command = nullptr;  ///< null: none was named
+  Given given{{}};
+  std::optional<std::string> help;  ///< what was asked for instead
+};
+
+/// Reads a command line without the program's name. Throws a Failure if it is wrong.
+Parsed ParseCommandLine(const std::vector<std::string>& words);
+
+}  // namespace btctl
+
+#endif

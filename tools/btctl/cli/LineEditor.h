@@ -1,0 +1,45 @@
+#ifndef TOOLS_BTCTL_CLI_LINEEDITOR_H
+#define TOOLS_BTCTL_CLI_LINEEDITOR_H
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "btctl/output/AnswerStream.h"
+
+namespace btctl {
+
+/// Lines typed at a terminal, with history and completion, while a main loop runs. There is one in a process.
+class LineEditor {
+ public:
+  using Completer = std::function<std::vector<std::string>(const std::vector<std::string>& before,
+                                                           const std::string& start)>;
+
+  LineEditor(AnswerStream& terminal, Completer completer);
+  ~LineEditor();
+  LineEditor(const LineEditor&) = delete;
+  LineEditor& operator=(const LineEditor&) = delete;
+
+  /// Shows the prompt, and iterates the loop until a line is complete; nothing at the end of the input.
+  /// Between two lines the terminal is as it was, so that a command may ask for something by itself.
+  std::optional<std::string> ReadLine(const std::string& prompt);
+  /// Runs what prints something, above the prompt if there is one.
+  void PrintAbove(const std::function<void()>& print);
+  /// Gives up what has been typed.
+  void Discard();
+
+ private:
+  void TakeLine(char* line);
+
+  AnswerStream& m_terminal;
+  const Completer m_completer;
+  const std::string m_historyFile;
+  bool m_isReading = false;
+  bool m_hasEnded = false;
+  std::optional<std::string> m_line;
+};
+
+}  // namespace btctl
+
+#endif

@@ -1,0 +1,202 @@
+#include <bluetooth/MWPBtCom.h>
+
+#include "btctl/commands/Tables.h"
+
+namespace btctl {
+namespace {
+
+using namespace MWPBtType;
+using namespace arg;
+
+Argument Profile() { return Or(OneOf("--profile", WordsOf<ProfileId>()), "hfp-a2dp"); }
+
+Argument Question() { return Or(OneOf("--state", WordsOf<PairRequestState>()), "confirmation"); }
+
+/// The connection of a profile of a device, which are the first two arguments.
+Outcome Connection(const std::string& wanted, const std::vector<Condition>& failures) {
+  return {"OnConnectStatusChanged",
+          {IsArgument("address", 0), IsArgument("profile", 1)},
+          {Is("status", wanted)},
+          failures};
+}
+
+Outcome Connected() {
+  return Connection("connected",
+                    {Is("status", "failed"), Is("status", "disconnected"), Is("status", "link-lost")});
+}
+
+Outcome Deleted() { return {"OnDeletePairStatusChanged", {}, {Is("status", "yes")}, {Is("status", "no")}}; }
+
+}  // namespace
+
+std::vector<Request> ComRequests() {
+  return {
+      {"power status",
+       "Tell whether the adapter is on",
+       BTCTL_METHOD(MWPBtCom, GetPowerStatus),
+       {},
+       ValueOf(WordsOf<PowerStatus>()),
+       {}},
+      {"test-mode",
+       "Put the adapter into its test mode",
+       BTCTL_METHOD(MWPBtCom, EnterTestMode),
+       {},
+       Accepted(),
+       {}},
+
+      {"scan start",
+       "Begin to search for devices",
+       BTCTL_METHOD(MWPBtCom, SetScanAction),
+       {Fixed("1")},
+       Accepted(),
+       Outcome{"OnScanStatusChanged", {}, {Is("status", "scanning")}, {}}},
+      {"scan stop",
+       "End the search",
+       BTCTL_METHOD(MWPBtCom, SetScanAction),
+       {Fixed("0")},
+       Accepted(),
+       Outcome{"OnScanStatusChanged", {}, {Is("status", "idle")}, {}}},
+      {"scan clear",
+       "Forget all devices that were found",
+       BTCTL_METHOD(MWPBtCom, ClearScanedDeviceList),
+       {},
+       Nothing(),
+       {}},
+
+      {"pairing answer",
+       "Accept a device's request to pair",
+       BTCTL_METHOD(MWPBtCom, AnswerPair),
+       {Or(Text("--pin", "the PIN or digits"), ""), Address(), Question()},
+       Accepted(),
+       {}},
+      {"pairing reject",
+       "Refuse a device's request to pair",
+       BTCTL_METHOD(MWPBtCom, RejectPair),
+       {Address(), Question()},
+       Accepted(),
+       {}},
+      {"pairing oob-key",
+       "Hand over a link key that was exchanged out of band",
+       BTCTL_METHOD(MWPBtCom, SetDeviceOOBLinkKey),
+       {Address(), Bytes("KEY", "the key, in hexadecimal digits")},
+       Accepted(),
+       Outcome{"OnSetDeviceOOBLinkKeyChanged",
+               {IsArgument("address", 0)},
+               {Is("success", "yes")},
+               {Is("success", "no")}}},
+
+      {"connect",
+       "Connect a profile of a paired device",
+       BTCTL_METHOD(MWPBtCom, Connect),
+       {Address(), Profile(), Flag("--only", "disconnect other devices")},
+       Accepted(),
+       Connected()},
+      {"disconnect",
+       "Disconnect a profile of a device",
+       BTCTL_METHOD(MWPBtCom, DisConnect),
+       {Address(), Profile()},
+       Accepted(),
+       Connection("disconnected", {})},
+      {"reconnect",
+       "Connect a profile of a device again",
+       BTCTL_METHOD(MWPBtCom, ReConnect),
+       {Address(), Profile()},
+       Accepted(),
+       Connection("connected", {Is("status", "failed")})},
+      {"auto-connect",
+       "Let paired devices be connected without being asked, or not",
+       BTCTL_METHOD(MWPBtCom, SetAutoConnect),
+       {Switch()},
+       Nothing(),
+       {}},
+      {"profiles enable",
+       "Let all profiles be connected",
+       BTCTL_METHOD(MWPBtCom, EnableProfile),
+       {},
+       Nothing(),
+       Outcome{"OnBtProfileEnableStatusChanged", {}, {Is("enabled", "yes")}, {}}},
+      {"profiles disable",
+       "Disconnect a device and keep it from being connected",
+       BTCTL_METHOD(MWPBtCom, DisableProfile),
+       {Address()},
+       Nothing(),
+       Outcome{"OnBtProfileEnableStatusChanged", {}, {Is("enabled", "no")}, {}}},
+
+      {"devices name",
+       "Tell the name of a paired device",
+       BTCTL_METHOD(MWPBtCom, GetRemotePairDeviceName),
+       {Address()},
+       Known(),
+       {}},
+      {"devices delete",
+       "Delete a paired device",
+       BTCTL_METHOD(MWPBtCom, DeletePairDevice),
+       {Address(), Fixed("1")},
+       Accepted(),
+       Deleted()},
+      {"devices delete-all",
+       "Delete all paired devices",
+       BTCTL_METHOD(MWPBtCom, DeletePairDeviceList),
+       {},
+       Accepted(),
+       Deleted()},
+      {"devices forget",
+       "Forget a device that was found",
+       BTCTL_METHOD(MWPBtCom, RemoveDevice),
+       {Address()},
+       Nothing(),
+       {}},
+      {"devices move",
+       "Move a paired device in the list of them",
+       BTCTL_METHOD(MWPBtCom, MovePairDevicePosion),
+       {Address(), Whole("POSITION", "counted from 0")},
+       Accepted(),
+       {}},
+
+      {"capability get",
+       "Tell whether a capability is on",
+       BTCTL_METHOD(MWPBtCom, GetCapability),
+       {OneOf("CAPABILITY", WordsOf<Capability>())},
+       ValueOf(SwitchWords()),
+       {}},
+      {"capability set",
+       "Switch a capability",
+       BTCTL_METHOD(MWPBtCom, SetCapability),
+       {OneOf("CAPABILITY", WordsOf<Capability>()), Switch()},
+       Accepted(),
+       Outcome{"OnBtCapabilityChanged", {IsArgument("capability", 0)}, {IsArgument("value", 1)}, {}}},
+      {"attribute get",
+       "Tell an attribute of the adapter",
+       BTCTL_METHOD(MWPBtCom, GetAttribute),
+       {OneOf("ATTRIBUTE", WordsOf<Attribute>())},
+       Outs({}),
+       {}},
+      {"attribute set",
+       "Change an attribute of the adapter",
+       BTCTL_METHOD(MWPBtCom, SetAttribute),
+       {OneOf("ATTRIBUTE", WordsOf<Attribute>()), Text("VALUE", "its new value")},
+       Accepted(),
+       Outcome{"OnBtAttributeChanged", {IsArgument("attribute", 0)}, {}, {}}},
+
+      {"projection allow",
+       "Allow wireless projection from a device, or not",
+       BTCTL_METHOD(MWPBtCom, SetWirelessEnable),
+       {Address(), Switch()},
+       Nothing(),
+       {}},
+      {"projection status",
+       "Tell the service whether wireless projection runs",
+       BTCTL_METHOD(MWPBtCom, SetAndroidAutoStatus),
+       {Switch()},
+       Accepted(),
+       {}},
+      {"projection pair",
+       "Ask for the pairing that wireless projection needs",
+       BTCTL_METHOD(MWPBtCom, RequestAndroidAutoPairing),
+       {Address(), Or(Whole("METHOD", "of pairing, as the projection numbers it"), "0")},
+       Accepted(),
+       Outcome{"OnAndroidAutoPairingResponse", {}, {}, {}}},
+  };
+}
+
+}  // namespace btctl

@@ -1,0 +1,69 @@
+#ifndef TOOLS_BTCTL_COMMANDS_OUTCOME_H
+#define TOOLS_BTCTL_COMMANDS_OUTCOME_H
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "btctl/commands/Argument.h"
+#include "btctl/events/EventHub.h"
+
+namespace btctl {
+
+/// A value that a field of an event has: one that is known beforehand, or that of an argument of the command.
+struct Condition {
+  std::string field;
+  std::string value;
+  std::optional<std::size_t> argument;
+};
+
+Condition Is(const std::string& field, const std::string& value);
+Condition IsArgument(const std::string& field, std::size_t argument);
+
+/// The event by which the service tells what has come of a request.
+struct Outcome {
+  std::string event;
+  /// Only an event with these values is about the request.
+  std::vector<Condition> ours;
+  /// With these it tells of success; without any, by coming.
+  std::vector<Condition> success;
+  /// With any of these it tells of failure; any other tells that the request is under way.
+  std::vector<Condition> failure;
+};
+
+/// Waits for the outcome of one request. Make it before the request: the outcome may be there before the
+/// answer.
+///
+/// A request for a pair of profiles has an outcome for each. It is decided once no profile is under way any
+/// more.
+class OutcomeWatch {
+ public:
+  OutcomeWatch(EventHub& hub, const Outcome& outcome, const Given& given);
+
+  const std::string& EventName() const { return m_outcome.event; }
+  bool IsDecided() const;
+  bool IsSuccess() const;
+  /// The event that decided, once one has: that of a failure, if there is one.
+  const Event& Decisive() const;
+
+ private:
+  enum class State { UNDER_WAY, SUCCESS, FAILURE };
+  struct Latest {
+    State state;
+    Event event;
+  };
+
+  void OnEvent(const Event& event);
+  bool Meets(const Event& event, const Condition& condition) const;
+  State StateOf(const Event& event) const;
+
+  const Outcome m_outcome;
+  const Given m_given;
+  std::map<std::string, Latest> m_latest;  ///< by profile; one of no name if the event has no profile
+  const EventHub::Subscription m_subscription;
+};
+
+}  // namespace btctl
+
+#endif

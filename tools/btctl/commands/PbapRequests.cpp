@@ -1,0 +1,81 @@
+#include <bluetooth/MWPBtPbap.h>
+
+#include "btctl/commands/Tables.h"
+
+namespace btctl {
+namespace {
+
+using namespace arg;
+
+Outcome Deleted() { return {"OnDeletePhoneBookChanged", {}, {Is("success", "yes")}, {Is("success", "no")}}; }
+
+Argument Log() { return OneOf("LOG", WordsOf<CallLogType>()); }
+
+/// Shows one of the call logs.
+Request ShowLog(const std::string& log, const std::string& help) {
+  return {"log " + log, help, BTCTL_METHOD(MWPBtPbap, GetCallLogList), {Fixed(log)}, ListOf("call-log"), {}};
+}
+
+}  // namespace
+
+std::vector<Request> PbapRequests() {
+  return {
+      {"contacts stop",
+       "Stop a download",
+       BTCTL_METHOD(MWPBtPbap, StopPhoneBookDownload),
+       {},
+       Accepted(),
+       {}},
+      {"contacts list",
+       "Show the phone book",
+       BTCTL_METHOD(MWPBtPbap, GetContactList),
+       {},
+       ListOf("contact"),
+       {}},
+      {"contacts favorites",
+       "Show the favourite contacts",
+       BTCTL_METHOD(MWPBtPbap, GetFavContactList),
+       {},
+       ListOf("contact"),
+       {}},
+      {"contacts count", "Count the contacts", BTCTL_METHOD(MWPBtPbap, GetContactCount), {}, Value(), {}},
+      {"contacts favorite",
+       "Make a contact a favourite, or not",
+       BTCTL_METHOD(MWPBtPbap, SetContactFavorite),
+       {Contact(), Or(Switch(), "on")},
+       Accepted(),
+       Outcome{"OnContactFavoriteChanged", {IsArgument("contactId", 0)}, {IsArgument("favorite", 1)}, {}}},
+      {"contacts delete",
+       "Delete a contact",
+       BTCTL_METHOD(MWPBtPbap, DeleteContactById),
+       {Contact()},
+       Accepted(),
+       Deleted()},
+      {"contacts clear",
+       "Delete all contacts",
+       BTCTL_METHOD(MWPBtPbap, ClearContact),
+       {},
+       Accepted(),
+       Deleted()},
+
+      ShowLog("all", "Show all calls that were made"),
+      ShowLog("incoming", "Show the calls that were accepted"),
+      ShowLog("outgoing", "Show the calls that were dialled"),
+      ShowLog("missed", "Show the calls that were missed"),
+      {"log count",
+       "Count the entries of a call log",
+       BTCTL_METHOD(MWPBtPbap, GetCallLogCount),
+       {Log()},
+       Value(),
+       {}},
+      {"log delete",
+       "Delete an entry of the call logs",
+       BTCTL_METHOD(MWPBtPbap, DeleteCallLogById),
+       {Whole("ID", "of the entry")},
+       Accepted(),
+       {}},
+      {"log clear", "Delete a call log", BTCTL_METHOD(MWPBtPbap, ClearCallLog), {Log()}, Accepted(), {}},
+  };
+}
+
+}  // namespace btctl

@@ -1,0 +1,82 @@
+#include "btctl/commands/ToJson.h"
+
+#include "btctl/words/Words.h"
+
+namespace btctl {
+
+using namespace MWPBtType;
+
+std::string NameOf(const MWPTypeContact& contact) {
+  const bool needsBlank = !contact.strText1.empty() && !contact.strText2.empty();
+  return contact.strText1 + (needsBlank ? " " : "") + contact.strText2;
+}
+
+Json ToJson(const MWPTypeContact& contact) {
+  Json numbers = Json::array();
+  for (const MWPTypeContactNumber& group : contact.listNumbers) {
+    numbers.push_back({{"type", group.nType}, {"numbers", group.vecValues}});
+  }
+  return {{"id", contact.nContactId}, {"name", NameOf(contact)}, {"numbers", numbers}};
+}
+
+Json ToJson(const MWPTypeCallLog& log) {
+  return {{"id", log.nLogId},       {"name", log.strText1},
+          {"number", log.strText2}, {"date", log.strText3},
+          {"time", log.strText4},   {"seconds", log.strText5},
+          {"contact", log.nValue1}, {"type", WordsOf<PbapType>().Show(log.nValue2)}};
+}
+
+Json ToJson(const MWPTypeCallInfo& info) {
+  Json calls = Json::array();
+  int count = 0;
+  for (const MWPTypeCallSlot* const slot : {&info.callSlot1, &info.callSlot2}) {
+    if (count++ < info.nCallCount) {
+      calls.push_back({{"id", slot->nValue1},
+                       {"status", WordsOf<CallStatus>().Show(slot->nValue2)},
+                       {"incoming", slot->nValue3 != 0},
+                       {"conference", slot->nValue4 != 0},
+                       {"seconds", slot->nValue5},
+                       {"number", slot->strText1},
+                       {"name", slot->strText2},
+                       {"address", slot->strText3}});
+    }
+  }
+  return calls;
+}
+
+Json ToJson(const MWPTypeMediaInfo& info) {
+  return {{"title", info.title},      {"artist", info.artist},           {"album", info.album},
+          {"track", info.track},      {"numOfTracks", info.numOfTracks}, {"genre", info.genre},
+          {"duration", info.duration}};
+}
+
+Json ToJson(const MWPTypePlayMode& mode) {
+  return {{"mode", PlayModeWords().Show(mode.nType)}, {"value", mode.nValue}};
+}
+
+Json ToJson(const MWPTypeConnectionState& state) {
+  return {{"status", WordsOf<ConnStatus>().Show(state.status)}, {"address", state.address}};
+}
+
+Json ToJson(const MWPTypeMessage& message) {
+  return {{"text1", message.strText1}, {"value1", message.nValue1}, {"text2", message.strText2},
+          {"text3", message.strText3}, {"text4", message.strText4}, {"text5", message.strText5},
+          {"text6", message.strText6}, {"value2", message.nValue2}};
+}
+
+Json ToJson(const MWPTypeMediaItem& item) {
+  return {{"uid", item.strUid}, {"name", item.strName}, {"type", item.nType}, {"playable", item.bPlayable}};
+}
+
+Json ToJson(const MWPTypeBleDevice& device) {
+  return {{"address", device.strAddr},
+          {"name", device.strName},
+          {"addressType", device.nAddressType},
+          {"rssi", device.nRssi}};
+}
+
+Json ToJson(const MWPTypeGattService& service) {
+  return {{"uuid", service.strUuid}, {"start", service.nStartHandle}, {"end", service.nEndHandle}};
+}
+
+}  // namespace btctl

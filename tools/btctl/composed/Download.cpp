@@ -1,0 +1,41 @@
+#include <bluetooth/MWPBtPbap.h>
+
+#include "btctl/commands/Tables.h"
+#include "btctl/composed/Composed.h"
+
+namespace btctl {
+namespace {
+
+using namespace arg;
+
+Request DownloadRequest() {
+  return {"contacts download",
+          "Download the phone book or the call logs from the phone",
+          BTCTL_METHOD(MWPBtPbap, StartPhoneBookDownload),
+          {Or(OneOf("--type", WordsOf<MWPBtType::PbapType>()), "all")},
+          Accepted(),
+          Outcome{"OnPBDownloadStatus",
+                  {IsArgument("type", 0)},
+                  {Is("status", "completed")},
+                  {Is("status", "stopped"), Is("status", "failed"), Is("status", "refused")}}};
+}
+
+}  // namespace
+
+std::vector<Command> DownloadCommands() {
+  Command command = AsCommand(DownloadRequest());
+  const auto run = command.run;
+  command.run = [run](Context& context, const Given& given) {
+    const EventHub::Subscription progress(context.session.Events(), [&](const Event& event) {
+      if (event.Name() == "OnPbDownloadCountChanged") {
+        context.output.ShowProgress(event.Value("current").number.value(),
+                                    event.Value("total").number.value());
+      }
+    });
+    run(context, given);
+  };
+  command.patience = Patience::FOR_EVER;  // a large phone book takes minutes
+  return {command};
+}
+
+}  // namespace btctl

@@ -1,0 +1,123 @@
+#include <bluetooth/MWPBtCom.h>
+#include <bluetooth/MWPBtMedia.h>
+#include <bluetooth/MWPBtPhone.h>
+
+#include <algorithm>
+
+#include "btctl/base/Failure.h"
+#include "btctl/commands/Request.h"
+#include "btctl/composed/Composed.h"
+
+// What several requests together tell.
+
+namespace btctl {
+namespace {
+
+using namespace MWPBtType;
+using namespace arg;
+
+/// For how long the service's report is listened to. It has no end that could be seen.
+Argument ReportTime() { return Or(Text("--seconds", "how long to listen to the report"), "0.5"); }
+
+std::string AttributeOf(Context& context, Attribute attribute) {
+  const Reply reply = MakeRequest(context.session, Value(), CallOf([attribute] {
+                                    std::string value;
+                                    MWPBtCom().GetAttribute(attribute, value);
+                                    return value;
+                                  }));
+  return reply.result;
+}
+
+void ShowStatus(Context& context, const Given&) {
+  const Json power =
+      MakeRequest(context.session, Value(), CallOf([] { return MWPBtCom().GetPowerStatus(); })).result;
+  const Json phone =
+      MakeRequest(context.session, Value(), CallOf([] { return MWPBtPhone().GetPhoneConnectionState(); }))
+          .result;
+  const Json player =
+      MakeRequest(context.session, Value(), CallOf([] { return MWPBtMedia().GetMediaConnectionState(); }))
+          .result;
+  context.output.ShowAnswer({{"kind", "answer"},
+                             {"command", "status"},
+                             {"power", WordsOf<PowerStatus>().Show(power.get<int>())},
+                             {"name", AttributeOf(context, BT_ATTR_LOCAL_NAME)},
+                             {"address", AttributeOf(context, BT_ATTR_LOCAL_ADDRESS)},
+                             {"phone", phone},
+                             {"player", player}});
+}
+
+/// Asks the service to tell by events how things stand, and hands these on while they come.
+void ListenToReport(Context& context, const std::string& seconds, const EventSink& sink) {
+  const EventHub::Subscription events(context.session.Events(), sink);
+  MakeRequest(context.session, Nothing(), CallOf([] { MWPBtCom().GetBluetoothServiceStatus(); }));
+  const auto atMost = MillisecondsOf(seconds);
+  context.session.WaitUntil([] { return false; }, atMost);
+}
+
+void ShowReport(Context& context, const Given& given) {
+  ListenToReport(context, given[0], [&](const Event& event) { context.output.ShowEvent(event); });
+}
+
+/// The library has no list of devices, but the report names each profile that is connected.
+void ListDevices(Context& context, const Given& given) {
+  std::map<std::string, Json> profiles;
+  ListenToReport(context, given[0], [&](const Event& event) {
+    if (event.Name() == "OnConnectStatusChanged" && event.Has("status", "connected")) {
+      profiles[event.Value("address").shown].push_back(event.Value("profile").shown);
+    }
+  });
+  Json devices = Json::array();
+  for (const auto& [address, connected] : profiles) {
+    const Reply name =
+        MakeRequest(context.session, Value(),
+                    CallOf([address = address] { return MWPBtCom().GetRemotePairDeviceName(address); }));
+    devices.push_back({{"address", address}, {"name", name.result}, {"profiles", connected}});
+  }
+  context.output.ShowList("device", devices);
+}
+
+void ListCapabilities(Context& context, const Given&) {
+  Json capabilities = Json::array();
+  for (const Word& word : WordsOf<Capability>().Words()) {
+    const auto capability = static_cast<Capability>(word.value);
+    const Reply value = MakeRequest(context.session, Value(),
+                                    CallOf([capability] { return MWPBtCom().GetCapability(capability); }));
+    capabilities.push_back(
+        {{"capability", word.text}, {"value", SwitchWords().Show(value.result.get<int>())}});
+  }
+  context.output.ShowList("capability", capabilities);
+}
+
+void ListAttributes(Context& context, const Given&) {
+  Json attributes = Json::array();
+  for (const Word& word : WordsOf<Attribute>().Words()) {
+    attributes.push_back(
+        {{"attribute", word.text}, {"value", AttributeOf(context, static_cast<Attribute>(word.value))}});
+  }
+  context.output.ShowList("attribute", attributes);
+}
+
+}  // namespace
+
+std::vector<Command> OverviewCommands() {
+  return {
+      {"status", "Tell how things stand at a glance", {}, {}, Patience::A_WHILE, ShowStatus},
+      {"report",
+       "Let the service tell by events how things stand",
+       {ReportTime()},
+       {"MWPBtCom::GetBluetoothServiceStatus"},
+       Patience::A_WHILE,
+       ShowReport,
+       true},
+      {"devices list",
+       "Show the devices that are connected",
+       {ReportTime()},
+       {},
+       Patience::A_WHILE,
+       ListDevices},
+      {"capability list", "Show all capabilities", {}, {}, Patience::A_WHILE, ListCapabilities},
+      {"attribute list", "Show all attributes of the adapter", {}, {}, Patience::A_WHILE, ListAttributes},
+  };
+}
+
+}  // namespace btctl

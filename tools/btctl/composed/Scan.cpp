@@ -1,0 +1,53 @@
+#include <bluetooth/MWPBtCom.h>
+
+#include "btctl/base/Failure.h"
+#include "btctl/commands/Request.h"
+#include "btctl/composed/Composed.h"
+
+namespace btctl {
+namespace {
+
+using namespace arg;
+
+void EndScan(Context& context) {
+  MakeRequest(context.session, Value(), CallOf([] { return MWPBtCom().SetScanAction(0); }));
+}
+
+/// Searches, and shows what is told meanwhile. The library does not tell which devices are found.
+void Scan(Context& context, const Given& given) {
+  const auto atMost = MillisecondsOf(given[0]);
+  bool hasEnded = false;
+  const EventHub::Subscription events(context.session.Events(), [&](const Event& event) {
+    context.output.ShowEvent(event);
+    hasEnded = event.Name() == "OnScanStatusChanged" && event.Has("status", "idle");
+  });
+  MakeRequest(context.session, Accepted(), CallOf([] { return MWPBtCom().SetScanAction(1); }));
+  try {
+    if (!context.session.WaitUntil([&] { return hasEnded; }, atMost)) {
+      EndScan(context);
+      context.session.WaitUntil([&] { return hasEnded; }, std::chrono::seconds(1));
+    }
+  } catch (const Failure& failure) {
+    if (failure.Code() == EXIT_INTERRUPTED) {
+      context.session.Begin(std::chrono::seconds(2));  // to end what was begun; then it is over
+      EndScan(context);
+    }
+    throw;
+  }
+}
+
+}  // namespace
+
+std::vector<Command> ScanCommands() {
+  Command command;
+  command.path = "scan";
+  command.help = "Search for devices for a time, and show the events that come";
+  command.arguments = {Or(Text("--seconds", "how long"), "10")};
+  command.methods = {"MWPBtCom::SetScanAction"};
+  command.patience = Patience::FOR_EVER;
+  command.run = Scan;
+  command.showsEvents = true;
+  return {command};
+}
+
+}  // namespace btctl

@@ -1,0 +1,62 @@
+// btctl: the command line client of the Bluetooth service. The rooms, from below:
+//   base/      exit codes, failures, JSON
+//   words/     words for the values of enumerations
+//   events/    the seven listener interfaces, turned into one kind of event
+//   session/   the library in use: requests beside a main loop, and what is wrong if it does not work
+//   output/    text for people, JSON for programs
+//   commands/  one line for each facade method: how it is told, read, called and shown
+//   composed/  commands that are more than one request
+//   sim/       the controls of the simulated service
+//   cli/       the command line and the shell
+
+#include <algorithm>
+#include <clocale>
+#include <cstdlib>
+
+#include <unistd.h>
+
+#include "btctl/cli/Shell.h"
+#include "btctl/session/LibraryLog.h"
+
+namespace {
+
+using namespace btctl;
+
+ExitCode Run(Session& session, AnswerStream& answers, const std::vector<std::string>& words, bool json) {
+  try {
+    const Parsed parsed = ParseCommandLine(words);
+    if (parsed.help || parsed.command != nullptr) {
+      session.ObserveService([&](bool isThere) {
+        if (session.Stays()) {
+          Output(answers, json).Note(isThere ? "the service is there" : "the service went away");
+        }
+      });
+      return RunCommand(session, answers, parsed);
+    }
+    const bool isAtTerminal = isatty(STDIN_FILENO) != 0 && answers.IsTerminal();
+    return isAtTerminal ? Shell(session, answers, parsed.options).Run()
+                        : RunLines(session, answers, parsed.options);
+  } catch (const Failure& failure) {
+    Output(answers, json).Complain(failure);
+    return failure.Code();
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::setlocale(LC_ALL, "");
+  const std::vector<std::string> words(argv + 1, argv + argc);
+  const auto has = [&](const char* word) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+  };
+  const bool isVerbose = has("--verbose");
+  AnswerStream answers(isVerbose);
+  LibraryLog::Take(isVerbose);
+  Session session;
+  const ExitCode code = Run(session, answers, words, has("--json"));
+  if (session.HasLeftThreads()) {
+    std::_Exit(code);  // a thread is still inside the library: nothing can be cleared up under it
+  }
+  return code;
+}

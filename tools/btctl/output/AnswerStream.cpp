@@ -1,0 +1,34 @@
+#include "btctl/output/AnswerStream.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "btctl/base/Failure.h"
+
+namespace btctl {
+
+AnswerStream::AnswerStream(bool showOthers) : m_file(fdopen(dup(STDOUT_FILENO), "w")) {
+  const int elsewhere = showOthers ? dup(STDERR_FILENO) : open("/dev/null", O_WRONLY | O_CLOEXEC);
+  dup2(elsewhere, STDOUT_FILENO);
+  close(elsewhere);
+  if (m_file == nullptr) {
+    throw Failure(EXIT_INTERNAL, "there is no standard output");
+  }
+}
+
+AnswerStream::~AnswerStream() { std::fclose(m_file); }
+
+bool AnswerStream::IsTerminal() const { return isatty(fileno(m_file)) != 0; }
+
+void AnswerStream::Write(const std::string& text) {
+  std::fwrite(text.data(), 1, text.size(), m_file);
+  std::fflush(m_file);
+}
+
+void AnswerStream::ThrowIfFailed() const {
+  if (std::ferror(m_file) != 0) {
+    throw Failure(EXIT_INTERNAL, "standard output cannot be written to");
+  }
+}
+
+}  // namespace btctl

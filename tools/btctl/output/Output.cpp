@@ -1,0 +1,175 @@
+#include "btctl/output/Output.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+#include <glib.h>
+#include <unistd.h>
+
+#include "btctl/output/PlainText.h"
+
+namespace btctl {
+namespace {
+
+constexpr int kProgressWidth = 40;
+
+/// The members that say what an object is, not what it holds.
+bool IsLabel(const std::string& name) { return name == "kind" || name == "command" || name == "control"; }
+
+void WriteError(const std::string& text) {
+  std::fputs(text.c_str(), stderr);
+  std::fflush(stderr);
+}
+
+/// The time of day, in the time zone of the machine, with milliseconds.
+std::string LocalTime(const std::string& iso) {
+  g_autoptr(GDateTime) time = g_date_time_new_from_iso8601(iso.c_str(), nullptr);
+  g_autoptr(GDateTime) local = g_date_time_to_local(time);
+  g_autofree char* text = g_date_time_format(local, "%H:%M:%S");
+  return text + iso.substr(iso.find('.'), 4);
+}
+
+}  // namespace
+
+bool WantsColours() {
+  const char* const refused = std::getenv("NO_COLOR");
+  const char* const terminal = std::getenv("TERM");
+  return (refused == nullptr || *refused == '\0') && terminal != nullptr &&
+         std::strcmp(terminal, "dumb") != 0;
+}
+
+Output::Output(AnswerStream& answers, bool json)
+    : m_answers(answers),
+      m_json(json),
+      m_style(!json && answers.IsTerminal() && WantsColours()),
+      m_errorStyle(!json && isatty(STDERR_FILENO) != 0 && WantsColours()) {}
+
+void Output::ShowAnswer(const Json& answer) {
+  if (m_json) {
+    m_answers.Write(ToLine(answer) + "\n");
+    return;
+  }
+  if (answer.contains("outcome")) {
+    const Json& event = answer["outcome"];
+    m_answers.Write(ToText(event["values"].empty() ? event["event"] : event["values"]) + "\n");
+  } else if (answer.contains("result")) {
+    m_answers.Write(ToText(answer["result"]) + "\n");
+  } else if (answer.contains("accepted")) {
+    m_answers.Write("accepted\n");
+  } else {
+    std::size_t width = 0;
+    for (const auto& [name, value] : answer.items()) {
+      width = IsLabel(name) ? width : std::max(width, WidthOf(name));
+    }
+    for (const auto& [name, value] : answer.items()) {
+      if (!IsLabel(name)) {
+        m_answers.Write(m_style.Heading(Padded(name, width)) + "  " + ToText(value) + "\n");
+      }
+    }
+  }
+}
+
+void Output::ShowList(const std::string& kind, const Json& items) {
+  if (!m_json) {
+    ShowTable(items);
+    return;
+  }
+  for (const Json& item : items) {
+    Json line{{"kind", kind}};
+    line.update(item);
+    m_answers.Write(ToLine(line) + "\n");
+  }
+}
+
+void Output::ShowTable(const Json& items) {
+  const std::vector<std::string> columns = ColumnsOf(items);
+  std::vector<std::size_t> widths;
+  for (const std::string& column : columns) {
+    std::size_t width = WidthOf(column);
+    for (const Json& item : items) {
+      width = item.contains(column) ? std::max(width, WidthOf(ToText(item[column]))) : width;
+    }
+    widths.push_back(width);
+  }
+  const auto line = [&](const auto& cellOf) {
+    std::string text;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      text += i + 1 < columns.size() ? Padded(cellOf(columns[i]), widths[i]) + "  " : cellOf(columns[i]);
+    }
+    return text;
+  };
+  if (!columns.empty()) {
+    m_answers.Write(m_style.Heading(line([](const std::string& column) { return column; })) + "\n");
+  }
+  for (const Json& item : items) {
+    m_answers.Write(line([&](const std::string& column) {
+                      return item.contains(column) ? ToText(item[column]) : std::string();
+                    }) +
+                    "\n");
+  }
+}
+
+void Output::ShowEvent(const Event& event) {
+  if (m_json) {
+    m_answers.Write(ToLine(event.ToJson()) + "\n");
+    return;
+  }
+  m_answers.Write(m_style.Faint(LocalTime(event.time)) + "  " + m_style.Event(event.Name()) +
+                  TextOf(event).substr(event.Name().size()) + "\n");
+}
+
+void Output::ShowText(const std::string& text) { m_answers.Write(text); }
+
+void Output::Note(const std::string& text) {
+  EndProgress();
+  WriteError(m_json ? ToLine(Json{{"kind", "note"}, {"message", text}}) + "\n" : "btctl: " + text + "\n");
+}
+
+void Output::Complain(const Failure& failure) {
+  EndProgress();
+  if (m_json) {
+    WriteError(ToLine(Json{{"kind", "error"},
+                           {"code", static_cast<int>(failure.Code())},
+                           {"name", NameOf(failure.Code())},
+                           {"message", failure.what()},
+                           {"hint", failure.Hint()}}) +
+               "\n");
+    return;
+  }
+  WriteError(m_errorStyle.Error("btctl: ") + ToText(failure.what()) + "\n");
+  if (!failure.Hint().empty()) {
+    WriteError(ToText(failure.Hint()) + "\n");
+  }
+}
+
+void Output::ShowProgress(int current, int total) {
+  if (m_json || isatty(STDERR_FILENO) == 0 || total <= 0) {
+    return;
+  }
+  const int done = std::clamp(static_cast<int>(static_cast<long long>(current) * kProgressWidth / total), 0,
+                              kProgressWidth);
+  WriteError("\r[" + std::string(static_cast<std::size_t>(done), '#') +
+             std::string(static_cast<std::size_t>(kProgressWidth - done), '.') + "] " +
+             std::to_string(current) + "/" + std::to_string(total));
+  m_hasProgress = true;
+}
+
+void Output::EndProgress() {
+  if (m_hasProgress) {
+    WriteError("\n");
+    m_hasProgress = false;
+  }
+}
+
+std::string Output::TextOf(const Event& event) const {
+  std::string text = event.Name();
+  for (std::size_t i = 0; i < event.values.size(); ++i) {
+    const std::string value = ToText(event.values[i].shown);
+    const bool needsQuotes = value.empty() || value.find(' ') != std::string::npos;
+    text += "  " + event.description->fields[i] + "=" + (needsQuotes ? '"' + value + '"' : value);
+  }
+  return text;
+}
+
+}  // namespace btctl

@@ -1,0 +1,51 @@
+#ifndef TOOLS_BTCTL_OUTPUT_OUTPUT_H
+#define TOOLS_BTCTL_OUTPUT_OUTPUT_H
+
+#include <string>
+
+#include "btctl/base/Failure.h"
+#include "btctl/base/Json.h"
+#include "btctl/events/Event.h"
+#include "btctl/output/AnswerStream.h"
+#include "btctl/output/Style.h"
+
+namespace btctl {
+
+/// How all that the program has to say is shown: to people as text, to programs as a JSON object a line.
+/// Answers and events go to standard output; what is said about them, to standard error.
+class Output {
+ public:
+  Output(AnswerStream& answers, bool json);
+
+  /// An object with the members "kind" and "command", and others that make up the answer.
+  void ShowAnswer(const Json& answer);
+  /// The items, each an object; `kind` is what one is called.
+  void ShowList(const std::string& kind, const Json& items);
+  void ShowEvent(const Event& event);
+  /// Text that is meant for people alone, such as help. It is the answer, so that it can be piped.
+  void ShowText(const std::string& text);
+
+  /// Something about what is going on.
+  void Note(const std::string& text);
+  void Complain(const Failure& failure);
+  /// A bar, on a terminal only. Ended by EndProgress.
+  void ShowProgress(int current, int total);
+  void EndProgress();
+
+  /// An event in one line, without its time.
+  std::string TextOf(const Event& event) const;
+  bool IsJson() const { return m_json; }
+
+ private:
+  void ShowTable(const Json& items);
+
+  AnswerStream& m_answers;
+  const bool m_json;
+  const Style m_style;       ///< of standard output
+  const Style m_errorStyle;  ///< of standard error
+  bool m_hasProgress = false;
+};
+
+}  // namespace btctl
+
+#endif

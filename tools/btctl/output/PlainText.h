@@ -1,0 +1,27 @@
+#ifndef TOOLS_BTCTL_OUTPUT_PLAINTEXT_H
+#define TOOLS_BTCTL_OUTPUT_PLAINTEXT_H
+
+#include <string>
+#include <vector>
+
+#include "btctl/base/Json.h"
+
+// Answers as people read them.
+
+namespace btctl {
+
+/// A value in one line. Control characters, which a phone may have put into a name, do not reach the
+/// terminal.
+std::string ToText(const Json& value);
+
+/// How many columns a text takes on a terminal.
+std::size_t WidthOf(const std::string& text);
+/// The text, filled up with blanks to that width.
+std::string Padded(const std::string& text, std::size_t width);
+
+/// The names of the members of the objects, in the order in which they are met.
+std::vector<std::string> ColumnsOf(const Json& objects);
+
+}  // namespace btctl
+
+#endif

@@ -1,0 +1,153 @@
+#include "btctl/session/Session.h"
+
+#include <atomic>
+#include <csignal>
+#include <exception>
+#include <mutex>
+#include <thread>
+
+#include <glib-unix.h>
+
+#include <bluetooth/MWPBluetooth.h>
+
+namespace btctl {
+namespace {
+
+std::mutex startMutex;  // two threads may start the library if the first one was left to itself
+bool isStarted = false;
+
+}  // namespace
+
+Session::Session()
+    : m_interruptSource(g_unix_signal_add(
+          SIGINT,
+          [](gpointer self) -> gboolean {
+            static_cast<Session*>(self)->OnInterrupt();
+            return G_SOURCE_CONTINUE;
+          },
+          this)) {}
+
+Session::~Session() {
+  g_source_remove(m_interruptSource);
+  m_use.reset();  // the library is stopped after the last listener is gone
+  if (!m_hasLeftThreads && isStarted) {
+    MWP_DestroyBlueTooth();
+    isStarted = false;
+  }
+}
+
+Session::Use& Session::InUse() {
+  if (!m_use) {
+    m_use.emplace(*this);
+  }
+  return *m_use;
+}
+
+void Session::Start() {
+  InUse();  // listeners first: they then hear all from the start on
+  Beside(StartLibrary);
+  if (!m_isServiceThere) {
+    m_isServiceThere = true;  // known before the watch has told
+  }
+}
+
+void Session::StartLibrary() {
+  const std::lock_guard<std::mutex> lock(startMutex);
+  if (!isStarted && MWP_CreateBlueTooth() == 0) {
+    throw WhyNotStarted();
+  }
+  isStarted = true;
+}
+
+void Session::RunBeside(std::function<void()> task) {
+  struct Job {
+    std::function<void()> task;
+    std::exception_ptr exception;
+    std::atomic<bool> isDone{false};
+  };
+  const auto job = std::make_shared<Job>();
+  job->task = std::move(task);
+  std::thread thread([job] {
+    try {
+      job->task();
+    } catch (...) {
+      job->exception = std::current_exception();
+    }
+    job->isDone = true;
+    g_main_context_wakeup(nullptr);
+  });
+  try {
+    while (!job->isDone) {
+      ThrowIfOver();
+      g_main_context_iteration(nullptr, TRUE);
+    }
+  } catch (...) {
+    thread.detach();
+    m_hasLeftThreads = true;
+    throw;
+  }
+  thread.join();
+  if (job->exception != nullptr) {
+    std::rethrow_exception(job->exception);
+  }
+}
+
+void Session::WaitUntil(const std::function<bool()>& condition) {
+  while (!condition()) {
+    ThrowIfOver();
+    if (m_isServiceGone && !m_stays) {
+      throw ServiceIsGone();
+    }
+    g_main_context_iteration(nullptr, TRUE);
+  }
+}
+
+bool Session::WaitUntil(const std::function<bool()>& condition, Milliseconds atMost) {
+  const Alarm end(atMost);
+  bool isTrue = false;
+  WaitUntil([&] { return (isTrue = condition()) || end.HasCome(); });
+  return isTrue;
+}
+
+void Session::DeliverArrived() {
+  while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+  }
+}
+
+void Session::Begin(std::optional<Milliseconds> timeout) {
+  DeliverArrived();  // what came before is nothing to the command
+  m_isInterrupted = false;
+  m_stays = false;
+  m_deadline.reset();
+  if (timeout) {
+    m_deadline.emplace(*timeout);
+  }
+}
+
+void Session::OnService(bool isThere) {
+  const bool isNews = m_isServiceThere != isThere;
+  m_isServiceGone = !isThere && (m_isServiceGone || m_isServiceThere.value_or(false));
+  m_isServiceThere = isThere;
+  if (isNews && m_observer) {
+    m_observer(isThere);
+  }
+}
+
+void Session::OnInterrupt() {
+  m_isInterrupted = true;
+  if (m_interruptObserver) {
+    m_interruptObserver();
+  }
+}
+
+void Session::ThrowIfOver() const {
+  if (m_isInterrupted) {
+    throw Failure(EXIT_INTERRUPTED, "interrupted");
+  }
+  if (m_deadline && m_deadline->HasCome()) {
+    throw Failure(EXIT_TIMED_OUT, "the service did not answer in time",
+                  "--timeout SECONDS gives it more time.");
+  }
+}
+
+}  // namespace btctl

@@ -1,0 +1,115 @@
+#ifndef TOOLS_BTCTL_SESSION_SESSION_H
+#define TOOLS_BTCTL_SESSION_SESSION_H
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <type_traits>
+
+#include "btctl/events/EventHub.h"
+#include "btctl/session/Alarm.h"
+#include "btctl/session/Diagnosis.h"
+
+namespace btctl {
+
+/// The library in use: how requests that block live beside a main loop that delivers events.
+///
+/// The library has no thread of its own. Events are delivered by the main loop of the main thread, and a
+/// request blocks the thread that makes it, for up to 25 seconds. So every request is made on a thread of its
+/// own, and the main thread iterates the loop until that has its answer: events keep coming, Ctrl-C and the
+/// time-out work, and the code that wants the answer still reads from top to bottom.
+///
+/// A request that takes too long cannot be taken back. Its thread is left to itself, with all that it needs
+/// in its own hands, and the library is then not stopped at the end: nobody may be inside it when that is
+/// done.
+///
+/// Nothing is touched before it is needed: a Session that is not asked anything costs nothing.
+class Session {
+ public:
+  using Milliseconds = std::chrono::milliseconds;
+
+  Session();
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  /// Makes a request; the library is started first, if it has not been. `request` may be left to itself, so
+  /// it holds by value all that it uses. Throws a Failure if the start fails, the time is up, or the user
+  /// interrupts, and what `request` throws.
+  template <typename Request>
+  auto Ask(Request request) {
+    Start();
+    return Beside(request);
+  }
+
+  /// Starts the library, if it has not been started.
+  void Start();
+
+  /// The same without the library, for anything that blocks.
+  template <typename Task>
+  auto Beside(Task task) {
+    using Result = std::invoke_result_t<Task>;
+    if constexpr (std::is_void_v<Result>) {
+      RunBeside(task);
+    } else {
+      const auto result = std::make_shared<std::optional<Result>>();
+      RunBeside([task, result] { *result = task(); });
+      return std::move(**result);
+    }
+  }
+
+  /// Iterates the loop until the condition is true. Throws a Failure if the service goes away, the time is
+  /// up, or the user interrupts.
+  void WaitUntil(const std::function<bool()>& condition);
+  /// The same for at most that time; whether the condition became true.
+  bool WaitUntil(const std::function<bool()>& condition, Milliseconds atMost);
+  /// Lets all events that have already arrived be delivered.
+  void DeliverArrived();
+
+  EventHub& Events() { return InUse().events; }
+
+  /// Begins a command: its time starts now.
+  void Begin(std::optional<Milliseconds> timeout);
+  /// Whether waiting goes on while the service is away.
+  void SetStays(bool stays) { m_stays = stays; }
+  bool Stays() const { return m_stays; }
+  /// Is told, from now on, when the service comes and goes.
+  void ObserveService(ServiceWatch::Observer observer) { m_observer = std::move(observer); }
+  /// Is called at Ctrl-C, beside what that does to those who wait.
+  void ObserveInterrupt(std::function<void()> observer) { m_interruptObserver = std::move(observer); }
+
+  /// True if a request was left to itself: the program must then end without clearing up.
+  bool HasLeftThreads() const { return m_hasLeftThreads; }
+
+ private:
+  /// What begins to exist with the first use of the library.
+  struct Use {
+    explicit Use(Session& session) : watch([&session](bool isThere) { session.OnService(isThere); }) {}
+
+    EventHub events;
+    const ServiceWatch watch;
+  };
+
+  static void StartLibrary();
+  Use& InUse();
+  void RunBeside(std::function<void()> task);
+  void OnService(bool isThere);
+  void OnInterrupt();
+  void ThrowIfOver() const;
+
+  const unsigned m_interruptSource;
+  std::optional<Use> m_use;
+  std::optional<Alarm> m_deadline;
+  bool m_isInterrupted = false;
+  std::optional<bool> m_isServiceThere;
+  bool m_isServiceGone = false;
+  bool m_stays = false;
+  bool m_hasLeftThreads = false;
+  ServiceWatch::Observer m_observer;
+  std::function<void()> m_interruptObserver;
+};
+
+}  // namespace btctl
+
+#endif

@@ -1,0 +1,24 @@
+#ifndef TOOLS_BTCTL_SIM_SIMULATIONCONTROL_H
+#define TOOLS_BTCTL_SIM_SIMULATIONCONTROL_H
+
+#include <string>
+#include <vector>
+
+#include "btctl/base/Json.h"
+
+// The controls of the simulated service: what a test or a developer does to it that no phone and no user
+// could. They are no part of the library, so this is the one place that talks D-Bus by itself. What controls
+// there are the service tells by itself. All of it blocks.
+
+namespace btctl {
+
+/// {"control":"phone-appears","arguments":["address","name"]} for each control.
+Json ListControls();
+
+/// Uses a control, given by its name in either form: "phone-appears" or "PhoneAppears". Its answers by their
+/// names.
+Json UseControl(const std::string& control, const std::vector<std::string>& values);
+
+}  // namespace btctl
+
+#endif

@@ -1,0 +1,67 @@
+#include "btctl/sim/Variants.h"
+
+#include <cstring>
+
+#include "btctl/base/Failure.h"
+#include "btctl/commands/FromText.h"
+#include "btctl/words/Words.h"
+
+namespace btctl {
+
+GVariant* ToVariant(const std::string& text, const char* type, const std::string& argument) {
+  switch (*type) {
+    case 's':
+      return g_variant_new_string(text.c_str());
+    case 'b':
+      return g_variant_new_boolean(
+          (text == "true" || text == "yes" || SwitchWords().Find(text) == 1) ? TRUE : FALSE);
+    default:
+      break;
+  }
+  if (std::strcmp(type, "ay") == 0) {
+    const std::vector<unsigned char> bytes = ParseBytes(text);
+    return g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, bytes.data(), bytes.size(), 1);
+  }
+  g_autoptr(GError) error = nullptr;
+  g_autoptr(GVariantType) wanted = g_variant_type_new(type);
+  GVariant* const value = g_variant_parse(wanted, text.c_str(), nullptr, nullptr, &error);
+  if (value == nullptr) {
+    throw Failure(EXIT_USAGE,
+                  argument + " is '" + text + "', not of the type '" + type + "': " + error->message);
+  }
+  return value;
+}
+
+Json ToJson(GVariant* value) {
+  switch (g_variant_classify(value)) {
+    case G_VARIANT_CLASS_STRING:
+      return g_variant_get_string(value, nullptr);
+    case G_VARIANT_CLASS_BOOLEAN:
+      return g_variant_get_boolean(value) != FALSE;
+    case G_VARIANT_CLASS_BYTE:
+      return g_variant_get_byte(value);
+    case G_VARIANT_CLASS_INT32:
+      return g_variant_get_int32(value);
+    case G_VARIANT_CLASS_UINT32:
+      return g_variant_get_uint32(value);
+    case G_VARIANT_CLASS_INT64:
+      return g_variant_get_int64(value);
+    case G_VARIANT_CLASS_DOUBLE:
+      return g_variant_get_double(value);
+    case G_VARIANT_CLASS_ARRAY:
+    case G_VARIANT_CLASS_TUPLE: {
+      Json all = Json::array();
+      for (gsize i = 0; i < g_variant_n_children(value); ++i) {
+        g_autoptr(GVariant) child = g_variant_get_child_value(value, i);
+        all.push_back(ToJson(child));
+      }
+      return all;
+    }
+    default: {
+      g_autofree char* text = g_variant_print(value, FALSE);
+      return text;
+    }
+  }
+}
+
+}  // namespace btctl

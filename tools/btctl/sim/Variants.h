@@ -1,0 +1,21 @@
+#ifndef TOOLS_BTCTL_SIM_VARIANTS_H
+#define TOOLS_BTCTL_SIM_VARIANTS_H
+
+#include <string>
+
+#include <glib.h>
+
+#include "btctl/base/Json.h"
+
+namespace btctl {
+
+/// A value of that type from what is written on the command line: texts as they are, switches as words, bytes
+/// in hexadecimal digits, and the rest as GLib writes it, such as "[<1>, <'two'>]". Floating. Throws a
+/// Failure that names the argument.
+GVariant* ToVariant(const std::string& text, const char* type, const std::string& argument);
+
+Json ToJson(GVariant* value);
+
+}  // namespace btctl
+
+#endif

@@ -1,0 +1,48 @@
+#include "btctl/words/WordTable.h"
+
+#include <glib.h>
+
+#include "btctl/base/Failure.h"
+
+namespace btctl {
+namespace {
+
+constexpr guint64 kHighestValue = 255;  // enumerations travel as one byte
+
+}  // namespace
+
+Json WordTable::Show(int value) const {
+  for (const Word& word : m_words) {
+    if (word.value == value) {
+      return word.text;
+    }
+  }
+  return value;
+}
+
+std::optional<int> WordTable::Find(const std::string& text) const {
+  for (const Word& word : m_words) {
+    if (g_ascii_strcasecmp(word.text, text.c_str()) == 0) {
+      return word.value;
+    }
+  }
+  guint64 number = 0;
+  if (g_ascii_string_to_unsigned(text.c_str(), 10, 0, kHighestValue, &number, nullptr) != FALSE) {
+    return static_cast<int>(number);
+  }
+  return std::nullopt;
+}
+
+int WordTable::Parse(const std::string& text, const std::string& what) const {
+  const std::optional<int> value = Find(text);
+  if (!value) {
+    std::string known;
+    for (const Word& word : m_words) {
+      known += known.empty() ? word.text : std::string(", ") + word.text;
+    }
+    throw Failure(EXIT_UNKNOWN_NAME, "there is no " + what + " '" + text + "'", "Known are: " + known + ".");
+  }
+  return *value;
+}
+
+}  // namespace btctl
