@@ -1,0 +1,125 @@
+// btctl and the simulated service: from switching on to a call and the phone book, and all of it broken.
+
+#include <csignal>
+
+#include <gmock/gmock.h>
+
+#include "tools/Btctl.h"
+#include "tools/Terminal.h"
+
+namespace bttest {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr char kPhone[] = "00:1A:7D:DA:71:13";
+
+/// The simulated service in one of its worlds. Time runs fast there.
+struct WithSimulation : BtctlWithBus {
+  void Start(const std::string& world, const std::string& speed = "20") {
+    service.emplace(Words{"/app/bin/btservice", "--no-state", "--world", world, "--speed", speed});
+    ASSERT_TRUE(WaitUntil([&] {
+      return RunBtctl({"power", "status"}).code == 0 || !service->IsAlive();
+    })) << service->Errors();
+  }
+
+  /// Runs a command that must work, and answers what it prints.
+  std::string Output(const Words& words) {
+    const Ran ran = RunBtctl(words);
+    EXPECT_EQ(ran.code, 0) << words.front() << " " << words.back() << ": " << ran.errors;
+    return ran.output;
+  }
+
+  /// The phone of the world, connected, its phone book downloaded.
+  void StartWithPhone() {
+    Start("one-phone");
+    Output({"capability", "set", "auto-download", "off", "--no-wait"});
+    Output({"power", "on"});
+    Output({"connect", kPhone});
+    ASSERT_TRUE(WaitUntil([&] { return RunBtctl({"contacts", "download", "--timeout", "10"}).code == 0; }));
+  }
+
+  std::optional<ChildProcess> service;
+};
+
+TEST_F(WithSimulation, SwitchesPairsAndConnects) {
+  Start("two-phones");
+  EXPECT_EQ(Output({"power", "on"}), "on\n");
+  EXPECT_EQ(Output({"power", "status"}), "on\n");
+  EXPECT_THAT(Output({"scan", "--seconds", "0.5"}), HasSubstr("status=scanning"));
+  EXPECT_THAT(Output({"connect", kPhone, "--profile", "hfp"}), HasSubstr("connected"));
+  EXPECT_THAT(Output({"devices", "list"}), HasSubstr(kPhone));
+  EXPECT_EQ(Output({"disconnect", kPhone}), std::string(kPhone) + " hfp disconnected\n");
+  EXPECT_EQ(Output({"power", "off"}), "off\n");
+}
+
+TEST_F(WithSimulation, DownloadsAndShowsThePhoneBookAndDialsAContactByName) {
+  StartWithPhone();
+  const auto contacts = RunBtctl({"contacts", "list", "--json"}).Objects();
+  ASSERT_FALSE(contacts.empty());
+  EXPECT_EQ(Output({"contacts", "count"}), std::to_string(contacts.size()) + "\n");
+  const std::string name = contacts.front()["name"];
+  const std::string number = contacts.front()["numbers"][0]["numbers"][0];
+
+  EXPECT_EQ(Output({"call", "dial", name}), "accepted\n");
+  ASSERT_TRUE(WaitUntil([&] { return !RunBtctl({"call", "list", "--json"}).Objects().empty(); }));
+  EXPECT_EQ(RunBtctl({"call", "list", "--json"}).Objects().front()["number"], number);
+  EXPECT_EQ(Output({"call", "hangup"}), "accepted\n");
+
+  EXPECT_THAT(Output({"contacts", "favorite", name}), HasSubstr("yes"));
+  EXPECT_THAT(Output({"contacts", "favorites"}), HasSubstr(name));
+  const Ran unknown = RunBtctl({"call", "dial", name.substr(0, 2)});
+  EXPECT_EQ(unknown.code, 8);
+  EXPECT_THAT(unknown.errors, HasSubstr(name));
+}
+
+TEST_F(WithSimulation, ShowsTheCallLogs) {
+  StartWithPhone();
+  const auto missed = RunBtctl({"log", "missed", "--json"}).Objects();
+  ASSERT_EQ(missed.size(), 1U);
+  EXPECT_EQ(missed.front()["kind"], "call-log");
+  EXPECT_EQ(missed.front()["type"], "missed");
+  EXPECT_EQ(missed.front()["number"], "+49301234567");
+}
+
+TEST_F(WithSimulation, IsDrivenByItsControls) {
+  StartWithPhone();
+  EXPECT_THAT(Output({"sim"}), HasSubstr("call"));
+  ChildProcess wait(CommandLine({"wait", "OnCallStatusChanged", "--match", "status=incoming"}));
+  ASSERT_TRUE(WaitUntil([&] { return wait.Errors().find("waiting") != std::string::npos; }));
+  EXPECT_EQ(Output({"sim", "call", kPhone, "+49170999"}), "");
+  EXPECT_EQ(wait.Wait(), 0);
+  EXPECT_EQ(Output({"call", "accept"}), "accepted\n");
+
+  EXPECT_EQ(RunBtctl({"sim", "call", "00:00:00:00:00:00", "1"}).code, 1);
+  EXPECT_EQ(RunBtctl({"sim", "call"}).code, 2);
+  EXPECT_EQ(RunBtctl({"sim", "fly"}).code, 8);
+  EXPECT_EQ(RunBtctl({"sim", "set-battery", kPhone, "full"}).code, 2);
+}
+
+TEST_F(WithSimulation, IsTakenByItsWordWhenItBreaks) {
+  StartWithPhone();
+  Output({"sim", "fail-answers", "RedialCall", "1", "com.zelk.Error.Busy", "the line is busy"});
+  const Ran failed = RunBtctl({"call", "redial"});
+  EXPECT_EQ(failed.code, 1);
+  EXPECT_THAT(failed.errors, HasSubstr("the line is busy"));
+
+  Output({"sim", "drop-answers", "GetContactCount", "1"});
+  EXPECT_EQ(RunBtctl({"contacts", "count", "--timeout", "0.3"}).code, 6);
+
+  Output({"sim", "die", "3"});
+  EXPECT_EQ(RunBtctl({"power", "status"}).code, 4);
+}
+
+TEST_F(WithSimulation, TheShellCompletesAContact) {
+  StartWithPhone();
+  const std::string name = RunBtctl({"contacts", "list", "--json"}).Objects().front()["name"];
+  Terminal terminal(CommandLine({}));
+  ASSERT_TRUE(terminal.WaitFor("btctl> "));
+  terminal.Type("call dial " + name.substr(0, name.find(' ')) + "\t\n");
+  EXPECT_TRUE(terminal.WaitFor("\"" + name + "\"")) << terminal.Screen();
+  EXPECT_TRUE(terminal.WaitFor("status=dialing")) << terminal.Screen();
+}
+
+}  // namespace
+}  // namespace bttest

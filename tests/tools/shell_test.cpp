@@ -1,0 +1,225 @@
+// The interactive shell, at a terminal.
+
+#include <gmock/gmock.h>
+
+#include "tools/Btctl.h"
+#include "tools/Terminal.h"
+
+namespace bttest {
+namespace {
+
+constexpr char kPhone[] = "00:1A:7D:DA:71:13";
+constexpr char kPrompt[] = "btctl> ";
+
+/// The number of times that a text is in another.
+int Count(const std::string& text, const std::string& part) {
+  int count = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+    ++count;
+  }
+  return count;
+}
+
+struct InTheShell : BtctlWithRecorder {
+  InTheShell() { AcceptAll(); }
+
+  /// Starts the shell and waits for its prompt; forgets the calls that it made by itself.
+  void Start(const Words& words = {}) {
+    terminal.emplace(CommandLine(words));
+    ASSERT_TRUE(terminal->WaitFor(kPrompt)) << terminal->Screen();
+    service.TakeCalls();
+  }
+
+  std::optional<Terminal> terminal;
+};
+
+TEST_F(InTheShell, ACommandIsCarriedOutAndThePromptComesBack) {
+  Start();
+  terminal->Type("call redial\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted"));
+  EXPECT_TRUE(terminal->WaitFor(kPrompt));
+  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("RedialCall()"));
+}
+
+TEST_F(InTheShell, AnEventIsShownAboveThePromptAndWhatIsTypedStays) {
+  Start();
+  terminal->Type("call red");
+  ASSERT_TRUE(terminal->WaitFor("call red"));
+  service.Emit("OnConnectStatusChanged", g_variant_new("(syy)", kPhone, 1, 2));
+  ASSERT_TRUE(terminal->WaitFor("status=connected"));
+  ASSERT_TRUE(terminal->WaitFor("btctl> call red")) << terminal->Screen();
+  terminal->Type("ial\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted"));
+}
+
+TEST_F(InTheShell, AnAddressThatAnEventNamedIsCompleted) {
+  Start();
+  service.Emit("OnConnectStatusChanged", g_variant_new("(syy)", kPhone, 1, 0));
+  ASSERT_TRUE(terminal->WaitFor("status=disconnected"));
+  terminal->Type("connect 00\t--no-wait\n");
+  ASSERT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  EXPECT_THAT(service.TakeCallTexts(),
+              testing::ElementsAre("Connect('00:1A:7D:DA:71:13', byte 0x03, byte 0x00)"));
+}
+
+TEST_F(InTheShell, CommandsOptionsAndProfilesAreCompleted) {
+  Start();
+  terminal->Type(std::string("conn\t") + kPhone + " --pro\ta2\t--no-wait\n");
+  ASSERT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  EXPECT_THAT(service.TakeCallTexts(),
+              testing::ElementsAre("Connect('00:1A:7D:DA:71:13', byte 0x02, byte 0x00)"));
+}
+
+TEST_F(InTheShell, SeveralPossibilitiesAreListed) {
+  Start();
+  terminal->Type("call re\t\t");
+  EXPECT_TRUE(terminal->WaitFor("redial"));
+  EXPECT_TRUE(terminal->WaitFor("reject"));
+}
+
+TEST_F(InTheShell, TheHistoryOutlivesTheShell) {
+  Start();
+  terminal->Type("call hangup\n");
+  ASSERT_TRUE(terminal->WaitFor("accepted"));
+  ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  terminal->Type("quit\n");
+  ASSERT_EQ(terminal->Wait(), 0);
+
+  Start();
+  terminal->Type("\033[A\033[A\n");  // twice up: before "quit"
+  ASSERT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("TerminateCall()"));
+}
+
+TEST_F(InTheShell, AFailureIsToldAndIsTheExitCodeIfItIsTheLast) {
+  Start();
+  terminal->Type("connect here\n");
+  EXPECT_TRUE(terminal->WaitFor("is not a Bluetooth address"));
+  EXPECT_TRUE(terminal->WaitFor(kPrompt));
+  terminal->Type("\004");
+  EXPECT_EQ(terminal->Wait(), 7);
+}
+
+TEST_F(InTheShell, CtrlCDiscardsTheLineAndEndsACommand) {
+  Start();
+  terminal->Type("call accept");
+  ASSERT_TRUE(terminal->WaitFor("call accept"));
+  terminal->Type("\003");
+  ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  terminal->Type("monitor\n");
+  ASSERT_TRUE(terminal->WaitFor("listening"));
+  terminal->Type("\003");
+  ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  terminal->Type("quit\n");
+  EXPECT_EQ(terminal->Wait(), 0);
+  EXPECT_THAT(service.TakeCallTexts(), testing::IsEmpty());
+}
+
+TEST_F(InTheShell, AMonitorShowsAnEventOnce) {
+  Start();
+  terminal->Type("monitor\n");
+  ASSERT_TRUE(terminal->WaitFor("listening"));
+  service.Emit("OnHangupCallChanged", g_variant_new("()"));
+  service.Emit("OnMediaInfoChanged", g_variant_new("()"));
+  ASSERT_TRUE(terminal->WaitFor("OnMediaInfoChanged"));
+  EXPECT_EQ(Count(terminal->Screen(), "OnHangupCallChanged"), 1);
+}
+
+TEST_F(InTheShell, APairingAsksAtTheTerminal) {
+  Start();
+  terminal->Type(std::string("pair ") + kPhone + "\n");
+  ASSERT_TRUE(service.WaitForCalls(1));
+  service.Emit("OnAnswerPairRequest", g_variant_new("(ssby)", kPhone, "123456", FALSE, 0));
+  ASSERT_TRUE(terminal->WaitFor("Does the device show 123456? [y/N] "));
+  terminal->Type("y\n");
+  ASSERT_TRUE(service.WaitForCalls(2));
+  service.Emit("OnPairStatusChanged", g_variant_new("(yys)", 2, 0, kPhone));
+  EXPECT_TRUE(terminal->WaitFor("paired none"));
+  EXPECT_TRUE(terminal->WaitFor(kPrompt));
+  EXPECT_THAT(service.TakeCallTexts(),
+              testing::ElementsAre("Pair('00:1A:7D:DA:71:13', '')",
+                                   "AnswerPair('123456', '00:1A:7D:DA:71:13', byte 0x00)"));
+}
+
+TEST_F(InTheShell, TheServiceIsSeenToGoAndComeBack) {
+  Start();
+  service.ReleaseName();
+  ASSERT_TRUE(terminal->WaitFor("the service went away"));
+  service.OwnName();
+  ASSERT_TRUE(terminal->WaitFor("the service is there"));
+  terminal->Type("call redial\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted"));
+}
+
+TEST_F(InTheShell, AHangingServiceDoesNotHoldItUp) {
+  Start();
+  service.Hang("RedialCall");
+  terminal->Type("call redial --timeout 0.2\n");
+  EXPECT_TRUE(terminal->WaitFor("did not answer in time"));
+  EXPECT_TRUE(terminal->WaitFor(kPrompt));
+  terminal->Type("call accept\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted"));
+  terminal->Type("quit\n");
+  EXPECT_EQ(terminal->Wait(), 0);
+}
+
+TEST_F(InTheShell, ADownloadShowsABar) {
+  Start();
+  terminal->Type("contacts download\n");
+  ASSERT_TRUE(service.WaitForCalls(1));
+  service.Emit("OnPbDownloadCountChanged", g_variant_new("(ii)", 10, 20));
+  EXPECT_TRUE(terminal->WaitFor("[####################....................] 10/20"));
+  service.Emit("OnPBDownloadStatus", g_variant_new("(yy)", 3, 6));
+  EXPECT_TRUE(terminal->WaitFor("completed all"));
+}
+
+TEST_F(InTheShell, HeadingsAreBoldUnlessNobodyWantsThat) {
+  setenv("NO_COLOR", "1", 1);
+  Start();
+  terminal->Type("music modes\n");
+  ASSERT_TRUE(terminal->WaitFor("value"));
+  ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  EXPECT_EQ(Count(terminal->Screen(), "\033[1m"), 0);
+  terminal->Type("quit\n");
+  terminal->Wait();
+
+  unsetenv("NO_COLOR");
+  Start();
+  terminal->Type("music modes\n");
+  EXPECT_TRUE(terminal->WaitFor("\033[1mmode"));
+}
+
+TEST(TheShell, EndsAtOnceWithoutABus) {
+  MakeDummySegments();
+  Terminal terminal(CommandLine({}));
+  EXPECT_EQ(terminal.Wait(), 3);
+  EXPECT_THAT(terminal.Screen(), testing::HasSubstr("DBUS_SESSION_BUS_ADDRESS"));
+}
+
+using TheShellWithoutAService = BtctlWithBus;
+
+TEST_F(TheShellWithoutAService, WaitsForOne) {
+  Terminal terminal(CommandLine({}));
+  ASSERT_TRUE(terminal.WaitFor("nobody on the session bus"));
+  ASSERT_TRUE(terminal.WaitFor(kPrompt));
+  Recorder service;
+  ASSERT_TRUE(terminal.WaitFor("the service is there"));
+  service.SetReply("RedialCall", g_variant_new("(b)", TRUE));
+  terminal.Type("call redial\n");
+  EXPECT_TRUE(terminal.WaitFor("accepted"));
+}
+
+struct FromAPipe : BtctlWithRecorder {};
+
+TEST_F(FromAPipe, CommandsAreCarriedOutLineByLineUntilOneFails) {
+  Accept("RedialCall");
+  ChildProcess shell({"sh", "-c",
+                      "printf 'call redial\\n\\n# a remark\\ncall accept\\ncall hangup\\n' | \"$0\"",
+                      BTCTL_EXECUTABLE});
+  EXPECT_EQ(shell.Wait(), 1);
+  EXPECT_EQ(shell.Output(), "accepted\n");
+  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("RedialCall()", "AcceptCall()"));
+}
+
+}  // namespace
+}  // namespace bttest

@@ -1,0 +1,21 @@
+# btctl: its parts, and the program itself with the recording service, with btservice, and at a terminal.
+if(NOT BT_BUILD_TOOLS)
+  return()
+endif()
+
+add_library(bt_tools_support STATIC tools/Btctl.cpp tools/Terminal.cpp)
+target_compile_definitions(bt_tools_support PUBLIC BTCTL_EXECUTABLE="$<TARGET_FILE:btctl>")
+target_link_libraries(bt_tools_support PUBLIC bt_test_support bt_internal btctl_parts util PRIVATE bt_warnings)
+add_dependencies(bt_tools_support btctl)
+
+bt_add_test(NAME tools_parts_test SOURCES completion_test.cpp events_test.cpp LIBS bt_tools_support)
+
+bt_add_test(NAME tools_btctl_test
+  SOURCES bad_worlds_test.cpp command_rows.cpp commands_test.cpp coverage_test.cpp json_test.cpp outcome_test.cpp
+  LIBS bt_tools_support)
+target_compile_definitions(tools_btctl_test PRIVATE BT_PUBLIC_HEADERS="${CMAKE_SOURCE_DIR}/include/bluetooth")
+
+bt_add_test(NAME tools_shell_test SOURCES shell_test.cpp LIBS bt_tools_support)
+
+bt_add_test(NAME tools_service_test SOURCES service_test.cpp LIBS bt_tools_support)
+add_dependencies(tools_service_test btservice)
