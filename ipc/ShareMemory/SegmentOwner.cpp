@@ -1,6 +1,7 @@
 #include "ipc/ShareMemory/SegmentOwner.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 
 #include <sys/ipc.h>
@@ -12,6 +13,15 @@
 namespace {
 
 constexpr int kAccess = 0666;
+
+/// Whether the process that made a segment is no more, so that nobody else would ever remove it.
+bool IsOrphan(int shmid) {
+  shmid_ds status = {};
+  if (shmctl(shmid, IPC_STAT, &status) == -1 || status.shm_cpid <= 0) {
+    return false;  // made where the process cannot be seen from here
+  }
+  return kill(status.shm_cpid, 0) == -1 && errno == ESRCH;
+}
 
 }  // namespace
 
@@ -39,7 +49,7 @@ void* SegmentOwner::Attach(ShareMemID id, bool* fresh) {
     ReportError(entry, segment, errno);
     return nullptr;
   }
-  segment = Segment{shmid, address, made, 0};
+  segment = Segment{shmid, address, made || IsOrphan(shmid), 0};
   return address;
 }
 

@@ -92,6 +92,20 @@ TEST(ServiceProcessTest, LeavesTheSegmentsOfOthers) {
   EXPECT_TRUE(bttest::FindSegment(SH_CONTACT_LIST));
 }
 
+TEST(ServiceProcessTest, TakesOverTheSegmentsOfAServiceThatWasKilled) {
+  RunningService service;
+  ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
+  const int identifier = bttest::FindSegment(SH_CONTACT_LIST)->identifier;
+  service.Process().Kill();
+  EXPECT_EQ(SegmentsLeft(), 8);
+  service.Start();
+  ASSERT_EQ(service.Ask("GetContactList"), "(true,)");
+  EXPECT_EQ(bttest::FindSegment(SH_CONTACT_LIST)->identifier, identifier) << "clients have it attached";
+  service.Process().Signal(SIGTERM);
+  EXPECT_EQ(service.Process().Wait(), 0);
+  EXPECT_EQ(SegmentsLeft(), 0);
+}
+
 TEST(ServiceProcessTest, EndsWithTheBusAndLeavesNoSegment) {
   RunningService service;
   ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));

@@ -18,13 +18,16 @@ bttest::ConnectionPtr ConnectToBus() {
 }
 
 RunningService::RunningService(const std::vector<std::string>& options) {
-  std::vector<std::string> command{kExecutable};
-  command.insert(command.end(), options.begin(), options.end());
+  m_command.insert(m_command.end(), options.begin(), options.end());
   m_connection = ConnectToBus();
   m_subscription =
       g_dbus_connection_signal_subscribe(m_connection.get(), kServiceName, kServiceName, nullptr, nullptr,
                                          nullptr, G_DBUS_SIGNAL_FLAGS_NONE, OnSignal, this, nullptr);
-  m_process = std::make_unique<bttest::ChildProcess>(command);
+  Start();
+}
+
+void RunningService::Start() {
+  m_process = std::make_unique<bttest::ChildProcess>(m_command);
   if (!bttest::RunUntil([this] { return IsOwned() || !m_process->IsAlive(); }) || !m_process->IsAlive()) {
     throw std::runtime_error("btservice did not come up: " + m_process->Errors());
   }

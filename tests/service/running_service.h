@@ -24,6 +24,9 @@ class RunningService {
   explicit RunningService(const std::vector<std::string>& options = {});
   ~RunningService();
 
+  /// Starts it once more, after its end, with the options that it had.
+  void Start();
+
   bttest::BusDaemon& Bus() { return m_bus; }
   bttest::ChildProcess& Process() { return *m_process; }
   GDBusConnection* Connection() { return m_connection.get(); }
@@ -47,6 +50,7 @@ class RunningService {
                        GVariant* arguments, gpointer self);
   bool IsOwned();
 
+  std::vector<std::string> m_command{kExecutable};
   bttest::BusDaemon m_bus;
   std::unique_ptr<bttest::ChildProcess> m_process;
   bttest::ConnectionPtr m_connection;
