@@ -90,6 +90,21 @@ TEST(WithoutABus, AWrongCommandLineIsToldAsSuch) {
   }
 }
 
+TEST(WithoutABus, ASlipOfTheFingerIsTaken) {
+  ExpectFailure(RunBtctl({"call", "dail", "110"}), USAGE,
+                "'btctl call' has no command 'dail'\nDid you mean 'dial'?");
+  ExpectFailure(RunBtctl({"power", "status", "--jsno"}), USAGE,
+                "'btctl power status' has no option '--jsno'\nDid you mean '--json'?");
+  ExpectFailure(RunBtctl({"wait", "OnScanStatus"}), UNKNOWN_NAME, "Did you mean 'OnScanStatusChanged'?");
+  ExpectFailure(RunBtctl({"capability", "get", "visibel"}), UNKNOWN_NAME, "Did you mean 'visible'?");
+  ExpectFailure(RunBtctl({"call", "list", "all"}), USAGE, "'btctl call list' has no place for 'all'");
+}
+
+TEST(WithoutABus, AGroupByItselfNamesItsCommands) {
+  ExpectFailure(RunBtctl({"voice"}), USAGE,
+                "'btctl voice' is not complete\nAdd one of: start, stop; or --help.");
+}
+
 TEST(WithoutABus, HelpAndVersionAreAnswers) {
   const Ran help = RunBtctl({"--help"});
   EXPECT_EQ(help.code, OK);
@@ -119,7 +134,8 @@ TEST_F(WithoutAService, TheSimulationHasNothingToControl) {
 using WithAService = BtctlWithRecorder;
 
 TEST_F(WithAService, ARefusalIsTold) {
-  ExpectFailure(RunBtctl({"call", "accept"}), REFUSED, "the service refused");
+  ExpectFailure(RunBtctl({"call", "accept"}), REFUSED,
+                "the service refused\n'btctl status' shows how things stand.");
 }
 
 TEST_F(WithAService, AnErrorOfTheServiceIsToldWithItsReason) {

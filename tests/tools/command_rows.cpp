@@ -46,7 +46,7 @@ const std::vector<CommandRow>& CommandRows() {
       {{"projection", "status", "on"}, {"SetAndroidAutoStatus(byte 0x01,)"}},
       {{"projection", "pair", kPhone, "7"}, {"RequestAndroidAutoPairing('00:1A:7D:DA:71:13', 7)"}},
       {{"report", "--seconds", "0"}, {"GetBluetoothServiceStatus()"}},
-      {{"status"}, {"GetPowerStatus()", "GetPhoneConnectionState()", "GetMediaConnectionState()", "GetAttribute(byte 0x00,)", "GetAttribute(byte 0x01,)"}},
+      {{"status"}, {"GetPowerStatus()", "GetPhoneConnectionState()", "GetMediaConnectionState()", "GetAttribute(byte 0x00,)", "GetAttribute(byte 0x01,)", "GetRemotePairDeviceName('x',)", "GetRemotePairDeviceName('x',)"}},
 
       {{"phone", "connection"}, {"GetPhoneConnectionState()"}},
       {{"phone", "number"}, {"GetCurrentMobilePhoneNumber()"}},

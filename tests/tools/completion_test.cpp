@@ -70,6 +70,11 @@ TEST_F(Completion, OffersACommandThatIsAGroupAsWell) {
   EXPECT_THAT(Of({"scan"}, "--s"), ElementsAre("--seconds"));
 }
 
+TEST_F(Completion, OfTheSimulationOffersItsControlsAndThenAddresses) {
+  EXPECT_THAT(Of({"sim"}, "lose"), ElementsAre("lose-link"));
+  EXPECT_THAT(Of({"sim", "lose-link"}, "f0"), ElementsAre("F0:08:D1:C0:FF:EE"));
+}
+
 TEST_F(Completion, OfWhatIsNoCommandOffersNothing) {
   EXPECT_THAT(Of({"fly"}, ""), IsEmpty());
   EXPECT_THAT(Of({"call"}, "quit"), Not(Contains("quit")));

@@ -64,6 +64,12 @@ TEST_F(JsonOutput, OfOutArgumentsNamesThem) {
             R"({"kind":"answer","command":"music position","position":1500,"totalLength":167000})");
 }
 
+TEST_F(JsonOutput, CountsMillisecondsWherePeopleReadMinutes) {
+  service.SetReply("GetCurPlayPosition", g_variant_new("(iib)", 61500, 167000, TRUE));
+  EXPECT_EQ(RunBtctl({"music", "position", "--json"}).Object()["position"], 61500);
+  EXPECT_EQ(RunBtctl({"music", "position"}).output, "position     1:01\ntotalLength  2:47\n");
+}
+
 TEST_F(JsonOutput, OfAListIsOneObjectAnItem) {
   service.SetReply("GetCurPlayMode", g_variant_new_parsed("([(byte 2, byte 1), (byte 3, byte 9)], true)"));
   const auto modes = RunBtctl({"music", "modes", "--json"}).Objects();

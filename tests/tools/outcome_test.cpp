@@ -58,6 +58,33 @@ TEST_F(Outcomes, OfAPairOfProfilesNeedsBoth) {
               HasSubstr("it failed: OnConnectStatusChanged  address=00:1A:7D:DA:71:13  profile=a2dp"));
 }
 
+TEST_F(Outcomes, OfAPairOfProfilesWaitsForTheSecondWhoseTurnComesLater) {
+  ChildProcess connect(CommandLine({"connect", kPhone}));
+  ASSERT_TRUE(service.WaitForCalls(1));
+  EmitConnection(kPhone, kHfp, kConnected);
+  EmitConnection(kPhone, kA2dp, kConnecting);
+  EmitConnection(kPhone, kA2dp, kConnected);
+  const Ran ran = Ended(connect);
+  EXPECT_EQ(ran.code, 0);
+  EXPECT_EQ(ran.output, "00:1A:7D:DA:71:13 a2dp connected\n00:1A:7D:DA:71:13 hfp connected\n");
+}
+
+TEST_F(Outcomes, OfAPairOfProfilesIsThatOfOneIfTheDeviceHasNoOther) {
+  ChildProcess connect(CommandLine({"connect", kPhone}));
+  ASSERT_TRUE(service.WaitForCalls(1));
+  EmitConnection(kPhone, kHfp, kConnected);
+  const Ran ran = Ended(connect);
+  EXPECT_EQ(ran.code, 0);
+  EXPECT_EQ(ran.output, "00:1A:7D:DA:71:13 hfp connected\n");
+}
+
+TEST_F(Outcomes, ThatTellsOnlyThatItWorkedIsShownAsDone) {
+  ChildProcess root(CommandLine({"browse", "root"}));
+  ASSERT_TRUE(service.WaitForCalls(1));
+  service.Emit("OnCurBrowserPathChanged", g_variant_new("(b)", TRUE));
+  EXPECT_EQ(Ended(root).output, "done\n");
+}
+
 TEST_F(Outcomes, ThatComesBeforeTheAnswerCounts) {
   service.Delay("Connect", std::chrono::milliseconds(300));
   ChildProcess connect(CommandLine({"connect", kPhone, "--profile", "hfp"}));

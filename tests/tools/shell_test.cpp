@@ -46,7 +46,7 @@ TEST_F(InTheShell, AnEventIsShownAboveThePromptAndWhatIsTypedStays) {
   terminal->Type("call red");
   ASSERT_TRUE(terminal->WaitFor("call red"));
   service.Emit("OnConnectStatusChanged", g_variant_new("(syy)", kPhone, 1, 2));
-  ASSERT_TRUE(terminal->WaitFor("status=connected"));
+  ASSERT_TRUE(terminal->WaitFor("connected"));
   ASSERT_TRUE(terminal->WaitFor("btctl> call red")) << terminal->Screen();
   terminal->Type("ial\n");
   EXPECT_TRUE(terminal->WaitFor("accepted"));
@@ -55,7 +55,7 @@ TEST_F(InTheShell, AnEventIsShownAboveThePromptAndWhatIsTypedStays) {
 TEST_F(InTheShell, AnAddressThatAnEventNamedIsCompleted) {
   Start();
   service.Emit("OnConnectStatusChanged", g_variant_new("(syy)", kPhone, 1, 0));
-  ASSERT_TRUE(terminal->WaitFor("status=disconnected"));
+  ASSERT_TRUE(terminal->WaitFor("disconnected"));
   terminal->Type("connect 00\t--no-wait\n");
   ASSERT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
   EXPECT_THAT(service.TakeCallTexts(),

@@ -1,11 +1,14 @@
 #include "btctl/cli/CommandLine.h"
 
+#include <algorithm>
 #include <deque>
+#include <iterator>
 #include <map>
 
 #include <CLI/CLI.hpp>
 
 #include "btctl/base/Failure.h"
+#include "btctl/base/Nearest.h"
 #include "btctl/commands/FromText.h"
 #include "btctl/commands/Tables.h"
 
@@ -24,6 +27,16 @@ std::string ExitCodeHelp() {
   return text;
 }
 
+constexpr char kGuard = '\001';
+
+/// The parser takes a text in brackets for a list, and apart. It is to leave it alone.
+std::string Guarded(const std::string& word) {
+  return !word.empty() && word.front() == '[' ? kGuard + word : word;
+}
+std::string Unguarded(const std::string& word) {
+  return !word.empty() && word.front() == kGuard ? word.substr(1) : word;
+}
+
 /// The parser of one command and where it puts what is given.
 struct Leaf {
   const Command* command;
@@ -36,6 +49,10 @@ struct Leaf {
 class Parser {
  public:
   Parser() : m_app(kDescription, "btctl") {
+    const auto labels = m_app.get_formatter();
+    labels->label("Positionals", "Arguments");
+    labels->label("SUBCOMMAND", "COMMAND");
+    labels->label("REQUIRED", "");
     m_app.footer(ExitCodeHelp());
     m_app.fallthrough();
     m_app.require_subcommand(0, 1);
@@ -52,6 +69,8 @@ class Parser {
 
   Parsed Parse(std::vector<std::string> words) {
     Parsed parsed;
+    std::transform(words.begin(), words.end(), words.begin(), Guarded);
+    const std::vector<std::string> written = words;
     try {
       std::reverse(words.begin(), words.end());  // as CLI11 takes them
       m_app.parse(words);
@@ -62,6 +81,8 @@ class Parser {
     } catch (const CLI::CallForVersion& version) {
       parsed.help = std::string(version.what()) + "\n";
       return parsed;
+    } catch (const CLI::ExtrasError&) {
+      throw Unexpected(written);
     } catch (const CLI::ParseError& error) {
       throw Failure(EXIT_USAGE, error.what(), "Try '" + CommandOf(Deepest()) + " --help'.");
     }
@@ -86,7 +107,8 @@ class Parser {
       const bool isTop = blank == std::string::npos;
       CLI::App& parent = AppOf(isTop ? "" : path.substr(0, blank));
       app = parent.add_subcommand(isTop ? path : path.substr(blank + 1), HelpOfGroup(path));
-      app->footer("");
+      app->group("Commands");
+      app->footer("--json, --timeout, --no-wait and --verbose go with every command: see 'btctl --help'.");
       app->fallthrough();
       app->require_subcommand(0, 1);
     }
@@ -131,6 +153,43 @@ class Parser {
     return *app;
   }
 
+  /// What is told of the first word that has no meaning where it is.
+  Failure Unexpected(const std::vector<std::string>& written) {
+    const CLI::App& app = Deepest();
+    const std::vector<std::string> unexpected = m_app.remaining(true);
+    const std::string word =
+        *std::find_first_of(written.begin(), written.end(), unexpected.begin(), unexpected.end());
+    const std::vector<std::string> commands = CommandsOf(app);
+    const bool isOption = word.front() == '-';
+    const std::string message = "'" + CommandOf(app) + "' has no " +
+                                (isOption            ? "option"
+                                 : !commands.empty() ? "command"
+                                                     : "place for") +
+                                " '" + word + "'";
+    return {EXIT_USAGE, message,
+            DidYouMean(word, isOption ? OptionsOf(app) : commands, "Try '" + CommandOf(app) + " --help'.")};
+  }
+
+  static std::vector<std::string> CommandsOf(const CLI::App& app) {
+    std::vector<std::string> names;
+    for (const CLI::App* const command : app.get_subcommands(nullptr)) {
+      names.push_back(command->get_name());
+    }
+    return names;
+  }
+
+  std::vector<std::string> OptionsOf(const CLI::App& app) const {
+    std::vector<std::string> names;
+    for (const CLI::App* const at : {&app, static_cast<const CLI::App*>(&m_app)}) {
+      for (const CLI::Option* const option : at->get_options()) {
+        if (!option->get_lnames().empty()) {
+          names.push_back("--" + option->get_lnames().front());
+        }
+      }
+    }
+    return names;
+  }
+
   static std::string CommandOf(const CLI::App& app) {
     const CLI::App* const parent = app.get_parent();
     return parent != nullptr ? CommandOf(*parent) + " " + app.get_name() : app.get_name();
@@ -146,8 +205,12 @@ class Parser {
       }
     }
     if (&app != &m_app) {
+      std::string commands;
+      for (const std::string& command : CommandsOf(app)) {
+        commands += commands.empty() ? command : ", " + command;
+      }
       throw Failure(EXIT_USAGE, "'" + CommandOf(app) + "' is not complete",
-                    "Try '" + CommandOf(app) + " --help'.");
+                    "Add one of: " + commands + "; or --help.");
     }
   }
 
@@ -155,12 +218,13 @@ class Parser {
     std::vector<Given::Values> all;
     for (std::size_t i = 0; i < leaf.values.size(); ++i) {
       const Argument& argument = leaf.command->arguments[i];
+      const Given::Values& values = leaf.values[i];
       if (argument.isFlag) {
         all.push_back({leaf.flags[i] ? "on" : "off"});
-      } else if (leaf.values[i].empty() && !argument.preset.empty()) {
+      } else if (values.empty() && !argument.preset.empty()) {
         all.push_back({argument.preset});
       } else {
-        all.push_back(leaf.values[i]);
+        std::transform(values.begin(), values.end(), std::back_inserter(all.emplace_back()), Unguarded);
       }
     }
     return all;

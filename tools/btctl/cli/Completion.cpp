@@ -5,6 +5,7 @@
 #include <glib.h>
 
 #include "btctl/commands/Tables.h"
+#include "btctl/sim/ControlHelp.h"
 
 namespace btctl {
 namespace {
@@ -111,6 +112,11 @@ Names ValuesOf(const Argument& argument, const KnownNames& known) {
     case Meaning::EVENT:
       for (const EventDescription& event : AllEvents()) {
         values.insert(event.name);
+      }
+      break;
+    case Meaning::CONTROL:
+      for (const std::string& control : NamesOfControls()) {
+        values.insert(control);
       }
       break;
     default:

@@ -18,6 +18,7 @@ enum class Meaning {
   WORD,     ///< one of a table
   BYTES,    ///< hexadecimal digits
   EVENT,    ///< the name of an event
+  CONTROL,  ///< the name of a control of the simulated service
 };
 
 /// One argument of a command: a place on the command line, or an option if its name begins with "--".

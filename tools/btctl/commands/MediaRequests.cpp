@@ -97,7 +97,7 @@ std::vector<Request> MediaRequests() {
        Accepted(),
        {}},
       {"music position",
-       "Tell the position in the track, in milliseconds",
+       "Tell the position in the track",
        BTCTL_METHOD(MWPBtMedia, GetCurPlayPosition),
        {},
        Outs({"position", "totalLength"}),

@@ -31,6 +31,8 @@ bool OutcomeWatch::IsDecided() const {
   });
 }
 
+bool OutcomeWatch::IsComplete() const { return m_latest.size() >= (IsForAPair() ? 2U : 1U); }
+
 bool OutcomeWatch::IsSuccess() const {
   return std::all_of(m_latest.begin(), m_latest.end(),
                      [](const auto& entry) { return entry.second.state == State::SUCCESS; });
@@ -45,6 +47,15 @@ const Event& OutcomeWatch::Decisive() const {
   return m_latest.rbegin()->second.event;
 }
 
+void OutcomeWatch::AddTo(Json& answer) const {
+  answer["outcome"] = Decisive().ToJson();
+  if (m_latest.size() > 1) {
+    for (const auto& [profile, latest] : m_latest) {
+      answer["outcomes"].push_back(latest.event.ToJson());
+    }
+  }
+}
+
 void OutcomeWatch::OnEvent(const Event& event) {
   const auto meets = [&](const Condition& condition) { return Meets(event, condition); };
   if (event.Name() == m_outcome.event && std::all_of(m_outcome.ours.begin(), m_outcome.ours.end(), meets)) {
@@ -52,13 +63,22 @@ void OutcomeWatch::OnEvent(const Event& event) {
   }
 }
 
+bool OutcomeWatch::IsForAPair() const {
+  return std::any_of(m_outcome.ours.begin(), m_outcome.ours.end(), [&](const Condition& condition) {
+    return condition.field == kProfile &&
+           WordsOf<MWPBtType::ProfileId>().Find(ValueOf(condition)) == MWPBtType::BT_PROFILE_HFP_A2DP;
+  });
+}
+
+std::string OutcomeWatch::ValueOf(const Condition& condition) const {
+  return condition.argument ? m_given[*condition.argument] : condition.value;
+}
+
 bool OutcomeWatch::Meets(const Event& event, const Condition& condition) const {
-  const std::string value = condition.argument ? m_given[*condition.argument] : condition.value;
-  if (condition.field == kProfile &&
-      WordsOf<MWPBtType::ProfileId>().Find(value) == MWPBtType::BT_PROFILE_HFP_A2DP) {
+  if (condition.field == kProfile && IsForAPair()) {
     return event.Has(kProfile, "hfp") || event.Has(kProfile, "a2dp");  // asked for as a pair, told one by one
   }
-  return event.Has(condition.field, value);
+  return event.Has(condition.field, ValueOf(condition));
 }
 
 OutcomeWatch::State OutcomeWatch::StateOf(const Event& event) const {

@@ -43,9 +43,13 @@ class OutcomeWatch {
 
   const std::string& EventName() const { return m_outcome.event; }
   bool IsDecided() const;
+  /// Whether both profiles have been told of, if a pair was asked for.
+  bool IsComplete() const;
   bool IsSuccess() const;
   /// The event that decided, once one has: that of a failure, if there is one.
   const Event& Decisive() const;
+  /// Adds "outcome", the event that decided, and "outcomes" if there is one for each of two profiles.
+  void AddTo(Json& answer) const;
 
  private:
   enum class State { UNDER_WAY, SUCCESS, FAILURE };
@@ -55,6 +59,8 @@ class OutcomeWatch {
   };
 
   void OnEvent(const Event& event);
+  bool IsForAPair() const;
+  std::string ValueOf(const Condition& condition) const;
   bool Meets(const Event& event, const Condition& condition) const;
   State StateOf(const Event& event) const;
 

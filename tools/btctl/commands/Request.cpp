@@ -11,6 +11,7 @@ using Kind = Answer::Kind;
 
 /// What the library waits for an answer at most, short of a bit.
 constexpr std::chrono::seconds kLibraryTimeout{24};
+constexpr std::chrono::seconds kOtherProfileComesWithin{1};
 
 bool IsNothing(const Json& result) {
   return result.is_null() || result == 0 || (result.is_string() && result.get<std::string>().empty());
@@ -49,7 +50,7 @@ void ThrowIfRefused(const Answer& answer, const Reply& reply) {
     throw Failure(EXIT_REFUSED, "the service has no answer to that now");
   }
   if (answer.kind == Kind::ACCEPTED && reply.result == 0) {
-    throw Failure(EXIT_REFUSED, "the service refused");
+    throw Refused();
   }
 }
 
@@ -87,7 +88,7 @@ void Show(Context& context, const Request& request, const Reply& reply, const Ou
     object[answer.names[i]] = reply.outs.at(i);
   }
   if (watch != nullptr) {
-    object["outcome"] = watch->Decisive().ToJson();
+    watch->AddTo(object);
   }
   context.output.ShowAnswer(object);
 }
@@ -108,6 +109,8 @@ void Run(const Request& request, Context& context, Given given) {
 
 }  // namespace
 
+Failure Refused() { return {EXIT_REFUSED, "the service refused", "'btctl status' shows how things stand."}; }
+
 Reply MakeRequest(Session& session, const Answer& answer, const Call& call) {
   Reply reply = session.Ask([call] { return Judged(call); });
   ThrowIfRefused(answer, reply);
@@ -115,15 +118,16 @@ Reply MakeRequest(Session& session, const Answer& answer, const Call& call) {
 }
 
 void Follow(Context& context, const OutcomeWatch& watch) {
-  try {
-    context.session.DeliverArrived();
-    context.session.WaitUntil([&] { return watch.IsDecided(); });
-  } catch (const Failure& failure) {
-    if (failure.Code() != EXIT_TIMED_OUT) {
-      throw;
-    }
-    throw Failure(EXIT_TIMED_OUT, "the service accepted, but " + watch.EventName() + " did not come in time",
-                  "--timeout SECONDS gives it more time, --no-wait does not wait for it.");
+  const Failure ifTooLate(EXIT_TIMED_OUT,
+                          "the service accepted, but " + watch.EventName() + " did not come in time",
+                          "--timeout SECONDS gives it more time, --no-wait does not wait for it.");
+  const auto isDecided = [&] { return watch.IsDecided(); };
+  context.session.DeliverArrived();
+  context.session.WaitUntil(isDecided, ifTooLate);
+  // The other profile of a pair may be told of only when its turn has come, or not at all.
+  if (!watch.IsComplete() &&
+      context.session.WaitUntil([&] { return watch.IsComplete(); }, kOtherProfileComesWithin)) {
+    context.session.WaitUntil(isDecided, ifTooLate);
   }
   if (!watch.IsSuccess()) {
     throw Failure(EXIT_REFUSED, "it failed: " + context.output.TextOf(watch.Decisive()));

@@ -50,6 +50,9 @@ Command AsCommand(const Request& request);
 /// The same in the middle of another command: makes the request and judges its answer, but shows nothing.
 Reply MakeRequest(Session& session, const Answer& answer, const Call& call);
 
+/// What is told if the service said no; it does not say why.
+Failure Refused();
+
 /// Waits for the outcome. Throws a Failure if it is one, or does not come.
 void Follow(Context& context, const OutcomeWatch& watch);
 

@@ -1,5 +1,6 @@
 #include "btctl/commands/Tables.h"
 
+#include <iterator>
 #include <map>
 
 #include "btctl/composed/Composed.h"
@@ -7,19 +8,25 @@
 namespace btctl {
 namespace {
 
+void Append(std::vector<Command>& all, std::vector<Command> commands) {
+  std::move(commands.begin(), commands.end(), std::back_inserter(all));
+}
+
 std::vector<Command> MakeAll() {
+  // In the order of the help: what is wanted first, and what is about btctl itself last.
   std::vector<Command> all;
-  for (const auto commands : {PowerCommands, ScanCommands, PairCommands, OverviewCommands, DownloadCommands,
-                              EventCommands, ReferenceCommands, SimulationCommands}) {
-    for (Command& command : commands()) {
-      all.push_back(std::move(command));
-    }
+  for (const auto commands :
+       {OverviewCommands, PowerCommands, ScanCommands, PairCommands, DownloadCommands}) {
+    Append(all, commands());
   }
   for (const auto requests :
-       {ComRequests, PhoneRequests, MediaRequests, PbapRequests, MessageRequests, SppRequests, BleRequests}) {
+       {ComRequests, PhoneRequests, PbapRequests, MediaRequests, MessageRequests, SppRequests, BleRequests}) {
     for (const Request& request : requests()) {
       all.push_back(AsCommand(request));
     }
+  }
+  for (const auto commands : {EventCommands, SimulationCommands, ReferenceCommands}) {
+    Append(all, commands());
   }
   return all;
 }

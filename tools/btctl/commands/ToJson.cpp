@@ -14,7 +14,7 @@ std::string NameOf(const MWPTypeContact& contact) {
 Json ToJson(const MWPTypeContact& contact) {
   Json numbers = Json::array();
   for (const MWPTypeContactNumber& group : contact.listNumbers) {
-    numbers.push_back({{"type", group.nType}, {"numbers", group.vecValues}});
+    numbers.push_back({{"type", NumberTypeWords().Show(group.nType)}, {"numbers", group.vecValues}});
   }
   return {{"id", contact.nContactId}, {"name", NameOf(contact)}, {"numbers", numbers}};
 }

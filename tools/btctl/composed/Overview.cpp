@@ -28,6 +28,20 @@ std::string AttributeOf(Context& context, Attribute attribute) {
   return reply.result;
 }
 
+std::string NameOfDevice(Context& context, const std::string& address) {
+  return MakeRequest(context.session, Value(),
+                     CallOf([address] { return MWPBtCom().GetRemotePairDeviceName(address); }))
+      .result;
+}
+
+/// What a connection is: its state, and which device has it.
+Json ConnectionOf(Context& context, const Json& state) {
+  Json connection = state;
+  const std::string address = state["address"];
+  connection["name"] = address.empty() ? "" : NameOfDevice(context, address);
+  return connection;
+}
+
 void ShowStatus(Context& context, const Given&) {
   const Json power =
       MakeRequest(context.session, Value(), CallOf([] { return MWPBtCom().GetPowerStatus(); })).result;
@@ -42,8 +56,8 @@ void ShowStatus(Context& context, const Given&) {
                              {"power", WordsOf<PowerStatus>().Show(power.get<int>())},
                              {"name", AttributeOf(context, BT_ATTR_LOCAL_NAME)},
                              {"address", AttributeOf(context, BT_ATTR_LOCAL_ADDRESS)},
-                             {"phone", phone},
-                             {"player", player}});
+                             {"phone", ConnectionOf(context, phone)},
+                             {"player", ConnectionOf(context, player)}});
 }
 
 /// Asks the service to tell by events how things stand, and hands these on while they come.
@@ -68,10 +82,8 @@ void ListDevices(Context& context, const Given& given) {
   });
   Json devices = Json::array();
   for (const auto& [address, connected] : profiles) {
-    const Reply name =
-        MakeRequest(context.session, Value(),
-                    CallOf([address = address] { return MWPBtCom().GetRemotePairDeviceName(address); }));
-    devices.push_back({{"address", address}, {"name", name.result}, {"profiles", connected}});
+    devices.push_back(
+        {{"address", address}, {"name", NameOfDevice(context, address)}, {"profiles", connected}});
   }
   context.output.ShowList("device", devices);
 }

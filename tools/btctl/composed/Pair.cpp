@@ -93,7 +93,7 @@ void Pair(Context& context, const Given& given) {
       }
     }
     Follow(context, watch);
-    answer["outcome"] = watch.Decisive().ToJson();
+    watch.AddTo(answer);
   }
   context.output.ShowAnswer(answer);
 }

@@ -29,7 +29,7 @@ void SetPower(Context& context, const std::string& path, bool on) {
                            {"OnOpenBtStatusChanged", {}, {Is("status", words.Show(wanted))}, {}}, Given({}));
   PowerStatus status = StatusAfterRequest(context, on);
   if (status != wanted && status != onTheWay) {
-    throw Failure(EXIT_REFUSED, "the service refused");
+    throw Refused();
   }
   if (status == onTheWay && context.options.waits) {
     Follow(context, watch);

@@ -84,7 +84,8 @@ void Wait(Context& context, const Given& given) {
   });
   context.session.Start();
   context.output.Note(std::string("waiting for ") + wanted.name);
-  context.session.WaitUntil([&] { return missing == 0; });
+  context.session.WaitUntil([&] { return missing == 0; },
+                            Failure(EXIT_TIMED_OUT, std::string(wanted.name) + " did not come in time"));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <glib.h>
 
 #include "btctl/base/Failure.h"
+#include "btctl/base/Nearest.h"
 
 namespace btctl {
 namespace {
@@ -21,6 +22,14 @@ std::string Joined(const std::vector<std::string>& texts) {
   return joined;
 }
 
+std::vector<std::string> NamesOf(const std::vector<EventDescription>& events) {
+  std::vector<std::string> names;
+  for (const EventDescription& event : events) {
+    names.emplace_back(event.name);
+  }
+  return names;
+}
+
 }  // namespace
 
 EventValue Flag(int value) {
@@ -29,6 +38,12 @@ EventValue Flag(int value) {
     flag.shown = value == 1;
   }
   return flag;
+}
+
+EventValue Switched(int value) {
+  EventValue position(value);
+  position.shown = SwitchWords().Show(value);
+  return position;
 }
 
 EventValue Bytes(const void* data, std::size_t length) {
@@ -51,7 +66,8 @@ const EventDescription& FindEvent(const std::string& name) {
   const auto found = std::find_if(events.begin(), events.end(),
                                   [&](const EventDescription& event) { return IsSame(event.name, name); });
   if (found == events.end()) {
-    throw Failure(EXIT_UNKNOWN_NAME, "there is no event '" + name + "'", "'btctl events' lists them.");
+    throw Failure(EXIT_UNKNOWN_NAME, "there is no event '" + name + "'",
+                  DidYouMean(name, NamesOf(events), "'btctl events' lists them."));
   }
   return *found;
 }

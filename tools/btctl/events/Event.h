@@ -24,6 +24,8 @@ struct EventValue {
 
 /// A 0 or 1 that means no or yes. Anything else is shown as it came.
 EventValue Flag(int value);
+/// The position of a switch: off or on.
+EventValue Switched(int value);
 /// Bytes, in hexadecimal digits.
 EventValue Bytes(const void* data, std::size_t length);
 /// A passkey, as it is read out.

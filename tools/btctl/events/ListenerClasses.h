@@ -32,7 +32,7 @@ class ComListener : public IMWPBtComListener, private Reporter {
     Report(__func__, address, pinCode, Flag(androidAutoRequest), state);
   }
   void OnBtCapabilityChanged(Capability capability, int value) override {
-    Report(__func__, capability, Flag(value));
+    Report(__func__, capability, Switched(value));
   }
   void OnBtAttributeChanged(Attribute attribute, const std::string& value) override {
     Report(__func__, attribute, value);

@@ -17,6 +17,14 @@ constexpr int kProgressWidth = 40;
 /// The members that say what an object is, not what it holds.
 bool IsLabel(const std::string& name) { return name == "kind" || name == "command" || name == "control"; }
 
+/// What the event of an outcome tells; no more than that it worked if it has a yes for that.
+std::string OutcomeText(const Json& event) {
+  const Json& values = event["values"];
+  const bool isYes =
+      std::any_of(values.begin(), values.end(), [](const Json& value) { return value.is_boolean(); });
+  return isYes || values.empty() ? "done" : Joined(values, " ");
+}
+
 void WriteError(const std::string& text) {
   std::fputs(text.c_str(), stderr);
   std::fflush(stderr);
@@ -50,11 +58,16 @@ void Output::ShowAnswer(const Json& answer) {
     m_answers.Write(ToLine(answer) + "\n");
     return;
   }
-  if (answer.contains("outcome")) {
-    const Json& event = answer["outcome"];
-    m_answers.Write(ToText(event["values"].empty() ? event["event"] : event["values"]) + "\n");
+  if (answer.contains("outcomes")) {
+    for (const Json& outcome : answer["outcomes"]) {
+      m_answers.Write(OutcomeText(outcome) + "\n");
+    }
+  } else if (answer.contains("outcome")) {
+    m_answers.Write(OutcomeText(answer["outcome"]) + "\n");
   } else if (answer.contains("result")) {
     m_answers.Write(ToText(answer["result"]) + "\n");
+  } else if (answer.contains("happened")) {
+    m_answers.Write("done\n");
   } else if (answer.contains("accepted")) {
     m_answers.Write("accepted\n");
   } else {
@@ -64,7 +77,7 @@ void Output::ShowAnswer(const Json& answer) {
     }
     for (const auto& [name, value] : answer.items()) {
       if (!IsLabel(name)) {
-        m_answers.Write(m_style.Heading(Padded(name, width)) + "  " + ToText(value) + "\n");
+        m_answers.Write(m_style.Heading(Padded(name, width)) + "  " + ToText(name, value) + "\n");
       }
     }
   }
@@ -73,6 +86,9 @@ void Output::ShowAnswer(const Json& answer) {
 void Output::ShowList(const std::string& kind, const Json& items) {
   if (!m_json) {
     ShowTable(items);
+    if (items.empty() && m_answers.IsTerminal()) {
+      Note("there is nothing to list");
+    }
     return;
   }
   for (const Json& item : items) {
@@ -115,8 +131,7 @@ void Output::ShowEvent(const Event& event) {
     m_answers.Write(ToLine(event.ToJson()) + "\n");
     return;
   }
-  m_answers.Write(m_style.Faint(LocalTime(event.time)) + "  " + m_style.Event(event.Name()) +
-                  TextOf(event).substr(event.Name().size()) + "\n");
+  m_answers.Write(m_style.Faint(LocalTime(event.time)) + "  " + TextOf(event, m_style) + "\n");
 }
 
 void Output::ShowText(const std::string& text) { m_answers.Write(text); }
@@ -162,12 +177,15 @@ void Output::EndProgress() {
   }
 }
 
-std::string Output::TextOf(const Event& event) const {
-  std::string text = event.Name();
+std::string Output::TextOf(const Event& event) const { return TextOf(event, Style(false)); }
+
+std::string Output::TextOf(const Event& event, const Style& style) {
+  std::string text = style.Event(event.Name());
   for (std::size_t i = 0; i < event.values.size(); ++i) {
     const std::string value = ToText(event.values[i].shown);
     const bool needsQuotes = value.empty() || value.find(' ') != std::string::npos;
-    text += "  " + event.description->fields[i] + "=" + (needsQuotes ? '"' + value + '"' : value);
+    text +=
+        "  " + style.Faint(event.description->fields[i] + "=") + (needsQuotes ? '"' + value + '"' : value);
   }
   return text;
 }

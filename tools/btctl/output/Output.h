@@ -37,6 +37,7 @@ class Output {
   bool IsJson() const { return m_json; }
 
  private:
+  static std::string TextOf(const Event& event, const Style& style);
   void ShowTable(const Json& items);
 
   AnswerStream& m_answers;

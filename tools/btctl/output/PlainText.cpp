@@ -18,15 +18,40 @@ std::string WithoutControls(const std::string& text) {
   return clean;
 }
 
-std::string Joined(const Json& values, const char* separator) {
-  std::string text;
-  for (const Json& value : values) {
-    text += text.empty() ? ToText(value) : separator + ToText(value);
+constexpr const char* kMilliseconds[] = {"duration", "position", "totalLength"};
+
+/// The number that a value is, or holds as text; -1 if it is none.
+gint64 NumberOf(const Json& value) {
+  if (value.is_number_integer()) {
+    return value.get<gint64>();
   }
-  return text;
+  gint64 number = -1;
+  if (value.is_string()) {
+    g_ascii_string_to_signed(value.get<std::string>().c_str(), 10, 0, G_MAXINT32, &number, nullptr);
+  }
+  return number;
 }
 
 }  // namespace
+
+std::string Joined(const Json& values, const char* separator) {
+  std::string joined;
+  for (const Json& value : values) {
+    const std::string text = ToText(value);
+    joined += joined.empty() || text.empty() ? text : separator + text;
+  }
+  return joined;
+}
+
+std::string ToText(const std::string& name, const Json& value) {
+  const gint64 number = NumberOf(value);
+  if (number < 0 ||
+      std::find(std::begin(kMilliseconds), std::end(kMilliseconds), name) == std::end(kMilliseconds)) {
+    return ToText(value);
+  }
+  const gint64 seconds = number / 1000;
+  return std::to_string(seconds / 60) + (seconds % 60 < 10 ? ":0" : ":") + std::to_string(seconds % 60);
+}
 
 std::string ToText(const Json& value) {
   if (value.is_string()) {

@@ -14,6 +14,11 @@ namespace btctl {
 /// terminal.
 std::string ToText(const Json& value);
 
+/// The same for a value of that name: a length of time is shown in minutes and seconds.
+std::string ToText(const std::string& name, const Json& value);
+/// Values, one after the other. Those that are empty are left out.
+std::string Joined(const Json& values, const char* separator);
+
 /// How many columns a text takes on a terminal.
 std::size_t WidthOf(const std::string& text);
 /// The text, filled up with blanks to that width.

@@ -109,6 +109,17 @@ bool Session::WaitUntil(const std::function<bool()>& condition, Milliseconds atM
   return isTrue;
 }
 
+void Session::WaitUntil(const std::function<bool()>& condition, const Failure& ifTooLate) {
+  try {
+    WaitUntil(condition);
+  } catch (const Failure& failure) {
+    if (failure.Code() != EXIT_TIMED_OUT) {
+      throw;
+    }
+    throw ifTooLate;
+  }
+}
+
 void Session::DeliverArrived() {
   while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
   }
@@ -125,7 +136,7 @@ void Session::Begin(std::optional<Milliseconds> timeout) {
 }
 
 void Session::OnService(bool isThere) {
-  const bool isNews = m_isServiceThere != isThere;
+  const bool isNews = m_isServiceThere.has_value() && *m_isServiceThere != isThere;
   m_isServiceGone = !isThere && (m_isServiceGone || m_isServiceThere.value_or(false));
   m_isServiceThere = isThere;
   if (isNews && m_observer) {

@@ -62,6 +62,8 @@ class Session {
   /// Iterates the loop until the condition is true. Throws a Failure if the service goes away, the time is
   /// up, or the user interrupts.
   void WaitUntil(const std::function<bool()>& condition);
+  /// The same, but throws that Failure if the time is up.
+  void WaitUntil(const std::function<bool()>& condition, const Failure& ifTooLate);
   /// The same for at most that time; whether the condition became true.
   bool WaitUntil(const std::function<bool()>& condition, Milliseconds atMost);
   /// Lets all events that have already arrived be delivered.

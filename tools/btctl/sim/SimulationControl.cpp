@@ -3,7 +3,9 @@
 #include <gio/gio.h>
 
 #include "btctl/base/Failure.h"
+#include "btctl/base/Nearest.h"
 #include "btctl/session/Diagnosis.h"
+#include "btctl/sim/ControlHelp.h"
 #include "btctl/sim/Variants.h"
 
 namespace btctl {
@@ -71,7 +73,7 @@ class Control {
   GDBusInterfaceInfo* m_interface = nullptr;
 };
 
-/// "phone-appears" for "PhoneAppears".
+/// "lose-link" for "LoseLink".
 std::string CommandOf(const std::string& method) {
   std::string command;
   for (const char c : method) {
@@ -96,7 +98,8 @@ const GDBusMethodInfo& Find(const GDBusInterfaceInfo& interface, const std::stri
       return **at;
     }
   }
-  throw Failure(EXIT_UNKNOWN_NAME, "there is no control '" + control + "'", "'btctl sim' lists them.");
+  throw Failure(EXIT_UNKNOWN_NAME, "there is no control '" + control + "'",
+                DidYouMean(control, NamesOfControls(), "'btctl sim' lists them."));
 }
 
 GVariant* Pack(const GDBusMethodInfo& method, const std::vector<std::string>& values) {
@@ -128,7 +131,8 @@ Json ListControls() {
     for (const GDBusArgInfo* const argument : ArgumentsOf((*at)->in_args)) {
       arguments.push_back(argument->name);
     }
-    controls.push_back({{"control", CommandOf((*at)->name)}, {"arguments", arguments}});
+    const std::string control = CommandOf((*at)->name);
+    controls.push_back({{"control", control}, {"arguments", arguments}, {"help", HelpOfControl(control)}});
   }
   return controls;
 }

@@ -12,10 +12,10 @@
 
 namespace btctl {
 
-/// {"control":"phone-appears","arguments":["address","name"]} for each control.
+/// {"control":"call","arguments":["address","number"],"help":"Somebody calls the phone"} for each control.
 Json ListControls();
 
-/// Uses a control, given by its name in either form: "phone-appears" or "PhoneAppears". Its answers by their
+/// Uses a control, given by its name in either form: "lose-link" or "LoseLink". Its answers by their
 /// names.
 Json UseControl(const std::string& control, const std::vector<std::string>& values);
 

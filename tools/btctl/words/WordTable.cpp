@@ -3,6 +3,7 @@
 #include <glib.h>
 
 #include "btctl/base/Failure.h"
+#include "btctl/base/Nearest.h"
 
 namespace btctl {
 namespace {
@@ -37,10 +38,13 @@ int WordTable::Parse(const std::string& text, const std::string& what) const {
   const std::optional<int> value = Find(text);
   if (!value) {
     std::string known;
+    std::vector<std::string> names;
     for (const Word& word : m_words) {
       known += known.empty() ? word.text : std::string(", ") + word.text;
+      names.emplace_back(word.text);
     }
-    throw Failure(EXIT_UNKNOWN_NAME, "there is no " + what + " '" + text + "'", "Known are: " + known + ".");
+    throw Failure(EXIT_UNKNOWN_NAME, "there is no " + what + " '" + text + "'",
+                  DidYouMean(text, names, "Known are: " + known + "."));
   }
   return *value;
 }

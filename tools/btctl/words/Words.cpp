@@ -22,6 +22,11 @@ const WordTable& SwitchWords() {
   return words;
 }
 
+const WordTable& NumberTypeWords() {
+  static const WordTable words("number type", {{0, "other"}, {1, "mobile"}, {2, "home"}, {3, "work"}});
+  return words;
+}
+
 const WordTable& PlayModeWords() {
   static const WordTable words("play mode", {{1, "equalizer"}, {2, "repeat"}, {3, "shuffle"}, {4, "scan"}});
   return words;

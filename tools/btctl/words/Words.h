@@ -56,6 +56,8 @@ std::vector<const WordTable*> AllWordTables();
 
 /// Off and on, for a 0 or 1 that is a switch.
 const WordTable& SwitchWords();
+/// The kinds of number in a phone book: MWPTypeContactNumber::nType.
+const WordTable& NumberTypeWords();
 /// The settings of a player: MWPTypePlayMode::nType.
 const WordTable& PlayModeWords();
 
