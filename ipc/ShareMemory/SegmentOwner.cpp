@@ -49,13 +49,14 @@ void* SegmentOwner::Attach(ShareMemID id, bool* fresh) {
     ReportError(entry, segment, errno);
     return nullptr;
   }
-  segment = Segment{shmid, address, made || IsOrphan(shmid), 0};
+  segment = Segment{shmid, address, made, 0};
   return address;
 }
 
-void SegmentOwner::RemoveOwn() {
+void SegmentOwner::Remove() {
   for (auto& [id, segment] : m_segments) {
-    if (segment.own && shmctl(segment.shmid, IPC_RMID, nullptr) == -1) {
+    const bool isToGo = segment.own || IsOrphan(segment.shmid);
+    if (isToGo && shmctl(segment.shmid, IPC_RMID, nullptr) == -1) {
       MWP_LOG(MWP_LOG_ERROR, "%s cannot be removed: %s", kSegmentCatalogue[id].name, std::strerror(errno));
     }
     Detach(segment);

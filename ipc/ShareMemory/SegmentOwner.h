@@ -6,9 +6,8 @@
 
 #include "ipc/ShareMemory/SegmentCatalogue.h"
 
-/// The segments as seen by the service, which writes them: knows which of them are its own, having been made
-/// by this process or, such as a service that was killed, by one that is no more, and follows a key to the
-/// segment that it names now. A client that tears down can mark a segment for removal:
+/// The segments as seen by the service, which writes them: knows which of them this process has made, and
+/// follows a key to the segment that it names now. A client that tears down can mark a segment for removal:
 /// it then stays attached here, but new clients find another under its key.
 class SegmentOwner {
  public:
@@ -22,8 +21,9 @@ class SegmentOwner {
   /// another segment than the last time. Null, with one error in the log until it changes, if it cannot be
   /// had.
   void* Attach(ShareMemID id, bool* fresh = nullptr);
-  /// Removes those of its own.
-  void RemoveOwn();
+  /// Removes the segments that this process has made, and those whose maker is no more, such as a service
+  /// that was killed: nobody else would.
+  void Remove();
 
  private:
   struct Segment {

@@ -65,7 +65,7 @@ int Service::Run() {
   m_bus.OwnName();
   g_main_loop_run(m_loop);
   if (!m_options.keepSegments) {
-    m_segments.RemoveOwn();
+    m_segments.Remove();
   }
   return m_exitCode;
 }
