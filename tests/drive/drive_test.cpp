@@ -53,7 +53,7 @@ class DriveTest : public testing::Test {
   }
 
   bttest::VariantPtr Control(const std::string& method, GVariant* arguments = nullptr) {
-    return service.CallOn("/com/zelk/linux/bluetooth/sim", "com.zelk.linux.bluetooth.sim", method, arguments);
+    return service.CallOn(kControlPath, kControlInterface, method, arguments);
   }
   DriveClient& Client(int number) { return *clients[number % kClients]; }
 

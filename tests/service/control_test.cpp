@@ -18,8 +18,6 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 constexpr const char* kPhone = "00:1A:7D:DA:71:13";
-constexpr const char* kControlPath = "/com/zelk/linux/bluetooth/sim";
-constexpr const char* kControlInterface = "com.zelk.linux.bluetooth.sim";
 
 class ControlTest : public testing::Test {
  protected:

@@ -25,6 +25,7 @@ target_compile_definitions(service_files_test PRIVATE
 
 bt_add_test(NAME service_system_test
   SOURCES
+    causes_test.cpp
     contract_test.cpp
     control_test.cpp
     packing_test.cpp
@@ -36,5 +37,17 @@ bt_add_test(NAME service_system_test
   LABELS service system)
 target_compile_definitions(service_system_test PRIVATE
   BTTEST_LIBRARY="$<TARGET_FILE:bt>"
+  BTTEST_CONTROLS_XML="${CMAKE_SOURCE_DIR}/service/com.zelk.linux.bluetooth.sim.xml"
+  BTTEST_FULL_WORLD="${CMAKE_CURRENT_LIST_DIR}/everything.json"
+  BTTEST_LISTENING_CLIENT="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/listening_client"
+  BTTEST_SERVICE_FILE="$<TARGET_PROPERTY:btservice,BINARY_DIR>/com.zelk.linux.bluetooth.service"
   BTTEST_QUIET_WORLD="${CMAKE_CURRENT_LIST_DIR}/quiet.json")
-add_dependencies(service_system_test btservice)
+add_dependencies(service_system_test btservice listening_client)
+
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+file(GLOB worlds CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/service/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/*.json)
+add_test(NAME service_world_schema/AnotherValidatorAgreesAboutWorlds
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/world_schema_test.py
+          ${CMAKE_SOURCE_DIR}/service/worlds/world.schema.json ${worlds})
+set_tests_properties(service_world_schema/AnotherValidatorAgreesAboutWorlds PROPERTIES
+  SKIP_RETURN_CODE 77 LABELS service)

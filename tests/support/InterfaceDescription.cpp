@@ -71,14 +71,16 @@ InterfaceDescription ParseInterface(const std::string& xml) {
   return DescribeInterface(*node->interfaces[0]);
 }
 
+InterfaceDescription ReadInterface(const std::string& fileName) {
+  ErrorCollector error;
+  char* text = nullptr;
+  g_file_get_contents(fileName.c_str(), &text, nullptr, error);
+  error.ThrowIfSet("reading an interface description");
+  return ParseInterface(CharPtr(text).get());
+}
+
 const InterfaceDescription& BluetoothInterface() {
-  static const InterfaceDescription description = [] {
-    ErrorCollector error;
-    char* text = nullptr;
-    g_file_get_contents(BTTEST_INTERFACE_XML, &text, nullptr, error);
-    error.ThrowIfSet("reading the interface description");
-    return ParseInterface(CharPtr(text).get());
-  }();
+  static const InterfaceDescription description = ReadInterface(BTTEST_INTERFACE_XML);
   return description;
 }
 

@@ -42,6 +42,8 @@ struct InterfaceDescription {
 
 /// The first interface in a text of introspection data. Throws if there is none.
 InterfaceDescription ParseInterface(const std::string& xml);
+/// The same of a file.
+InterfaceDescription ReadInterface(const std::string& fileName);
 /// What g_dbus_node_info_lookup_interface() and its kin give.
 InterfaceDescription DescribeInterface(const GDBusInterfaceInfo& info);
 
