@@ -72,14 +72,14 @@ bool Terminal::Read() {
   return got > 0 || errno == EAGAIN || errno == EINTR;
 }
 
-bool Terminal::WaitFor(const std::string& text) {
+bool Terminal::WaitFor(const std::string& text, std::chrono::milliseconds bound) {
   std::size_t place = std::string::npos;
   const auto isThere = [&] {
     const bool goesOn = Read();
     place = m_screen.find(text, m_seen);
     return place != std::string::npos || !goesOn;
   };
-  WaitUntil(isThere);
+  WaitUntil(isThere, bound);
   if (place == std::string::npos) {
     return false;
   }

@@ -21,7 +21,7 @@ class Terminal {
 
   void Type(const std::string& keys);
   /// Waits until the text has been written after what was waited for before; false if it was not.
-  bool WaitFor(const std::string& text);
+  bool WaitFor(const std::string& text, std::chrono::milliseconds bound = kBound);
   /// All that was written.
   const std::string& Screen() const { return m_screen; }
   /// Waits for the end of the program.

@@ -105,6 +105,18 @@ TEST_F(Monitoring, EndsAfterItsTime) {
   EXPECT_EQ(ran.output, "");
 }
 
+TEST_F(Monitoring, EndsWhenNobodyReadsAnyMore) {
+  ChildProcess pipe({"bash", "-c", "\"$0\" monitor | head -1; exit ${PIPESTATUS[0]}", BTCTL_EXECUTABLE});
+  ASSERT_TRUE(Listens(pipe));
+  service.Emit("OnHangupCallChanged", g_variant_new("()"));
+  ASSERT_TRUE(pipe.WaitForOutput("OnHangupCallChanged"));
+  ASSERT_TRUE(WaitUntil([&] {
+    service.Emit("OnMediaInfoChanged", g_variant_new("()"));
+    return !pipe.IsAlive();
+  }));
+  EXPECT_EQ(pipe.Wait(), 128 + SIGPIPE);
+}
+
 TEST_F(Monitoring, DoesNotLetANameControlTheTerminal) {
   ChildProcess monitor(CommandLine({"monitor"}));
   ASSERT_TRUE(Listens(monitor));

@@ -4,43 +4,13 @@
 
 #include <gmock/gmock.h>
 
-#include "tools/Btctl.h"
+#include "tools/Simulation.h"
 #include "tools/Terminal.h"
 
 namespace bttest {
 namespace {
 
 using testing::HasSubstr;
-
-constexpr char kPhone[] = "00:1A:7D:DA:71:13";
-
-/// The simulated service in one of its worlds. Time runs fast there.
-struct WithSimulation : BtctlWithBus {
-  void Start(const std::string& world, const std::string& speed = "20") {
-    service.emplace(Words{"/app/bin/btservice", "--no-state", "--world", world, "--speed", speed});
-    ASSERT_TRUE(WaitUntil([&] {
-      return RunBtctl({"power", "status"}).code == 0 || !service->IsAlive();
-    })) << service->Errors();
-  }
-
-  /// Runs a command that must work, and answers what it prints.
-  std::string Output(const Words& words) {
-    const Ran ran = RunBtctl(words);
-    EXPECT_EQ(ran.code, 0) << words.front() << " " << words.back() << ": " << ran.errors;
-    return ran.output;
-  }
-
-  /// The phone of the world, connected, its phone book downloaded.
-  void StartWithPhone() {
-    Start("one-phone");
-    Output({"capability", "set", "auto-download", "off", "--no-wait"});
-    Output({"power", "on"});
-    Output({"connect", kPhone});
-    ASSERT_TRUE(WaitUntil([&] { return RunBtctl({"contacts", "download", "--timeout", "10"}).code == 0; }));
-  }
-
-  std::optional<ChildProcess> service;
-};
 
 TEST_F(WithSimulation, SwitchesPairsAndConnects) {
   Start("two-phones");
@@ -96,6 +66,8 @@ TEST_F(WithSimulation, IsDrivenByItsControls) {
 
   EXPECT_EQ(RunBtctl({"sim", "call", "00:00:00:00:00:00", "1"}).code, 1);
   EXPECT_EQ(RunBtctl({"sim", "call"}).code, 2);
+  EXPECT_EQ(Output({"sim", "replace-answers", "GetPowerStatus", "1", "[<byte 77>]"}), "done\n");
+  EXPECT_EQ(Output({"power", "status"}), "77\n");
   EXPECT_EQ(RunBtctl({"sim", "fly"}).code, 8);
   EXPECT_EQ(RunBtctl({"sim", "set-battery", kPhone, "full"}).code, 2);
 }
@@ -112,6 +84,19 @@ TEST_F(WithSimulation, IsTakenByItsWordWhenItBreaks) {
 
   Output({"sim", "die", "3"});
   EXPECT_EQ(RunBtctl({"power", "status"}).code, 4);
+}
+
+TEST_F(WithSimulation, TheShellCompletesAContactThatCameWhileItWaitedForALine) {
+  Start("one-phone");
+  Output({"power", "off"});
+  Terminal terminal(CommandLine({}));
+  ASSERT_TRUE(terminal.WaitFor("btctl> "));
+  Output({"power", "on", "--no-wait"});  // it connects, and downloads the phone book, by itself
+  ASSERT_TRUE(terminal.WaitFor("OnBtCallLogListChanged")) << terminal.Screen();
+  ASSERT_TRUE(WaitUntil([&] {
+    terminal.Type("\025call dial ad\t");  // Ctrl-U begins anew
+    return terminal.WaitFor("Ada Arndt", std::chrono::milliseconds(200));
+  })) << terminal.Screen();
 }
 
 TEST_F(WithSimulation, TheShellCompletesAContact) {

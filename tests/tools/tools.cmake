@@ -3,7 +3,7 @@ if(NOT BT_BUILD_TOOLS)
   return()
 endif()
 
-add_library(bt_tools_support STATIC tools/Btctl.cpp tools/Terminal.cpp)
+add_library(bt_tools_support STATIC tools/Btctl.cpp tools/Simulation.cpp tools/Terminal.cpp)
 target_compile_definitions(bt_tools_support PUBLIC BTCTL_EXECUTABLE="$<TARGET_FILE:btctl>")
 target_link_libraries(bt_tools_support PUBLIC bt_test_support bt_internal btctl_parts util PRIVATE bt_warnings)
 add_dependencies(bt_tools_support btctl)
@@ -17,5 +17,6 @@ target_compile_definitions(tools_btctl_test PRIVATE BT_PUBLIC_HEADERS="${CMAKE_S
 
 bt_add_test(NAME tools_shell_test SOURCES shell_test.cpp LIBS bt_tools_support)
 
-bt_add_test(NAME tools_service_test SOURCES service_test.cpp LIBS bt_tools_support)
+bt_add_test(NAME tools_service_test SOURCES service_test.cpp worlds_test.cpp LIBS bt_tools_support)
+target_compile_definitions(tools_service_test PRIVATE BT_WORLDS="${CMAKE_SOURCE_DIR}/service/worlds")
 add_dependencies(tools_service_test btservice)

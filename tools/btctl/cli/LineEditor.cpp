@@ -102,7 +102,8 @@ LineEditor::~LineEditor() {
   editor = nullptr;
 }
 
-std::optional<std::string> LineEditor::ReadLine(const std::string& prompt) {
+std::optional<std::string> LineEditor::ReadLine(const std::string& prompt,
+                                                const std::function<void()>& meanwhile) {
   m_line.reset();
   rl_callback_handler_install(prompt.c_str(), [](char* line) { editor->TakeLine(line); });
   m_isReading = true;
@@ -110,6 +111,7 @@ std::optional<std::string> LineEditor::ReadLine(const std::string& prompt) {
     const Typing typing;
     while (!m_line && !m_hasEnded) {
       g_main_context_iteration(nullptr, TRUE);
+      meanwhile();
     }
   }
   m_isReading = false;

@@ -23,7 +23,8 @@ class LineEditor {
 
   /// Shows the prompt, and iterates the loop until a line is complete; nothing at the end of the input.
   /// Between two lines the terminal is as it was, so that a command may ask for something by itself.
-  std::optional<std::string> ReadLine(const std::string& prompt);
+  /// `meanwhile` is called whenever something has happened, and may iterate the loop itself.
+  std::optional<std::string> ReadLine(const std::string& prompt, const std::function<void()>& meanwhile);
   /// Runs what prints something, above the prompt if there is one.
   void PrintAbove(const std::function<void()>& print);
   /// Gives up what has been typed.

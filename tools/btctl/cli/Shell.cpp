@@ -43,7 +43,7 @@ ExitCode Shell::Run() {
   bool goesOn = true;
   while (goesOn) {
     FetchContacts();
-    const std::optional<std::string> line = m_editor.ReadLine("btctl> ");
+    const std::optional<std::string> line = m_editor.ReadLine("btctl> ", [this] { FetchContacts(); });
     goesOn = line && Handle(Trimmed(*line));
   }
   m_session.ObserveService(nullptr);

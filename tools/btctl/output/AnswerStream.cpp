@@ -1,5 +1,8 @@
 #include "btctl/output/AnswerStream.h"
 
+#include <cerrno>
+#include <csignal>
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -21,8 +24,14 @@ AnswerStream::~AnswerStream() { std::fclose(m_file); }
 bool AnswerStream::IsTerminal() const { return isatty(fileno(m_file)) != 0; }
 
 void AnswerStream::Write(const std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), m_file);
-  std::fflush(m_file);
+  const bool isWritten =
+      std::fwrite(text.data(), 1, text.size(), m_file) == text.size() && std::fflush(m_file) == 0;
+  if (!isWritten && errno == EPIPE) {
+    // Nobody reads any more, as in "btctl monitor | head -1". The libraries keep the signal for that from
+    // coming.
+    std::signal(SIGPIPE, SIG_DFL);
+    std::raise(SIGPIPE);
+  }
 }
 
 void AnswerStream::ThrowIfFailed() const {

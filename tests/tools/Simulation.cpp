@@ -1,0 +1,25 @@
+#include "tools/Simulation.h"
+
+namespace bttest {
+
+void WithSimulation::Start(const std::string& world, const std::string& speed) {
+  service.emplace(Words{"/app/bin/btservice", "--no-state", "--world", world, "--speed", speed});
+  ASSERT_TRUE(WaitUntil([&] { return RunBtctl({"power", "status"}).code == 0 || !service->IsAlive(); }));
+  ASSERT_TRUE(service->IsAlive()) << service->Errors();
+}
+
+std::string WithSimulation::Output(const Words& words) {
+  const Ran ran = RunBtctl(words);
+  EXPECT_EQ(ran.code, 0) << words.front() << " " << words.back() << ": " << ran.errors;
+  return ran.output;
+}
+
+void WithSimulation::StartWithPhone() {
+  Start("one-phone");
+  Output({"capability", "set", "auto-download", "off", "--no-wait"});
+  Output({"power", "on"});
+  Output({"connect", kPhone});
+  ASSERT_TRUE(WaitUntil([&] { return RunBtctl({"contacts", "download", "--timeout", "10"}).code == 0; }));
+}
+
+}  // namespace bttest

@@ -1,0 +1,26 @@
+#ifndef TESTS_TOOLS_SIMULATION_H
+#define TESTS_TOOLS_SIMULATION_H
+
+#include <optional>
+
+#include "tools/Btctl.h"
+
+namespace bttest {
+
+constexpr char kPhone[] = "00:1A:7D:DA:71:13";
+
+/// The simulated service in one of its worlds. Time runs fast there.
+struct WithSimulation : BtctlWithBus {
+  /// Returns when the service answers.
+  void Start(const std::string& world, const std::string& speed = "20");
+  /// Runs a command that must work, and answers what it prints.
+  std::string Output(const Words& words);
+  /// The phone of the world, connected, its phone book downloaded.
+  void StartWithPhone();
+
+  std::optional<ChildProcess> service;
+};
+
+}  // namespace bttest
+
+#endif
