@@ -1,19 +1,6 @@
 #include "service/dbus/Methods.h"
 
 namespace btservice {
-namespace {
-
-/// A floating array of pairs.
-GVariant* ToVariant(const std::vector<PlayMode>& modes) {
-  GVariantBuilder builder;
-  g_variant_builder_init(&builder, G_VARIANT_TYPE("a(yy)"));
-  for (const PlayMode& mode : modes) {
-    g_variant_builder_add(&builder, "(yy)", mode.attribute, mode.value);
-  }
-  return g_variant_builder_end(&builder);
-}
-
-}  // namespace
 
 void BindMusicMethods(ServiceBinder binder, MusicControl& music) {
   using M = MusicControl;
@@ -45,11 +32,11 @@ void BindMusicMethods(ServiceBinder binder, MusicControl& music) {
 
   binder.Bind(BT_METHOD(get_cur_play_mode), [&music] {
     const std::vector<PlayMode> modes = music.PlayModes();
-    return std::tuple(ToVariant(modes), !modes.empty());
+    return std::tuple(modes, !modes.empty());
   });
   binder.Bind(BT_METHOD(get_support_play_mode), [&music] {
     const std::vector<PlayMode> modes = music.SupportedPlayModes();
-    return std::tuple(ToVariant(modes), !modes.empty());
+    return std::tuple(modes, !modes.empty());
   });
   binder.Bind(BT_METHOD(set_cur_play_mode), [&music](GVariant* pair) {
     PlayMode mode;

@@ -13,6 +13,8 @@
 namespace btservice {
 
 // How values of the stack travel: enumerations as bytes, truth as bytes or booleans, bytes inside a variant.
+// An answer holds the stack's values, and becomes floating variants only when it is sent: it may come late or
+// never.
 
 /// The bytes inside a variant; none if it holds something else.
 inline Bytes BytesFromVariant(GVariant* value) {
@@ -29,6 +31,16 @@ inline Bytes BytesFromVariant(GVariant* value) {
 /// A floating variant.
 inline GVariant* VariantFromBytes(const Bytes& bytes) {
   return bt_build_variant_data(const_cast<std::uint8_t*>(bytes.data()), static_cast<int>(bytes.size()));
+}
+
+/// A floating array of pairs.
+inline GVariant* VariantFromModes(const std::vector<PlayMode>& modes) {
+  GVariantBuilder builder;
+  g_variant_builder_init(&builder, G_VARIANT_TYPE("a(yy)"));
+  for (const PlayMode& mode : modes) {
+    g_variant_builder_add(&builder, "(yy)", mode.attribute, mode.value);
+  }
+  return g_variant_builder_end(&builder);
 }
 
 template <typename Value, typename Wire>
@@ -48,6 +60,8 @@ Wire ToWire(const Value& value) {
     return value.c_str();
   } else if constexpr (std::is_same_v<Value, Bytes>) {
     return VariantFromBytes(value);
+  } else if constexpr (std::is_same_v<Value, std::vector<PlayMode>>) {
+    return VariantFromModes(value);
   } else {
     return static_cast<Wire>(value);
   }
