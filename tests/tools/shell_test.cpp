@@ -134,11 +134,24 @@ TEST_F(InTheShell, APairingAsksAtTheTerminal) {
   terminal->Type("y\n");
   ASSERT_TRUE(service.WaitForCalls(2));
   service.Emit("OnPairStatusChanged", g_variant_new("(yys)", 2, 0, kPhone));
-  EXPECT_TRUE(terminal->WaitFor("paired none"));
+  EXPECT_TRUE(terminal->WaitFor("paired 00:1A:7D:DA:71:13"));
   EXPECT_TRUE(terminal->WaitFor(kPrompt));
   EXPECT_THAT(service.TakeCallTexts(),
               testing::ElementsAre("Pair('00:1A:7D:DA:71:13', '')",
                                    "AnswerPair('123456', '00:1A:7D:DA:71:13', byte 0x00)"));
+}
+
+TEST_F(InTheShell, CtrlCAtTheQuestionOfAPairingRefusesIt) {
+  Start();
+  terminal->Type(std::string("pair ") + kPhone + "\n");
+  ASSERT_TRUE(service.WaitForCalls(1));
+  service.Emit("OnAnswerPairRequest", g_variant_new("(ssby)", kPhone, "123456", FALSE, 0));
+  ASSERT_TRUE(terminal->WaitFor("[y/N] "));
+  terminal->Type("\003");
+  EXPECT_TRUE(terminal->WaitFor("interrupted")) << terminal->Screen();
+  EXPECT_TRUE(terminal->WaitFor(kPrompt));
+  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("Pair('00:1A:7D:DA:71:13', '')",
+                                                            "RejectPair('00:1A:7D:DA:71:13', byte 0x00)"));
 }
 
 TEST_F(InTheShell, TheServiceIsSeenToGoAndComeBack) {
@@ -170,7 +183,7 @@ TEST_F(InTheShell, ADownloadShowsABar) {
   service.Emit("OnPbDownloadCountChanged", g_variant_new("(ii)", 10, 20));
   EXPECT_TRUE(terminal->WaitFor("[####################....................] 10/20"));
   service.Emit("OnPBDownloadStatus", g_variant_new("(yy)", 3, 6));
-  EXPECT_TRUE(terminal->WaitFor("completed all"));
+  EXPECT_TRUE(terminal->WaitFor("\ncompleted all"));
 }
 
 TEST_F(InTheShell, HeadingsAreBoldUnlessNobodyWantsThat) {

@@ -10,6 +10,8 @@
 #include <readline/readline.h>
 #include <unistd.h>
 
+#include "btctl/session/Source.h"
+
 namespace btctl {
 namespace {
 
@@ -54,30 +56,18 @@ char** Attempt(const char* start, int begin, int) {
       (*completer)(WordsOf(std::string(rl_line_buffer, static_cast<std::size_t>(begin))), start);
   if (rl_completion_quote_character == 0) {
     for (std::string& match : matches) {
-      match = match.find(' ') != std::string::npos ? '"' + match + '"' : match;
+      if (match.find(' ') != std::string::npos) {
+        match.insert(0, 1, '"').push_back('"');
+      }
     }
   }
   return ToMatches(start, matches);
 }
 
-/// Reads what is typed while the object lives.
-class Typing {
- public:
-  Typing()
-      : m_source(g_unix_fd_add(
-            STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP),
-            [](gint, GIOCondition, gpointer) -> gboolean {
-              rl_callback_read_char();
-              return G_SOURCE_CONTINUE;
-            },
-            nullptr)) {}
-  ~Typing() { g_source_remove(m_source); }
-  Typing(const Typing&) = delete;
-  Typing& operator=(const Typing&) = delete;
-
- private:
-  const guint m_source;
-};
+gboolean TakeKey(gint, GIOCondition, gpointer) {
+  rl_callback_read_char();
+  return G_SOURCE_CONTINUE;
+}
 
 }  // namespace
 
@@ -108,7 +98,8 @@ std::optional<std::string> LineEditor::ReadLine(const std::string& prompt,
   rl_callback_handler_install(prompt.c_str(), [](char* line) { editor->TakeLine(line); });
   m_isReading = true;
   {
-    const Typing typing;
+    const Source typing(
+        g_unix_fd_add(STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), TakeKey, nullptr));
     while (!m_line && !m_hasEnded) {
       g_main_context_iteration(nullptr, TRUE);
       meanwhile();

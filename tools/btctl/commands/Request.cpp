@@ -67,7 +67,8 @@ Json Shown(const Answer& answer, const Json& result) {
   if (answer.words != nullptr) {
     return answer.words->Show(result.get<int>());
   }
-  return answer.isYesNo && (result == 0 || result == 1) ? Json(result == 1) : result;
+  const int value = answer.isYesNo ? result.get<int>() : -1;
+  return value == 0 || value == 1 ? Json(value == 1) : result;
 }
 
 void Show(Context& context, const Request& request, const Reply& reply, const OutcomeWatch* watch) {

@@ -64,6 +64,22 @@ void Tell(Context& context, const std::string& address, const Question& question
   MakeRequest(context.session, Value(), call);
 }
 
+/// Lets the user answer the question, or somebody else.
+void SettleQuestion(Context& context, const std::string& address, const Question& question,
+                    const Given& given) {
+  try {
+    if (const std::optional<Reaction> reaction = AskUser(context, question, given)) {
+      Tell(context, address, question, *reaction);
+    }
+  } catch (const Failure& failure) {
+    if (failure.Code() == EXIT_INTERRUPTED) {
+      context.session.Begin(std::chrono::seconds(2));  // to end what was begun; then it is over
+      Tell(context, address, question, Reaction());
+    }
+    throw;
+  }
+}
+
 void Pair(Context& context, const Given& given) {
   const std::string address = given[ADDRESS];
   const std::string pin = given[PIN];
@@ -88,9 +104,7 @@ void Pair(Context& context, const Given& given) {
     context.session.DeliverArrived();
     context.session.WaitUntil([&] { return question || watch.IsDecided(); });
     if (question) {
-      if (const std::optional<Reaction> reaction = AskUser(context, *question, given)) {
-        Tell(context, address, *question, *reaction);
-      }
+      SettleQuestion(context, address, *question, given);
     }
     Follow(context, watch);
     watch.AddTo(answer);

@@ -1,6 +1,7 @@
 #include "btctl/events/Event.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include <glib.h>
 
@@ -24,9 +25,8 @@ std::string Joined(const std::vector<std::string>& texts) {
 
 std::vector<std::string> NamesOf(const std::vector<EventDescription>& events) {
   std::vector<std::string> names;
-  for (const EventDescription& event : events) {
-    names.emplace_back(event.name);
-  }
+  std::transform(events.begin(), events.end(), std::back_inserter(names),
+                 [](const EventDescription& event) { return event.name; });
   return names;
 }
 

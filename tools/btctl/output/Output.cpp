@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 #include <glib.h>
 #include <unistd.h>
@@ -22,7 +23,10 @@ std::string OutcomeText(const Json& event) {
   const Json& values = event["values"];
   const bool isYes =
       std::any_of(values.begin(), values.end(), [](const Json& value) { return value.is_boolean(); });
-  return isYes || values.empty() ? "done" : Joined(values, " ");
+  Json told = Json::array();
+  std::copy_if(values.begin(), values.end(), std::back_inserter(told),
+               [](const Json& value) { return value != "none"; });  // such as the reason why it did not fail
+  return isYes || told.empty() ? "done" : Joined(told, " ");
 }
 
 void WriteError(const std::string& text) {
@@ -54,6 +58,7 @@ Output::Output(AnswerStream& answers, bool json)
       m_errorStyle(!json && isatty(STDERR_FILENO) != 0 && WantsColours()) {}
 
 void Output::ShowAnswer(const Json& answer) {
+  EndProgress();
   if (m_json) {
     m_answers.Write(ToLine(answer) + "\n");
     return;
@@ -127,6 +132,7 @@ void Output::ShowTable(const Json& items) {
 }
 
 void Output::ShowEvent(const Event& event) {
+  EndProgress();
   if (m_json) {
     m_answers.Write(ToLine(event.ToJson()) + "\n");
     return;

@@ -6,6 +6,8 @@
 
 #include <glib.h>
 
+#include "btctl/session/Source.h"
+
 namespace btctl {
 
 /// A time to come. The main loop wakes at it, so that those who wait there can see that it has come.
@@ -13,18 +15,15 @@ class Alarm {
  public:
   explicit Alarm(std::chrono::milliseconds after)
       : m_time(std::chrono::steady_clock::now() + after),
-        m_source(g_timeout_add(
+        m_wakeUp(g_timeout_add(
             static_cast<guint>(std::max<std::int64_t>(after.count(), 1)),
             [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr)) {}
-  ~Alarm() { g_source_remove(m_source); }
-  Alarm(const Alarm&) = delete;
-  Alarm& operator=(const Alarm&) = delete;
 
   bool HasCome() const { return std::chrono::steady_clock::now() >= m_time; }
 
  private:
   const std::chrono::steady_clock::time_point m_time;
-  const guint m_source;
+  const Source m_wakeUp;
 };
 
 }  // namespace btctl

@@ -5,6 +5,8 @@
 #include <glib-unix.h>
 #include <unistd.h>
 
+#include "btctl/session/Source.h"
+
 namespace btctl {
 namespace {
 
@@ -28,19 +30,6 @@ gboolean Take(gint file, GIOCondition, gpointer data) {
   return G_SOURCE_CONTINUE;
 }
 
-/// Reads from standard input while the object lives.
-class Reading {
- public:
-  explicit Reading(Input& input)
-      : m_source(g_unix_fd_add(STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), Take, &input)) {}
-  ~Reading() { g_source_remove(m_source); }
-  Reading(const Reading&) = delete;
-  Reading& operator=(const Reading&) = delete;
-
- private:
-  const guint m_source;
-};
-
 }  // namespace
 
 bool CanPrompt() { return isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0; }
@@ -49,8 +38,14 @@ std::string Prompt(Session& session, const std::string& question) {
   std::fputs(question.c_str(), stderr);
   std::fflush(stderr);
   Input input;
-  const Reading reading(input);
-  session.WaitUntil([&] { return input.isComplete; });
+  const Source reading(
+      g_unix_fd_add(STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), Take, &input));
+  try {
+    session.WaitUntil([&] { return input.isComplete; });
+  } catch (const Failure&) {
+    std::fputs("\n", stderr);  // what is told of it begins a line of its own
+    throw;
+  }
   if (input.hasEnded) {
     throw Failure(EXIT_INTERRUPTED, "the input ended");
   }

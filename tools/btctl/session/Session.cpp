@@ -19,7 +19,7 @@ bool isStarted = false;
 }  // namespace
 
 Session::Session()
-    : m_interruptSource(g_unix_signal_add(
+    : m_interrupts(g_unix_signal_add(
           SIGINT,
           [](gpointer self) -> gboolean {
             static_cast<Session*>(self)->OnInterrupt();
@@ -28,7 +28,6 @@ Session::Session()
           this)) {}
 
 Session::~Session() {
-  g_source_remove(m_interruptSource);
   m_use.reset();  // the library is stopped after the last listener is gone
   if (!m_hasLeftThreads && isStarted) {
     MWP_DestroyBlueTooth();

@@ -10,6 +10,7 @@
 #include "btctl/events/EventHub.h"
 #include "btctl/session/Alarm.h"
 #include "btctl/session/Diagnosis.h"
+#include "btctl/session/Source.h"
 
 namespace btctl {
 
@@ -100,7 +101,7 @@ class Session {
   void OnInterrupt();
   void ThrowIfOver() const;
 
-  const unsigned m_interruptSource;
+  const Source m_interrupts;
   std::optional<Use> m_use;
   std::optional<Alarm> m_deadline;
   bool m_isInterrupted = false;
