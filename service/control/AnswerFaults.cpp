@@ -77,7 +77,7 @@ std::shared_ptr<AnswerFaults::Fault> AnswerFaults::Use(GDBusMethodInvocation* in
   if (place == m_faults.end() || ((*place)->kind == Kind::DELAY) != delays) {
     return nullptr;
   }
-  const std::shared_ptr<Fault> fault = *place;
+  std::shared_ptr<Fault> fault = *place;
   if (--fault->count == 0) {
     m_faults.erase(place);
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstddef>
 #include <utility>
 
 namespace btservice {
@@ -43,6 +44,7 @@ std::pair<const FolderData*, std::size_t> FindTrack(const FolderData& folder, co
 
 std::vector<BrowserItem> ItemsOf(const std::vector<TrackData>& tracks) {
   std::vector<BrowserItem> items;
+  items.reserve(tracks.size());
   for (const TrackData& track : tracks) {
     items.push_back({track.uid, track.title, false});
   }
@@ -179,7 +181,8 @@ std::vector<BrowserItem> Browser::Items(BrowserScopeType scope) const {
 void Browser::Show(BrowserScopeType scope, std::vector<BrowserItem> items, ItemRange range) {
   const std::size_t start = std::min<std::size_t>(range.start, items.size());
   const std::size_t count = std::min<std::size_t>(range.count, items.size() - start);
-  m_items[scope].assign(items.begin() + start, items.begin() + start + count);
+  const auto first = items.begin() + static_cast<std::ptrdiff_t>(start);
+  m_items[scope].assign(first, first + static_cast<std::ptrdiff_t>(count));
   m_context.Report(BrowserItemsArrived{});
 }
 

@@ -57,6 +57,7 @@ void AddNumber(Contact& contact, NumberType type, const std::string& number) {
 
 std::vector<Contact> MadeUpContacts(int count) {
   std::vector<Contact> contacts;
+  contacts.reserve(count);
   for (int person = 0; person < count; ++person) {
     contacts.push_back(MakeUp(person));
   }

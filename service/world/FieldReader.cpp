@@ -99,7 +99,7 @@ void FieldReader::Read(const JsonNode& node, const std::string& place,
   }
   value.clear();
   for (const auto& [name, member] : node.members) {
-    Read(member, place + "." + name, value[name]);
+    Read(member, (place + ".").append(name), value[name]);
   }
 }
 

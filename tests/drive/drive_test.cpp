@@ -86,7 +86,7 @@ class DriveTest : public testing::Test {
   /// Sends a signal of its own kind, and waits until everybody has got that far.
   std::string Mark() {
     const std::string name = "mark " + std::to_string(++m_marks);
-    const std::string text = "OnOperatorNameChanged('" + name + "')";
+    std::string text = "OnOperatorNameChanged('" + name + "')";
     GVariantBuilder values;
     g_variant_builder_init(&values, G_VARIANT_TYPE("av"));
     g_variant_builder_add(&values, "v", g_variant_new_string(name.c_str()));
@@ -142,7 +142,7 @@ class DriveTest : public testing::Test {
     Download();
     ThreeCalls();
     MusicAndMore();
-    PassUntil(begin + kRoundSeconds / 2);
+    PassUntil(begin + kRoundSeconds / 2.0);
     LoseLink();
     Request("play", "OnCurPositionChanged");
     PassUntil(begin + kRoundSeconds);

@@ -13,7 +13,6 @@
 namespace btservice {
 namespace {
 
-using testing::Contains;
 using testing::HasSubstr;
 using testing::StartsWith;
 
