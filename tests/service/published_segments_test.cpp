@@ -14,7 +14,6 @@
 namespace btservice {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 constexpr const char* kPhone = "00:1A:7D:DA:71:13";

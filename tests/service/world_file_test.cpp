@@ -18,7 +18,7 @@ using testing::HasSubstr;
 class WorldFileTest : public testing::Test {
  protected:
   std::string Write(const std::string& text, const std::string& name = "world.json") {
-    const std::string path = directory.Path().string() + "/" + name;
+    std::string path = directory.Path().string() + "/" + name;
     std::ofstream(path) << text;
     return path;
   }
