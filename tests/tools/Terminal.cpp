@@ -1,5 +1,6 @@
 #include "tools/Terminal.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -18,11 +19,9 @@ namespace {
 constexpr int kPollMs = 10;
 
 std::vector<char*> Pointers(std::vector<std::string>& strings) {
-  std::vector<char*> pointers;
-  for (std::string& string : strings) {
-    pointers.push_back(string.data());
-  }
-  pointers.push_back(nullptr);
+  std::vector<char*> pointers(strings.size() + 1, nullptr);
+  std::transform(strings.begin(), strings.end(), pointers.begin(),
+                 [](std::string& string) { return string.data(); });
   return pointers;
 }
 
