@@ -46,9 +46,9 @@ double Load() {
 }
 
 std::string Text(const Figure& figure) {
+  const int decimals = figure.unit.empty() ? 0 : figure.unit == "x" ? 3 : 2;
   char text[64];
-  const char* const format = figure.unit == "x" ? "%.3f%s" : "%.2f %s";
-  std::snprintf(text, sizeof text, format, figure.value, figure.unit == "x" ? "" : figure.unit.c_str());
+  std::snprintf(text, sizeof text, "%.*f %s", decimals, figure.value, figure.unit.c_str());
   return text;
 }
 
@@ -85,6 +85,7 @@ ordered_json ToJson(const Row& row) {
 Figure Microseconds(double seconds) { return {seconds * 1e6, "us"}; }
 Figure Milliseconds(double seconds) { return {seconds * 1e3, "ms"}; }
 Figure Mebibytes(double kibibytes) { return {kibibytes / 1024, "MiB"}; }
+Figure Count(double count) { return {count, ""}; }
 Figure Times(double ratio) { return {ratio, "x"}; }
 
 Report::Report() : m_date(Now()) {

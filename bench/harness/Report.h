@@ -51,6 +51,8 @@ Figure Microseconds(double seconds);
 Figure Milliseconds(double seconds);
 /// From KiB.
 Figure Mebibytes(double kibibytes);
+/// Of things, without a unit.
+Figure Count(double count);
 /// How often the yardstick's cost.
 Figure Times(double ratio);
 

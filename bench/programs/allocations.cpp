@@ -2,7 +2,6 @@
 // prints both. A program of its own, so that counting slows nothing else down.
 
 #include <bluetooth/MWPBluetooth.h>
-#include <bluetooth/MWPBtPhone.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -10,7 +9,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "ipc/BtProxy.h"
+#include "bench/harness/MeasuredRequests.h"
 
 extern "C" void* __libc_malloc(std::size_t);
 extern "C" void* __libc_calloc(std::size_t, std::size_t);
@@ -40,35 +39,26 @@ namespace {
 
 constexpr int kRequests = 1000;
 
-void AcceptCallByHand() {
-  gint result = 0;
-  GError* error = nullptr;
-  com_zelk_linux_bluetooth_call_accept_call_sync(g_BtProxy, &result, nullptr, &error);
-  g_clear_error(&error);
-}
-
-void AcceptCallThroughFacade() { MWPBtPhone().AcceptCall(); }
-
-/// The fewest allocations that a request makes: now and then one makes more, when GLib has to wait longer for
-/// the answer or puts its own books in order.
 long AllocationsOf(void (*request)()) {
-  long fewest = std::numeric_limits<long>::max();
-  for (int i = 0; i < kRequests; ++i) {
-    const long before = t_allocations;
-    request();
-    fewest = std::min(fewest, t_allocations - before);
-  }
-  return fewest;
+  const long before = t_allocations;
+  request();
+  return t_allocations - before;
 }
 
 }  // namespace
 
+// Of each kind the request with the fewest counts: now and then one makes more, when GLib has to wait longer
+// for the answer or puts its own books in order.
 int main() {
   if (MWP_CreateBlueTooth() == 0) {
     return EXIT_FAILURE;
   }
-  const long byHand = AllocationsOf(AcceptCallByHand);
-  const long throughFacade = AllocationsOf(AcceptCallThroughFacade);
+  long byHand = std::numeric_limits<long>::max();
+  long throughFacade = byHand;
+  for (int i = 0; i < kRequests; ++i) {
+    byHand = std::min(byHand, AllocationsOf(AcceptCallByHand));
+    throughFacade = std::min(throughFacade, AllocationsOf(AcceptCallThroughFacade));
+  }
   std::printf("%ld %ld\n", byHand, throughFacade);
   return EXIT_SUCCESS;
 }

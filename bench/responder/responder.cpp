@@ -13,7 +13,8 @@
 #include "bench/book/PhoneBook.h"
 #include "bench/peers/BookMessage.h"
 #include "bench/responder/BenchInterface.h"
-#include "ipc/ShareMemory/UsableSegment.h"
+#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "ipc/ShareMemory/ShareMemory.h"
 
 namespace {
 
@@ -28,7 +29,16 @@ constexpr const char* kControlXml =
 struct Book {
   std::vector<unsigned char> segment;
   GVariant* message;  ///< the reply of GetBook
+  void* memory;       ///< of SH_CONTACT_LIST
 };
+
+/// The memory of SH_CONTACT_LIST; null if it cannot be had.
+void* AttachSegment() {
+  const bool found = ShareMemory::InitShareMemory(
+      SH_CONTACT_LIST, static_cast<unsigned>(kSegmentCatalogue[SH_CONTACT_LIST].size));
+  void* const memory = found ? ShareMemory::GetShareMemory(SH_CONTACT_LIST) : nullptr;
+  return memory != reinterpret_cast<void*>(-1) ? memory : nullptr;
+}
 
 gboolean OnAcceptCall(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* invocation, gpointer) {
   com_zelk_linux_bluetooth_complete_accept_call(object, invocation, 1);
@@ -42,7 +52,7 @@ gboolean OnGetPowerStatus(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* 
 
 gboolean OnGetContactList(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* invocation, gpointer data) {
   const auto& book = *static_cast<const Book*>(data);
-  std::memcpy(UsableSegment(SH_CONTACT_LIST).begin, book.segment.data(), book.segment.size());
+  std::memcpy(book.memory, book.segment.data(), book.segment.size());
   com_zelk_linux_bluetooth_complete_get_contact_list(object, invocation, TRUE);
   return TRUE;
 }
@@ -111,15 +121,14 @@ int main() {
     std::fprintf(stderr, "responder: %s\n", error->message);
     return 1;
   }
-  ShareMemory::InitShareMemory(SH_CONTACT_LIST,
-                               static_cast<unsigned>(kSegmentCatalogue[SH_CONTACT_LIST].size));
-  if (UsableSegment(SH_CONTACT_LIST).begin == nullptr) {
+  void* const memory = AttachSegment();
+  if (memory == nullptr) {
     std::fprintf(stderr, "responder: SH_CONTACT_LIST cannot be attached\n");
     return 1;
   }
 
   const PhoneBook contacts = MakeFullBook();
-  Book book{PackForSegment(contacts), g_variant_ref_sink(PackAsMessage(contacts))};
+  Book book{PackForSegment(contacts), g_variant_ref_sink(PackAsMessage(contacts)), memory};
   ComZelkLinuxBluetooth* const skeleton = com_zelk_linux_bluetooth_skeleton_new();
   GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
   if (!Export(connection, skeleton, book)) {

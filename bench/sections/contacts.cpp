@@ -14,7 +14,8 @@
 #include "bench/peers/BookMessage.h"
 #include "bench/sections/QuickCall.h"
 #include "bench/sections/Sections.h"
-#include "ipc/ShareMemory/UsableSegment.h"
+#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "ipc/ShareMemory/ShareMemory.h"
 #ifdef BENCH_HAS_VFORMAT
 #include "bench/peers/BookCards.h"
 #endif
@@ -84,12 +85,11 @@ Way Refilling(const char* name, clockid_t clock, PhoneBook& list) {
 }
 
 void CompareWithYardstick(Report& report, const PhoneBook& book) {
-  const SegmentBytes segment = UsableSegment(SH_CONTACT_LIST);
+  const auto* const begin = static_cast<const unsigned char*>(ShareMemory::GetShareMemory(SH_CONTACT_LIST));
+  const auto* const end = begin + kSegmentCatalogue[SH_CONTACT_LIST].size;
   const QuickCall noServiceInvolved;
-  const Way pass = {"a pass with memchr", [segment] {
-                      return Cost(kProcessor, [segment] {
-                        FindEndOfEveryString(segment.begin, segment.begin + segment.size);
-                      });
+  const Way pass = {"a pass with memchr", [begin, end] {
+                      return Cost(kProcessor, [begin, end] { FindEndOfEveryString(begin, end); });
                     }};
   PhoneBook previous;
   const Way refill = Refilling("GetContactList into the previous list", kProcessor, previous);

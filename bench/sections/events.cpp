@@ -20,8 +20,8 @@
 
 namespace {
 
-constexpr std::size_t kRounds = 101;
-constexpr unsigned kEvents = 2000;  // in each round
+constexpr std::size_t kRounds = 201;
+constexpr unsigned kEvents = 400;  // in each round
 constexpr double kLimit = 1.05;
 constexpr std::size_t kFurtherListeners = 100;
 constexpr double kLimitOfFurtherListener = 20;  // nanoseconds

@@ -1,40 +1,19 @@
 // What a request through a facade costs, next to the same call made by hand with the generated function.
 
-#include <bluetooth/MWPBtCom.h>
-#include <bluetooth/MWPBtPhone.h>
-
 #include <cstdio>
 #include <stdexcept>
 
 #include "bench/harness/Clocks.h"
+#include "bench/harness/MeasuredRequests.h"
 #include "bench/harness/Programs.h"
 #include "bench/harness/Rounds.h"
 #include "bench/sections/Sections.h"
-#include "ipc/BtProxy.h"
 
 namespace {
 
-constexpr std::size_t kRounds = 401;
-constexpr int kCalls = 20;  // in each round
+constexpr std::size_t kRounds = 2001;
+constexpr int kCalls = 5;  // in each round
 constexpr double kLimit = 1.02;
-
-void AcceptCallByHand() {
-  gint result = 0;
-  GError* error = nullptr;
-  com_zelk_linux_bluetooth_call_accept_call_sync(g_BtProxy, &result, nullptr, &error);
-  g_clear_error(&error);
-}
-
-void AcceptCallThroughFacade() { MWPBtPhone().AcceptCall(); }
-
-void GetPowerStatusByHand() {
-  guchar result = 0;
-  GError* error = nullptr;
-  com_zelk_linux_bluetooth_call_get_power_status_sync(g_BtProxy, &result, nullptr, &error);
-  g_clear_error(&error);
-}
-
-void GetPowerStatusThroughFacade() { MWPBtCom().GetPowerStatus(); }
 
 Way Calling(const char* name, clockid_t clock, void (*call)()) {
   return {name, [clock, call] {
@@ -63,12 +42,8 @@ void CompareAllocations(Report& report) {
   if (std::sscanf(output.c_str(), "%lf %lf", &byHand, &throughFacade) != 2) {
     throw std::runtime_error("bt_bench_allocations printed: " + output);
   }
-  report.Add({"AcceptCall, allocations",
-              {throughFacade, ""},
-              "the generated function",
-              {byHand, ""},
-              {throughFacade - byHand, "more"},
-              0});
+  report.Add({"AcceptCall, allocations, and those added", Count(throughFacade), "the generated function",
+              Count(byHand), Count(throughFacade - byHand), 0});
 }
 
 }  // namespace
