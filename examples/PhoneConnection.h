@@ -4,16 +4,24 @@
 #include <bluetooth/IMWPBtComListener.h>
 #include <bluetooth/MWPBtCom.h>
 
-#include "Loop.h"
+#include <functional>
+#include <string>
+#include <utility>
+
 #include "Show.h"
 
 /// Switches on, pairs a phone and connects it, whatever of that is still to be done. Each step is taken when
 /// the event arrives that tells of the one before.
 class PhoneConnection : public IMWPBtComListener {
  public:
-  /// onConnected is called whenever the profile of the phone is connected.
-  PhoneConnection(Loop& loop, std::string address, MWPBtType::ProfileId profile, void (*onConnected)())
-      : m_loop(loop), m_address(std::move(address)), m_profile(profile), m_onConnected(onConnected) {}
+  /// onConnected is called whenever the profile of the phone is connected, onFailed when the phone cannot be
+  /// paired.
+  PhoneConnection(std::string address, MWPBtType::ProfileId profile, std::function<void()> onConnected,
+                  std::function<void()> onFailed)
+      : m_address(std::move(address)),
+        m_profile(profile),
+        m_onConnected(std::move(onConnected)),
+        m_onFailed(std::move(onFailed)) {}
 
   /// To be called once the library is started.
   void Begin() { m_bluetooth.GetBluetoothServiceStatus(); }
@@ -40,7 +48,7 @@ class PhoneConnection : public IMWPBtComListener {
     if (status == MWPBtType::BT_PAIR_PAIRED) {
       Connect();
     } else if (status == MWPBtType::BT_PAIR_FAILED) {
-      m_loop.End(false);
+      m_onFailed();
     }
   }
 
@@ -54,10 +62,10 @@ class PhoneConnection : public IMWPBtComListener {
 
   void Connect() { m_bluetooth.Connect(m_address, MWPBtType::BT_PROFILE_HFP_A2DP, 0); }
 
-  Loop& m_loop;
   const std::string m_address;
   const MWPBtType::ProfileId m_profile;
-  void (*const m_onConnected)();
+  const std::function<void()> m_onConnected;
+  const std::function<void()> m_onFailed;
   MWPBtCom m_bluetooth;
 };
 

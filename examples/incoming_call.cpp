@@ -6,6 +6,7 @@
 #include <bluetooth/IMWPBtPhoneListener.h>
 #include <bluetooth/MWPBtPhone.h>
 
+#include "Loop.h"
 #include "PhoneConnection.h"
 
 namespace {
@@ -55,7 +56,8 @@ class Answering : public IMWPBtPhoneListener {
 bool Run(const std::string& phone) {
   Loop loop;
   Answering answering(loop);
-  PhoneConnection connection(loop, phone, BT_PROFILE_HFP, [] { ShowLine("waiting for a call"); });
+  PhoneConnection connection(
+      phone, BT_PROFILE_HFP, [] { ShowLine("waiting for a call"); }, [&loop] { loop.End(false); });
   if (MWP_CreateBlueTooth() == 0) {
     return false;
   }

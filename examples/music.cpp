@@ -5,6 +5,7 @@
 #include <bluetooth/IMWPBtMediaListener.h>
 #include <bluetooth/MWPBtMedia.h>
 
+#include "Loop.h"
 #include "PhoneConnection.h"
 
 namespace {
@@ -73,7 +74,7 @@ void Play() {
 bool Run(const std::string& phone) {
   Loop loop;
   Hearing hearing(loop);
-  PhoneConnection connection(loop, phone, BT_PROFILE_AVRCP, Play);
+  PhoneConnection connection(phone, BT_PROFILE_AVRCP, Play, [&loop] { loop.End(false); });
   if (MWP_CreateBlueTooth() == 0) {
     return false;
   }

@@ -5,6 +5,7 @@
 #include <bluetooth/IMWPBtPbapListener.h>
 #include <bluetooth/MWPBtPbap.h>
 
+#include "Loop.h"
 #include "PhoneConnection.h"
 
 namespace {
@@ -56,7 +57,7 @@ void StartDownload() {
 bool Run(const std::string& phone) {
   Loop loop;
   Download download(loop);
-  PhoneConnection connection(loop, phone, BT_PROFILE_PBAP, StartDownload);
+  PhoneConnection connection(phone, BT_PROFILE_PBAP, StartDownload, [&loop] { loop.End(false); });
   if (MWP_CreateBlueTooth() == 0) {
     return false;
   }
