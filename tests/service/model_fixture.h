@@ -1,6 +1,7 @@
 #ifndef TESTS_SERVICE_MODEL_FIXTURE_H
 #define TESTS_SERVICE_MODEL_FIXTURE_H
 
+#include <memory>
 #include <string>
 #include <variant>
 #include <vector>
@@ -18,10 +19,15 @@ constexpr const char* kOldPhone = "00:02:EE:5A:10:4C";    // pairs by PIN, calls
 constexpr const char* kAccessory = "F0:08:D1:C0:FF:EE";   // pairs without a question, serial only
 constexpr const char* kNobody = "AA:BB:CC:DD:EE:FF";
 
+// What would be compiled anew for each test file, and is not a template, is in model_fixture.cpp: copies of
+// worlds and of events of all kinds cost a compiler more than the tests do.
+
 /// Remembers what a stack reports.
 class EventLog : public StackObserver {
  public:
-  void OnStackEvent(const StackEvent& event) override { m_events.push_back(event); }
+  EventLog();
+  ~EventLog();
+  void OnStackEvent(const StackEvent& event) override;
 
   template <typename Event>
   std::vector<Event> Of() const {
@@ -47,7 +53,7 @@ class EventLog : public StackObserver {
     return values;
   }
   const std::vector<StackEvent>& All() const { return m_events; }
-  void Clear() { m_events.clear(); }
+  void Clear();
 
  private:
   std::vector<StackEvent> m_events;
@@ -56,49 +62,19 @@ class EventLog : public StackObserver {
 /// A simulated stack in a world of the test's making, and a clock that the test drives.
 class ModelTest : public testing::Test {
  protected:
-  ModelTest() : world(BuiltInWorld()) {}
+  ModelTest();
+  ~ModelTest() override;
 
   /// The world is to be changed before the stack is used for the first time.
-  SimulatedStack& Stack() {
-    if (stack == nullptr) {
-      stack = std::make_unique<SimulatedStack>(scheduler, world);
-      stack->AddObserver(log);
-    }
-    return *stack;
-  }
-  DeviceData& Device(const std::string& address) {
-    for (DeviceData& device : world.devices) {
-      if (device.address == address) {
-        return device;
-      }
-    }
-    throw std::invalid_argument(address);
-  }
+  SimulatedStack& Stack();
+  DeviceData& Device(const std::string& address);
 
   void Pass(Milliseconds time) { scheduler.Advance(time); }
-  void PowerOn() {
-    Stack().Adapter().SetPower(true);
-    Pass(world.delays.powerOn);
-  }
+  void PowerOn();
   void PairBeforehand(const std::string& address) { Device(address).paired = true; }
   /// Powers on and connects a device that is paired beforehand; forgets what was reported on the way.
-  void ConnectDevice(const std::string& address, ProfileId profile = BT_PROFILE_HFP_A2DP) {
-    if (Stack().Adapter().Power() != BT_POWER_ON) {
-      PowerOn();
-    }
-    ASSERT_TRUE(Stack().Devices().Connect(address, profile, false));
-    Pass(std::chrono::seconds(4));
-    log.Clear();
-  }
-  std::vector<ConnStatus> StatesOf(const std::string& address, ProfileId profile) const {
-    std::vector<ConnStatus> states;
-    for (const ConnectionChanged& change : log.Of<ConnectionChanged>()) {
-      if (change.address == address && change.profile == profile) {
-        states.push_back(change.status);
-      }
-    }
-    return states;
-  }
+  void ConnectDevice(const std::string& address, ProfileId profile = BT_PROFILE_HFP_A2DP);
+  std::vector<ConnStatus> StatesOf(const std::string& address, ProfileId profile) const;
 
   ManualScheduler scheduler;
   World world;

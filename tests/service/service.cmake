@@ -7,6 +7,7 @@ bt_add_test(NAME service_model_test
     call_model_test.cpp
     connection_model_test.cpp
     links_model_test.cpp
+    model_fixture.cpp
     music_model_test.cpp
     pairing_model_test.cpp
     phonebook_model_test.cpp
