@@ -1,3 +1,6 @@
+add_library(bt_model_fixture STATIC service/model_fixture.cpp)
+target_link_libraries(bt_model_fixture PUBLIC btservice_model bt_test_support PRIVATE bt_warnings)
+
 bt_add_test(NAME service_model_test
   SOURCES
     adapter_model_test.cpp
@@ -7,19 +10,18 @@ bt_add_test(NAME service_model_test
     call_model_test.cpp
     connection_model_test.cpp
     links_model_test.cpp
-    model_fixture.cpp
     music_model_test.cpp
     pairing_model_test.cpp
     phonebook_model_test.cpp
     time_test.cpp
     timeline_test.cpp
     two_calls_model_test.cpp
-  LIBS btservice_model
+  LIBS bt_model_fixture
   LABELS service)
 
 bt_add_test(NAME service_files_test
   SOURCES state_file_test.cpp vcard_test.cpp world_file_test.cpp
-  LIBS btservice_world btservice_state
+  LIBS bt_model_fixture btservice_world btservice_state
   LABELS service)
 target_compile_definitions(service_files_test PRIVATE
   BTTEST_WORLD_SCHEMA="${CMAKE_SOURCE_DIR}/service/worlds/world.schema.json")
