@@ -5,6 +5,7 @@ target_link_libraries(bt_test_contract PUBLIC bt_test_support bt_internal PRIVAT
 
 bt_add_test(NAME contract_requests SOURCES requests_test.cpp LIBS bt_test_contract)
 bt_add_test(NAME contract_lists SOURCES lists_test.cpp)
+bt_add_test(NAME contract_missing_texts SOURCES missing_texts_test.cpp)
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_test(NAME contract_exports/TheLibraryExportsWhatTheSourcesSayAndNothingElse
