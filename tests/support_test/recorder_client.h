@@ -18,8 +18,9 @@ class Client {
     g_dbus_connection_set_exit_on_close(m_connection.get(), FALSE);
   }
 
-  VariantPtr Call(const char* method, GVariant* arguments, GError** error, const char* interface = kName) {
-    return VariantPtr(g_dbus_connection_call_sync(m_connection.get(), kName, kPath, interface, method,
+  VariantPtr Call(const char* method, GVariant* arguments, GError** error, const char* interface = kName,
+                  const char* name = kName, const char* path = kPath) {
+    return VariantPtr(g_dbus_connection_call_sync(m_connection.get(), name, path, interface, method,
                                                   arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
                                                   error));
   }
@@ -50,6 +51,8 @@ class Client {
           static_cast<std::vector<std::string>*>(seen)->push_back(signal + ToText(arguments));
         },
         &seen, nullptr);
+    // GLib does not wait until the bus has the subscription. The bus answers in order: then it has.
+    Call("GetId", nullptr, nullptr, "org.freedesktop.DBus", "org.freedesktop.DBus", "/org/freedesktop/DBus");
   }
 
  private:
