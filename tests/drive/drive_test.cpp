@@ -119,7 +119,8 @@ class DriveTest : public testing::Test {
     Do("OnCurrentCallInfoChanged (3,)", [&] { call("+49170000003"); });
     Request("swap", "OnCurrentCallInfoChanged (3,)");
     for (const auto& client : clients) {
-      // The service writes the calls' times into the table while it is read, and nobody locks it.
+      // Whoever reads the table while the service writes the calls' times into it finds it empty: nobody
+      // locks it.
       EXPECT_TRUE(bttest::RunUntil([&] { return client->Ask("calls") == 3; }));
     }
     PassUntil(Seconds() + 30);
