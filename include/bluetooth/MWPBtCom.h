@@ -19,7 +19,21 @@
 /// error in the log and the result 0.
 class MWP_BT_API MWPBtCom {
  public:
-  /// Asks the service to report its state; the answer is events.
+  /// Asks the service to report its state; the answer is events, in this order:
+  /// - power, whether a search is running, every capability and every attribute
+  /// - OnConnectStatusChanged for each profile that is connected
+  /// - while a phone is connected for calls: its network, signal and battery; OnCallStatusChanged for each
+  ///   call, OnCurrentCallInfoChanged, OnCallingTimeChanged for each call that was answered,
+  ///   OnConferenceChanged for each action that is possible; where the sound is, and voice recognition if it
+  ///   is running
+  /// - while a player is connected: what it supports, and whether it is playing
+  /// - while the phone book is being downloaded: OnPBDownloadStatus and OnPbDownloadCountChanged
+  ///
+  /// What is not listed has to be requested: the records behind the lists (contacts, call logs, calls,
+  /// tracks, folders), the position in a track, the play modes, the name of a paired device.
+  ///
+  /// Every application receives these events, not only the one that asked. Treat a status that you already
+  /// know as no change.
   void GetBluetoothServiceStatus();
   /// Lets all profiles be connected.
   void EnableProfile();

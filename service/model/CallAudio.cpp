@@ -79,6 +79,13 @@ void CallAudio::Update() {
   }
 }
 
+void CallAudio::ReportAll() const {
+  m_context.Report(CallAudioChanged{m_status});
+  if (m_voice) {
+    m_context.Report(VoiceRecognitionChanged{true});
+  }
+}
+
 void CallAudio::Enter(AudioStatus status) {
   m_status = status;
   const RemoteDevice* const phone = m_connections.Active(BT_PROFILE_HFP);

@@ -14,6 +14,8 @@ class CallAudio {
   bool IsPrivate() const { return m_private; }
   void StartVoiceRecognition();
   void StopVoiceRecognition();
+  /// Reports where the sound is, and voice recognition if it runs.
+  void ReportAll() const;
 
  private:
   bool CallsNeedAudio() const;

@@ -52,12 +52,28 @@ void CallTable::ReportActions() {
   }
 }
 
-void CallTable::Tick() {
+void CallTable::ReportAll() const {
+  const int count = static_cast<int>(m_calls.size());
+  for (const auto& call : m_calls) {
+    m_context.Report(CallChanged{call->id, call->status, count});
+  }
+  m_context.Report(CallsChanged{count});
+  ReportTimes();
+  for (const CallAction action : m_possible) {
+    m_context.Report(CallActionChanged{action, true});
+  }
+}
+
+void CallTable::ReportTimes() const {
   for (const auto& call : m_calls) {
     if (call->answered) {
       m_context.Report(CallTimeChanged{Seconds(*call), call->id, call->status == BT_CALL_ACTIVE});
     }
   }
+}
+
+void CallTable::Tick() {
+  ReportTimes();
   m_tick.Start(m_context.delays.callTick, [this] { Tick(); });
 }
 

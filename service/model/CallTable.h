@@ -51,6 +51,8 @@ class CallTable {
   const std::vector<std::unique_ptr<Call>>& All() const { return m_calls; }
   bool Has(CallStatus status) const;
   int Seconds(const Call& call) const;
+  /// Reports the calls as they stand, for whoever comes late.
+  void ReportAll() const;
 
   Notifier<> onChanged;
   Notifier<const Call&> onEnded;
@@ -68,6 +70,7 @@ class CallTable {
   /// Reports what is different from the last time, once all of it has changed.
   void Commit();
   void ReportActions();
+  void ReportTimes() const;
   void Tick();
 
   bool ReleaseHeld();

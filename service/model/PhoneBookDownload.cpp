@@ -78,8 +78,9 @@ bool PhoneBookDownload::Start(PbapType type) {
   }
   m_phone = phone;
   m_type = type;
+  m_partBegun = false;
   m_parts = std::move(parts);
-  m_context.Report(DownloadStatusChanged{BT_PBAP_CONNECTING, type});
+  Report();
   m_timer.Start(m_context.delays.downloadStart, [this] { Begin(); });
   return true;
 }
@@ -108,6 +109,7 @@ void PhoneBookDownload::Begin() {
 
 void PhoneBookDownload::BeginPart() {
   const PbapType part = m_parts.front();
+  m_partBegun = true;
   m_done = 0;
   if (IsLog(part)) {
     m_logs = LogsOf(m_phone->data.phone, part);
@@ -115,9 +117,20 @@ void PhoneBookDownload::BeginPart() {
   } else if (part == BT_PBAP_PHONE_BOOK || m_type != BT_PBAP_ALL) {
     m_store.ClearContacts();
   }
-  m_context.Report(DownloadStatusChanged{BT_PBAP_DOWNLOADING, part});
-  m_context.Report(DownloadProgress{0, TotalOfPart()});
+  Report();
   m_timer.Start(m_context.delays.downloadStep, [this] { Step(); });
+}
+
+void PhoneBookDownload::Report() const {
+  if (m_phone == nullptr) {
+    return;
+  }
+  if (!m_partBegun) {
+    m_context.Report(DownloadStatusChanged{BT_PBAP_CONNECTING, m_type});
+    return;
+  }
+  m_context.Report(DownloadStatusChanged{BT_PBAP_DOWNLOADING, m_parts.front()});
+  m_context.Report(DownloadProgress{m_done, TotalOfPart()});
 }
 
 void PhoneBookDownload::Step() {

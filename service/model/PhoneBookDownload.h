@@ -19,6 +19,8 @@ class PhoneBookDownload {
   bool Stop();
   /// The phone is gone: a download under way has failed.
   void PhoneLost();
+  /// Reports how far a download is, if one is under way.
+  void Report() const;
 
  private:
   void Begin();
@@ -36,6 +38,7 @@ class PhoneBookDownload {
   Timer m_timer;
   RemoteDevice* m_phone = nullptr;   ///< null unless a download is under way
   PbapType m_type = BT_PBAP_ALL;     ///< what was asked for
+  bool m_partBegun = false;          ///< false while the phone is still being asked
   std::deque<PbapType> m_parts;      ///< what is still to be fetched, one repository each
   std::vector<CallLogEntry> m_logs;  ///< of the first part, if it is a call log
   int m_done = 0;                    ///< entries of the first part

@@ -28,6 +28,8 @@ class SimulatedPhoneBook : public PhoneBookControl {
   bool DeleteCallLog(int id) override;
   bool ClearCallLogs(CallLogType type) override;
 
+  void ReportDownload() const { m_download.Report(); }
+
   /// Empty if the number is not in the phone book.
   std::string NameOf(const std::string& number) const;
 

@@ -30,10 +30,13 @@ SimulatedStack::SimulatedStack(Scheduler& scheduler, const World& world)
     m_connections.ReportAll();
     if (m_connections.Active(BT_PROFILE_HFP) != nullptr) {
       m_phoneStatus.ReportAll();
+      m_calls.ReportAll();
+      m_callAudio.ReportAll();
     }
     if (m_player.InUse() != nullptr) {
       m_player.ReportAll();
     }
+    m_phoneBook.ReportDownload();
   });
 }
 

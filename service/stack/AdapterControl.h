@@ -14,7 +14,7 @@ class AdapterControl {
 
   virtual bool SetPower(bool on) = 0;
   virtual PowerStatus Power() const = 0;
-  /// Has everything that is known reported again.
+  /// Has everything that is known reported again, calls and a running download included.
   virtual void ReportStatus() = 0;
 
   virtual bool SetCapability(Capability capability, int value) = 0;

@@ -163,6 +163,57 @@ TEST_F(AdapterModelTest, ReportsItsStatusWhenAsked) {
   EXPECT_THAT(StatesOf(kSmartphone, BT_PROFILE_HFP), ElementsAre(BT_CONN_CONNECTED));
 }
 
+TEST_F(AdapterModelTest, ReportsTheCallsAsTheyStandWhenAsked) {
+  PairBeforehand(kSmartphone);
+  ConnectDevice(kSmartphone, BT_PROFILE_HFP);
+  Stack().Controls().Call(kSmartphone, "112");
+  Stack().Calls().Accept();
+  Pass(3500ms);
+  Stack().Controls().Call(kSmartphone, "110");
+  log.Clear();
+  Stack().Adapter().ReportStatus();
+  EXPECT_THAT(log.Values(&CallChanged::callId), ElementsAre(1, 2));
+  EXPECT_THAT(log.Values(&CallChanged::status), ElementsAre(BT_CALL_ACTIVE, BT_CALL_WAITING));
+  EXPECT_THAT(log.Values(&CallChanged::callCount), ElementsAre(2, 2));
+  EXPECT_THAT(log.Values(&CallsChanged::callCount), ElementsAre(2));
+  EXPECT_THAT(log.Values(&CallTimeChanged::callId), ElementsAre(1)) << "the other has not been answered";
+  EXPECT_THAT(log.Values(&CallTimeChanged::seconds), ElementsAre(3));
+  EXPECT_THAT(log.Values(&CallActionChanged::action),
+              ElementsAre(BT_CALL_RELEASE_HELD, BT_CALL_RELEASE_ACTIVE, BT_CALL_HOLD_ACTIVE));
+  EXPECT_THAT(log.Values(&CallAudioChanged::status), ElementsAre(BT_AUDIO_CONNECTED));
+}
+
+TEST_F(AdapterModelTest, ReportsThatThereIsNoCallWhenAsked) {
+  PairBeforehand(kSmartphone);
+  ConnectDevice(kSmartphone, BT_PROFILE_HFP);
+  Stack().Adapter().ReportStatus();
+  EXPECT_EQ(log.Count<CallChanged>(), 0U);
+  EXPECT_THAT(log.Values(&CallsChanged::callCount), ElementsAre(0));
+  EXPECT_THAT(log.Values(&CallAudioChanged::status), ElementsAre(BT_AUDIO_DISCONNECTED));
+  EXPECT_EQ(log.Count<DownloadStatusChanged>(), 0U) << "no download is running";
+}
+
+TEST_F(AdapterModelTest, ReportsARunningDownloadWhenAsked) {
+  world.delays.downloadStepSize = 1;
+  PairBeforehand(kSmartphone);
+  ConnectDevice(kSmartphone, BT_PROFILE_HFP);
+  ASSERT_TRUE(Stack().PhoneBook().StartDownload(BT_PBAP_ALL));
+  log.Clear();
+  Stack().Adapter().ReportStatus();
+  EXPECT_THAT(log.Values(&DownloadStatusChanged::status), ElementsAre(BT_PBAP_CONNECTING));
+  EXPECT_THAT(log.Values(&DownloadStatusChanged::type), ElementsAre(BT_PBAP_ALL));
+  EXPECT_EQ(log.Count<DownloadProgress>(), 0U) << "nothing has been fetched yet";
+
+  Pass(world.delays.downloadStart + world.delays.downloadStep);
+  const DownloadProgress progress = log.Of<DownloadProgress>().back();
+  log.Clear();
+  Stack().Adapter().ReportStatus();
+  EXPECT_THAT(log.Values(&DownloadStatusChanged::status), ElementsAre(BT_PBAP_DOWNLOADING));
+  EXPECT_THAT(log.Values(&DownloadStatusChanged::type), ElementsAre(BT_PBAP_PHONE_BOOK));
+  EXPECT_THAT(log.Values(&DownloadProgress::current), ElementsAre(1));
+  EXPECT_THAT(log.Values(&DownloadProgress::total), ElementsAre(progress.total));
+}
+
 TEST_F(AdapterModelTest, TestModeNeedsPowerAndMakesVisible) {
   EXPECT_FALSE(Stack().Adapter().EnterTestMode());
   PowerOn();
