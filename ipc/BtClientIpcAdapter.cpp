@@ -7,6 +7,7 @@
 
 #include "ipc/BtProxy.h"
 #include "ipc/ServiceError.h"
+#include "ipc/SessionBusExit.h"
 #include "ipc/ShareMemory/SegmentCatalogue.h"
 #include "ipc/ShareMemory/ShareMemory.h"
 
@@ -17,18 +18,6 @@ namespace {
 constexpr const char* kBusName = "com.zelk.linux.bluetooth";
 constexpr const char* kObjectPath = "/com/zelk/linux/bluetooth";
 constexpr int kLastRetry = 6;  // counted from 0: seven failures end the attempt
-
-/// The process's shared connection to the session bus, or null if there is none. GLib ends a process whose
-/// shared connection closes; this one is told not to. An application outlives its bus: its requests then
-/// fail, each with an error in the log. Hold the connection until the proxy does: GLib makes a new one, which
-/// has not been told, once nobody holds the last.
-GDBusConnection* OutlivingSessionBus() {
-  GDBusConnection* const connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
-  if (connection != nullptr) {
-    g_dbus_connection_set_exit_on_close(connection, FALSE);
-  }
-  return connection;
-}
 
 }  // namespace
 
@@ -59,14 +48,14 @@ bool BtClientIpcAdapter::InitAllShareMemory() {
 bool BtClientIpcAdapter::InitDBusConnect() {
   MWP_LOG(MWP_LOG_DEBUG, "[btservice] [BtClientIpcAdapter::InitDBusConnect] start");
 
+  const SessionBusExit busExit;
   int retry = 0;
   bool firstTry = true;
   for (;;) {
-    GDBusConnection* connection = OutlivingSessionBus();
     ServiceError error;
     g_BtProxy = com_zelk_linux_bluetooth_proxy_new_for_bus_sync(G_BUS_TYPE_SESSION, G_DBUS_PROXY_FLAGS_NONE,
                                                                 kBusName, kObjectPath, nullptr, error.Out());
-    g_clear_object(&connection);
+    SessionBusExit::SwitchOff(g_BtProxy);
     if (g_BtProxy == nullptr) {
       MWP_LOG(MWP_LOG_ERROR, "InitDBusConnect: Failed to create proxy. Reason: %s.retry->%d", error.Message(),
               retry);

@@ -1,0 +1,219 @@
+// The attempts to connect, and what becomes of the process when the bus goes away in the middle of them: how
+// often a bus is opened, and that the application lives on. GLib ends a process with its session bus by
+// default.
+
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+#include <deque>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+
+#include "ipc/BtClientIpcAdapter.h"
+#include "support/GlibPointers.h"
+#include "support/TemporaryDirectory.h"
+#include "system/FakeBus.h"
+#include "system/fixtures.h"
+
+namespace {
+
+/// Which of the next attempts to make a proxy fail before they are made; the others are made.
+std::deque<bool> g_failsAtOnce;
+/// Runs at the end of each attempt, with what came of it.
+std::function<void(ComZelkLinuxBluetooth*)> g_endOfAttempt;
+
+}  // namespace
+
+// Takes the place of the generated function for the library under test.
+extern "C" __attribute__((visibility("default"))) ComZelkLinuxBluetooth*
+com_zelk_linux_bluetooth_proxy_new_for_bus_sync(GBusType bus, GDBusProxyFlags flags, const gchar* name,
+                                                const gchar* path, GCancellable* cancellable,
+                                                GError** error) {
+  using Function = decltype(&com_zelk_linux_bluetooth_proxy_new_for_bus_sync);
+  static const auto real =
+      reinterpret_cast<Function>(dlsym(RTLD_NEXT, "com_zelk_linux_bluetooth_proxy_new_for_bus_sync"));
+  ComZelkLinuxBluetooth* proxy = nullptr;
+  if (!g_failsAtOnce.empty() && g_failsAtOnce.front()) {
+    g_set_error_literal(error, G_IO_ERROR, G_IO_ERROR_FAILED, "made to fail");
+  } else {
+    proxy = real(bus, flags, name, path, cancellable, error);
+  }
+  if (!g_failsAtOnce.empty()) {
+    g_failsAtOnce.pop_front();
+  }
+  if (g_endOfAttempt) {
+    g_endOfAttempt(proxy);
+  }
+  return proxy;
+}
+
+namespace bttest {
+namespace {
+
+/// Counts the SIGTERMs that this process gets, instead of ending by the first.
+std::atomic<int> g_terminations{0};
+
+struct BusExit : testing::Test {
+  BusExit() {
+    MakeDummySegments();
+    std::signal(SIGTERM, [](int) { ++g_terminations; });
+  }
+  ~BusExit() override { g_endOfAttempt = nullptr; }
+};
+
+/// Notes, while it lives, that a connection of this process has reported its end.
+class ClosedConnections {
+ public:
+  ClosedConnections() : m_class(g_type_class_ref(G_TYPE_DBUS_CONNECTION)) {
+    m_hook = g_signal_add_emission_hook(Signal(), 0, Note, this, nullptr);
+  }
+  ~ClosedConnections() {
+    g_signal_remove_emission_hook(Signal(), m_hook);
+    g_type_class_unref(m_class);
+  }
+  ClosedConnections(const ClosedConnections&) = delete;
+  ClosedConnections& operator=(const ClosedConnections&) = delete;
+
+  int Count() const { return m_count; }
+
+ private:
+  static guint Signal() { return g_signal_lookup("closed", G_TYPE_DBUS_CONNECTION); }
+  static gboolean Note(GSignalInvocationHint*, guint, const GValue*, gpointer self) {
+    ++static_cast<ClosedConnections*>(self)->m_count;
+    return TRUE;
+  }
+
+  std::atomic<int> m_count{0};
+  gpointer m_class;
+  gulong m_hook = 0;
+};
+
+// How often a bus is opened
+
+TEST_F(BusExit, ABusThatNobodyCanGetOnIsOpenedOnceForEachOfTheSevenAttempts) {
+  FakeBus bus(FakeBus::Ending::ON_CONNECT);
+  EXPECT_EQ(MWP_CreateBlueTooth(), 0);
+  EXPECT_EQ(bus.Connections(), 7);
+}
+
+TEST_F(BusExit, WithoutAnAddressABusIsLaunchedOnceForEachOfTheSevenAttempts) {
+  if (!std::filesystem::exists("/etc/machine-id") && !std::filesystem::exists("/var/lib/dbus/machine-id")) {
+    GTEST_SKIP() << "GLib launches no bus on a machine that has no id";
+  }
+  TemporaryDirectory directory;
+  const std::filesystem::path launches = directory.Path() / "launches";
+  const std::filesystem::path launcher = directory.Path() / "dbus-launch";
+  std::ofstream(launcher) << "#!/bin/sh\necho launched >> " << launches.string() << "\nexit 1\n";
+  std::filesystem::permissions(launcher, std::filesystem::perms::owner_all);
+  setenv("PATH", (directory.Path().string() + ":" + std::getenv("PATH")).c_str(), 1);
+  setenv("XDG_RUNTIME_DIR", directory.Path().c_str(), 1);
+  setenv("DISPLAY", ":77", 1);
+  for (const char* const address : {"", "autolaunch:"}) {
+    std::filesystem::remove(launches);
+    if (*address == '\0') {
+      unsetenv("DBUS_SESSION_BUS_ADDRESS");
+    } else {
+      setenv("DBUS_SESSION_BUS_ADDRESS", address, 1);
+    }
+    EXPECT_EQ(MWP_CreateBlueTooth(), 0);
+    std::ifstream lines(launches);
+    EXPECT_EQ(std::count(std::istreambuf_iterator<char>(lines), {}, '\n'), 7) << address;
+  }
+}
+
+// What becomes of the process
+
+TEST_F(BusExit, ABusThatClosesAfterHelloLeavesTheApplicationAlive) {
+  FakeBus bus(FakeBus::Ending::AFTER_HELLO);
+  const ClosedConnections closed;
+  EXPECT_EQ(MWP_CreateBlueTooth(), 0);
+  EXPECT_TRUE(RunUntil([&] { return closed.Count() > 0; }));
+  RunPending();
+  EXPECT_EQ(g_terminations, 0);
+}
+
+TEST_F(BusExit, ABusThatClosesWhileItStartsTheServiceLeavesTheApplicationAlive) {
+  FakeBus bus(FakeBus::Ending::ON_START_SERVICE);
+  const ClosedConnections closed;
+  EXPECT_EQ(MWP_CreateBlueTooth(), 0);
+  EXPECT_TRUE(RunUntil([&] { return closed.Count() > 0; }));
+  RunPending();
+  EXPECT_EQ(g_terminations, 0);
+}
+
+TEST_F(BusExit, AMainLoopOnAnotherThreadThatHearsOfTheEndBeforeTheAttemptIsOverLeavesItAliveToo) {
+  FakeBus bus(FakeBus::Ending::AFTER_HELLO);
+  const ClosedConnections closed;
+  LoopThread loop;
+  g_endOfAttempt = [&](ComZelkLinuxBluetooth*) {
+    EXPECT_TRUE(WaitUntil([&] { return closed.Count() > 0; }));
+    loop.Invoke([] {});  // GLib's own handler is through then
+  };
+  EXPECT_EQ(MWP_CreateBlueTooth(), 0);
+  EXPECT_EQ(g_terminations, 0);
+}
+
+TEST_F(BusExit, AConnectionThatIsNotTheSessionBusKeepsWhatItWasSet) {
+  // The system bus of the application, which ends in the middle of an attempt, is the application's own
+  // affair.
+  BusDaemon session;
+  BusDaemon other;
+  setenv("DBUS_SYSTEM_BUS_ADDRESS", other.Address().c_str(), 1);
+  setenv("DBUS_SESSION_BUS_ADDRESS", session.Address().c_str(), 1);
+  Recorder service;
+  const ConnectionPtr system(g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, nullptr));
+  ASSERT_NE(system, nullptr);
+  const ClosedConnections closed;
+  g_endOfAttempt = [&](ComZelkLinuxBluetooth*) {
+    other.Stop();
+    EXPECT_TRUE(RunUntil([&] { return closed.Count() > 0; }));
+  };
+  EXPECT_EQ(MWP_CreateBlueTooth(), 1);
+  EXPECT_TRUE(g_dbus_connection_get_exit_on_close(system.get()));
+  EXPECT_EQ(g_terminations, 1) << "GLib has done what the application left switched on";
+}
+
+// What an attempt leaves behind
+
+TEST_F(BusExit, AConnectionOfWhichNoProxyComesIsSwitchedOffBeforeTheNextAttempt) {
+  TemporaryDirectory directory;
+  std::ofstream(directory.Path() / "bluetooth.service")
+      << "[D-BUS Service]\nName=com.zelk.linux.bluetooth\nExec=/bin/false\n";
+  BusDaemon bus(directory.Path());
+  const ConnectionPtr ofApplication(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+  ASSERT_NE(ofApplication, nullptr);
+  std::vector<bool> exitsOnClose;
+  g_endOfAttempt = [&](ComZelkLinuxBluetooth* proxy) {
+    EXPECT_EQ(proxy, nullptr);
+    exitsOnClose.push_back(g_dbus_connection_get_exit_on_close(ofApplication.get()));
+  };
+  EXPECT_EQ(MWP_CreateBlueTooth(), 0);
+  EXPECT_THAT(exitsOnClose, testing::ElementsAre(true, false, false, false, false, false, false));
+  EXPECT_FALSE(g_dbus_connection_get_exit_on_close(ofApplication.get()));
+}
+
+TEST_F(BusExit, WhenTheFirstAttemptFailsAndTheNextSucceedsTheConnectionIsSwitchedOffBeforeTheNext) {
+  BusDaemon bus;
+  Recorder service;
+  g_failsAtOnce = {true, false, true, true, true, true, true, true};
+  std::vector<bool> exitsOnClose;
+  ComZelkLinuxBluetooth* made = nullptr;
+  g_endOfAttempt = [&](ComZelkLinuxBluetooth* proxy) {
+    made = proxy != nullptr ? proxy : made;
+    if (made != nullptr) {
+      exitsOnClose.push_back(
+          g_dbus_connection_get_exit_on_close(g_dbus_proxy_get_connection(G_DBUS_PROXY(made))));
+    }
+  };
+  EXPECT_EQ(MWP_CreateBlueTooth(), 0);
+  EXPECT_THAT(exitsOnClose, testing::ElementsAre(true, false, false, false, false, false, false));
+}
+
+}  // namespace
+}  // namespace bttest
