@@ -2,8 +2,8 @@
 
 #include <cxxabi.h>
 
-#include <atomic>
 #include <exception>
+#include <mutex>
 #include <set>
 
 #include <bluetooth/IMWPBtBleListener.h>
@@ -40,28 +40,62 @@ constexpr int kListenerType<IMWPBtSppListener> = SPP_LISTENER;
 template <>
 constexpr int kListenerType<IMWPBtBleListener> = BLE_LISTENER;
 
-/// Counts the clients that have been deleted, so that a walk notices when a callback deletes the client.
-/// There is one client at a time.
-std::atomic<unsigned> s_deletedClients{0};
-
-/// Holds the registry locked for as long as it lives, or until the client is deleted under its hands.
-class RegistryLock {
+/// One walk over the listeners of a client: holds the registry locked for as long as it lives, or until that
+/// client is deleted under its hands. Walks are entered in a list, in which the client's destructor finds
+/// them: the client itself must not grow.
+class Walk {
  public:
-  explicit RegistryLock(MWPBtClient& client) : m_client(client) { m_client.LockListener(); }
-  ~RegistryLock() {
-    if (!ClientIsGone()) {
+  explicit Walk(MWPBtClient& client) : m_client(client) {
+    client.LockListener();
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    m_next = s_first;
+    s_first = this;
+  }
+  ~Walk() {
+    if (Leave()) {
       m_client.UnlockListener();
     }
   }
-  RegistryLock(const RegistryLock&) = delete;
-  RegistryLock& operator=(const RegistryLock&) = delete;
+  Walk(const Walk&) = delete;
+  Walk& operator=(const Walk&) = delete;
 
-  bool ClientIsGone() const { return s_deletedClients != m_deletedBefore; }
+  bool ClientIsGone() const {
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    return m_clientIsGone;
+  }
+
+  /// Marks the walks of a client that is being deleted.
+  static void MarkClientGone(const MWPBtClient& client) {
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    for (Walk* walk = s_first; walk != nullptr; walk = walk->m_next) {
+      if (&walk->m_client == &client) {
+        walk->m_clientIsGone = true;
+      }
+    }
+  }
 
  private:
+  /// Takes the walk out of the list; false if the client is gone.
+  bool Leave() {
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    Walk** link = &s_first;
+    while (*link != this) {
+      link = &(*link)->m_next;
+    }
+    *link = m_next;
+    return !m_clientIsGone;
+  }
+
+  static std::mutex s_mutex;  ///< of the list, and of the marks of the walks in it
+  static Walk* s_first;
+
   MWPBtClient& m_client;
-  const unsigned m_deletedBefore = s_deletedClients;
+  bool m_clientIsGone = false;
+  Walk* m_next = nullptr;
 };
+
+std::mutex Walk::s_mutex;
+Walk* Walk::s_first = nullptr;
 
 void LogThrown(const char* event, const char* what) {
   MWPLogWrite(MWPLogSite{MWP_LOG_SOURCE, event, __LINE__}, MWP_LOG_ERROR,
@@ -75,7 +109,7 @@ void LogThrown(const char* event, const char* what) {
 /// the last one.
 template <typename Listener, typename Notify>
 void ForEachListener(MWPBtClient& client, const char* event, Notify notify) {
-  RegistryLock lock(client);
+  Walk walk(client);
   const std::set<IMWPBtListenerBase*>& listeners = client.GetListeners();
   for (auto next = listeners.begin(); next != listeners.end();) {
     IMWPBtListenerBase* const listener = *next;
@@ -92,7 +126,7 @@ void ForEachListener(MWPBtClient& client, const char* event, Notify notify) {
     } catch (...) {
       LogThrown(event, "not a std::exception");
     }
-    if (lock.ClientIsGone()) {
+    if (walk.ClientIsGone()) {
       return;
     }
     next = listeners.upper_bound(listener);
@@ -107,7 +141,7 @@ void Tell(MWPBtClient& client, const char* event, void (Listener::*method)(Param
 
 }  // namespace
 
-MWPBtClient::~MWPBtClient() { ++s_deletedClients; }
+MWPBtClient::~MWPBtClient() { Walk::MarkClientGone(*this); }
 
 // To IMWPBtComListener
 

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <future>
 #include <memory>
 #include <optional>
 #include <random>
 #include <set>
 #include <stdexcept>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -18,6 +20,7 @@
 #include <bluetooth/MWPBluetooth.h>
 
 #include "libbluetooth/MWPBtClient.h"
+#include "support/Waiting.h"
 
 namespace bttest {
 namespace {
@@ -270,6 +273,66 @@ TEST_F(Changes, AListenerThatStopsTheLibraryMayRegisterAnotherWithTheNextClient)
   places.Put(2);
   EXPECT_EQ(Hangup(), (Order{0}));
   EXPECT_EQ(Hangup(), (Order{4}));
+}
+
+// Clients other than the one whose event it is
+
+/// A client of the process's own, made and deleted.
+void MakeAndDeleteAnotherClient() { const MWPBtClient another; }
+
+/// Whether another thread can lock the registry of the library's client.
+bool RegistryIsFree() {
+  MWPBtClient* const client = MWPSingleton<MWPBtClient>::GetInstance();
+  auto done = std::make_shared<std::promise<void>>();
+  std::future<void> isDone = done->get_future();
+  // Left alone if the lock is never free: the test fails then.
+  std::thread([client, done] {
+    client->LockListener();
+    client->UnlockListener();
+    done->set_value();
+  }).detach();
+  return isDone.wait_for(kBound) == std::future_status::ready;
+}
+
+TEST_F(Changes, AnotherClientDeletedInACallbackEndsNoWalkAndLeavesNoLock) {
+  places.Put(0);
+  places.Put(2, MakeAndDeleteAnotherClient);
+  places.Put(4);
+  EXPECT_EQ(Hangup(), (Order{0, 2, 4}));
+  EXPECT_TRUE(RegistryIsFree());
+}
+
+TEST_F(Changes, AnotherClientDeletedOnAnotherThreadEndsNoWalkAndLeavesNoLock) {
+  places.Put(0);
+  places.Put(2, [] { std::thread(MakeAndDeleteAnotherClient).join(); });
+  places.Put(4);
+  EXPECT_EQ(Hangup(), (Order{0, 2, 4}));
+  EXPECT_TRUE(RegistryIsFree());
+}
+
+TEST_F(Changes, ALibraryStoppedAndStartedAnewInACallbackEndsTheWalkAndLeavesTheNextClientFree) {
+  places.Put(2);
+  places.Put(4);
+  places.Put(0, [&] {
+    MWP_DestroyBlueTooth();
+    places.Put(3);  // with the next client, which may well lie where the first one did
+    EXPECT_EQ(Hangup(), (Order{3})) << "an event of the next client, inside the callback";
+  });
+  MWPSingleton<MWPBtClient>::GetInstance()->OnHangupCallChanged();
+  EXPECT_EQ(places.called, (Order{3})) << "nobody is called after it";
+  EXPECT_TRUE(RegistryIsFree());
+  EXPECT_EQ(Hangup(), (Order{3}));
+}
+
+TEST_F(Changes, AnEventInsideAnEventIsEndedWithItsClientAndTheOuterOneToo) {
+  places.Put(0, [&] {
+    if (places.called.size() == 1) {
+      MWPSingleton<MWPBtClient>::GetInstance()->OnHangupCallChanged();
+    }
+  });
+  places.Put(2, [] { MWP_DestroyBlueTooth(); });
+  places.Put(4);
+  EXPECT_EQ(Hangup(), (Order{0, 0, 2}));
 }
 
 }  // namespace
