@@ -1,6 +1,9 @@
 #include <mwp/MWPLibConfigs.h>
 
 #include <cstdlib>
+#include <filesystem>
+
+#include <dlfcn.h>
 
 #include <mwp/MWPLog.h>
 
@@ -10,10 +13,27 @@
 
 namespace {
 
+namespace fs = std::filesystem;
+
+/// The file that lies where it is installed relative to this library, wherever the two were moved to. Empty
+/// if the library cannot say where it is.
+std::string FindInstalledConfigFile() {
+  Dl_info library = {};
+  if (dladdr(reinterpret_cast<const void*>(&GetLibConfigs), &library) == 0 || library.dli_fname == nullptr) {
+    return "";
+  }
+  std::error_code error;
+  const fs::path file = fs::canonical(library.dli_fname, error);
+  return error ? "" : (file.parent_path() / MWP_CONFIG_FROM_LIBRARY).lexically_normal().string();
+}
+
+// Found while the library is loaded: its name may be relative to the directory in which the process is now.
+const std::string g_installedConfigFile = FindInstalledConfigFile();
+
 /// Asked for at every use, so that a process may change its environment.
 std::string ConfigFile() {
   const char* const file = std::getenv("MWP_CONFIG_FILE");
-  return file != nullptr && *file != '\0' ? file : MWP_INSTALLED_CONFIG_FILE;
+  return file != nullptr && *file != '\0' ? file : g_installedConfigFile;
 }
 
 class KeyFileConfigs : public MWPLibConfigs {

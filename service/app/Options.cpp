@@ -24,8 +24,10 @@ std::string Description() {
     worlds += (worlds.empty() ? "" : ", ") + name;
   }
   return "A world is a JSON file with devices and what happens to them, or one of the shipped ones:\n" +
-         worlds +
+         (worlds.empty() ? "none is found here" : worlds) +
          ".\n"
+         "These are in share/libbt/worlds beside the folder of this program, or where the\n"
+         "environment variable BTSERVICE_WORLDS says.\n"
          "Without one there are two phones and a serial accessory. Paired devices and attributes\n"
          "are kept in the state file, by default btservice.json in libbt in the user's state\n"
          "directory. What happens in the world can be driven on the object\n"

@@ -1,6 +1,7 @@
 #include "service/world/WorldFile.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 
 #include "service/model/Contacts.h"
@@ -14,25 +15,33 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Where installed worlds are, and where those of the source tree are.
-const fs::path kWorldFolders[] = {BTSERVICE_INSTALLED_WORLDS, BTSERVICE_SOURCE_WORLDS};
+/// The folder of the shipped worlds: the one that BTSERVICE_WORLDS names, or else the one that lies where it
+/// is installed relative to this program, wherever the two were moved to.
+fs::path ShippedWorldsFolder() {
+  const char* const named = std::getenv("BTSERVICE_WORLDS");
+  if (named != nullptr && *named != '\0') {
+    return named;
+  }
+  std::error_code ignored;
+  const fs::path program = fs::read_symlink("/proc/self/exe", ignored);
+  return (program.parent_path() / BTSERVICE_WORLDS_FROM_PROGRAM).lexically_normal();
+}
 
 std::string FindWorld(const std::string& nameOrPath) {
   if (nameOrPath.find('/') != std::string::npos || fs::is_regular_file(nameOrPath)) {
     return nameOrPath;
   }
-  for (const fs::path& folder : kWorldFolders) {
-    const fs::path path = folder / (nameOrPath + ".json");
-    if (fs::exists(path)) {
-      return path.string();
-    }
+  const fs::path folder = ShippedWorldsFolder();
+  const fs::path path = folder / (nameOrPath + ".json");
+  if (fs::exists(path)) {
+    return path.string();
   }
   std::string names;
   for (const std::string& name : ShippedWorlds()) {
     names += (names.empty() ? "" : ", ") + name;
   }
-  throw std::runtime_error("there is neither a file nor a shipped world '" + nameOrPath +
-                           "'; shipped are: " + names);
+  throw std::runtime_error("there is neither a file nor a shipped world '" + nameOrPath + "'; " +
+                           (names.empty() ? "no worlds are in " + folder.string() : "shipped are: " + names));
 }
 
 template <typename Source>
@@ -110,13 +119,11 @@ void RefuseStrangers(const WorldFile& file, const JsonNode& root, const std::str
 
 std::set<std::string> ShippedWorlds() {
   std::set<std::string> names;
-  for (const fs::path& folder : kWorldFolders) {
-    std::error_code ignored;
-    for (const auto& entry : fs::directory_iterator(folder, ignored)) {
-      const fs::path& path = entry.path();
-      if (path.extension() == ".json" && path.stem().extension() != ".schema") {
-        names.insert(path.stem().string());
-      }
+  std::error_code ignored;
+  for (const auto& entry : fs::directory_iterator(ShippedWorldsFolder(), ignored)) {
+    const fs::path& path = entry.path();
+    if (path.extension() == ".json" && path.stem().extension() != ".schema") {
+      names.insert(path.stem().string());
     }
   }
   return names;

@@ -18,7 +18,8 @@ struct WorldFile {
 /// std::runtime_error with file, line and what was expected.
 WorldFile LoadWorld(const std::string& nameOrPath);
 
-/// The names of the shipped worlds.
+/// The names of the shipped worlds: those in the folder that the environment variable BTSERVICE_WORLDS names,
+/// or else in share/libbt/worlds beside the folder of this program.
 std::set<std::string> ShippedWorlds();
 
 /// Reads one device from the text of a JSON object, as a world's list of devices holds them. Files it names

@@ -18,5 +18,7 @@ add_test(NAME contract_enumerations/EveryValueFitsInOneByteAndCountingStartsAtZe
 add_test(NAME contract_soname/TheLibraryIsLibbtSo100WithTheSonameLibbtSo1
   COMMAND sh -c "test -f $<TARGET_FILE_DIR:bt>/libbt.so.1.0.0 && readelf -d $<TARGET_FILE:bt> | grep -q 'SONAME.*\\[libbt\\.so\\.1\\]'")
 
-bt_add_test(NAME contract_interface SOURCES interface_test.cpp)
-add_dependencies(contract_interface btservice)
+if(BT_BUILD_SIMULATION)
+  bt_add_test(NAME contract_interface SOURCES interface_test.cpp)
+  add_dependencies(contract_interface btservice)
+endif()

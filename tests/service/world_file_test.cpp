@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -160,6 +161,23 @@ TEST_F(WorldFileTest, AFileThatCannotBeReadIsToldSo) {
   EXPECT_THAT([] { LoadWorld("unheard-of"); },
               testing::ThrowsMessage<std::runtime_error>(HasSubstr(
                   "'unheard-of'; shipped are: bad-day, big-phonebook, empty, one-phone, two-phones")));
+}
+
+TEST_F(WorldFileTest, TheEnvironmentNamesTheFolderOfTheShippedWorlds) {
+  Write(R"({"format": 1, "adapter": {"name": "Mine"}})", "mine.json");
+  setenv("BTSERVICE_WORLDS", directory.Path().c_str(), 1);
+  EXPECT_THAT(ShippedWorlds(), ElementsAre("mine"));
+  EXPECT_EQ(LoadWorld("mine").world.adapter.name, "Mine");
+
+  setenv("BTSERVICE_WORLDS", "/nowhere", 1);
+  EXPECT_THAT(ShippedWorlds(), testing::IsEmpty());
+  EXPECT_THAT([] { LoadWorld("mine"); }, testing::ThrowsMessage<std::runtime_error>(
+                                             HasSubstr("world 'mine'; no worlds are in /nowhere")));
+}
+
+TEST_F(WorldFileTest, WithoutTheEnvironmentTheShippedWorldsAreThoseBesideTheProgram) {
+  unsetenv("BTSERVICE_WORLDS");
+  EXPECT_THAT(ShippedWorlds(), ElementsAre("bad-day", "big-phonebook", "empty", "one-phone", "two-phones"));
 }
 
 TEST_F(WorldFileTest, AVCardFileIsSearchedBesideTheWorld) {

@@ -17,6 +17,8 @@ target_compile_definitions(tools_btctl_test PRIVATE BT_PUBLIC_HEADERS="${CMAKE_S
 
 bt_add_test(NAME tools_shell_test SOURCES shell_test.cpp LIBS bt_tools_support)
 
-bt_add_test(NAME tools_service_test SOURCES service_test.cpp worlds_test.cpp LIBS bt_tools_support)
-target_compile_definitions(tools_service_test PRIVATE BT_WORLDS="${CMAKE_SOURCE_DIR}/service/worlds")
-add_dependencies(tools_service_test btservice)
+if(BT_BUILD_SIMULATION)
+  bt_add_test(NAME tools_service_test SOURCES service_test.cpp worlds_test.cpp LIBS bt_tools_support)
+  target_compile_definitions(tools_service_test PRIVATE BT_WORLDS="${CMAKE_SOURCE_DIR}/service/worlds")
+  add_dependencies(tools_service_test btservice)
+endif()

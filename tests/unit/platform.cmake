@@ -20,6 +20,7 @@ bt_add_platform_test(platform_log_test platform_log_test.cpp)
 bt_add_platform_test(platform_log_choice_test platform_log_choice_test.cpp)
 
 target_compile_definitions(platform_configs_test PRIVATE
+  PLATFORM_BUILT_DEFAULTS="${CMAKE_BINARY_DIR}/etc/libbt/defaults.ini"
   PLATFORM_DEFAULTS_FILE="${BT_PLATFORM_DIR}/defaults.ini")
 target_link_libraries(platform_persist_durability_test PRIVATE ${CMAKE_DL_LIBS})
 

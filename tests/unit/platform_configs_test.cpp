@@ -1,6 +1,7 @@
 // The configured defaults, and the one error line for each way in which there is none.
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -45,6 +46,19 @@ TEST_F(PlatformConfigs, TheShippedDefaultsSwitchAllOnButAutomaticAnswer) {
   EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_auto_connect"), 1);
   EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_auto_answer"), 0);
   EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_auto_download"), 1);
+  EXPECT_TRUE(log.Records().empty());
+}
+
+TEST_F(PlatformConfigs, WithoutTheEnvironmentTheDefaultsLieWhereTheLibraryLies) {
+  if (!std::filesystem::exists(PLATFORM_BUILT_DEFAULTS)) {
+    GTEST_SKIP() << "configured for a tree that does not fit into the build directory";
+  }
+  // Found when the library was loaded, whatever directory the process is in now.
+  std::filesystem::current_path("/");
+  setenv("MWP_CONFIG_FILE", "", 1);
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_power"), 1);
+  unsetenv("MWP_CONFIG_FILE");
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/default_bluetooth_power"), 1);
   EXPECT_TRUE(log.Records().empty());
 }
 
