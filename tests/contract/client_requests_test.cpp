@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <map>
+#include <mutex>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -136,6 +138,56 @@ TEST_F(ClientRequest, LogsThatLineAndNothingElseWhileNotReady) {
     EXPECT_EQ(log.Records(), first) << request.name;
   }
   EXPECT_TRUE(log.Complaints().empty());
+}
+
+/// Keeps what was logged when the last call left this process.
+class LogAtDeparture {
+ public:
+  explicit LogAtDeparture(const LogCapture& log)
+      : m_log(log),
+        m_connection(g_dbus_proxy_get_connection(G_DBUS_PROXY(g_BtProxy))),
+        m_filter(g_dbus_connection_add_filter(m_connection, Watch, this, nullptr)) {}
+  ~LogAtDeparture() { g_dbus_connection_remove_filter(m_connection, m_filter); }
+  LogAtDeparture(const LogAtDeparture&) = delete;
+  LogAtDeparture& operator=(const LogAtDeparture&) = delete;
+
+  /// Empty if there was no call since the last time.
+  std::vector<LogRecord> Take() {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return std::exchange(m_records, {});
+  }
+
+ private:
+  /// Runs on GLib's own thread, but before the call is answered.
+  static GDBusMessage* Watch(GDBusConnection*, GDBusMessage* message, gboolean isIncoming, gpointer self) {
+    if (isIncoming == FALSE && g_dbus_message_get_message_type(message) == G_DBUS_MESSAGE_TYPE_METHOD_CALL) {
+      auto& watch = *static_cast<LogAtDeparture*>(self);
+      const std::lock_guard<std::mutex> lock(watch.m_mutex);
+      watch.m_records = watch.m_log.Records();
+    }
+    return message;
+  }
+
+  const LogCapture& m_log;
+  GDBusConnection* const m_connection;
+  const guint m_filter;
+  std::mutex m_mutex;
+  std::vector<LogRecord> m_records;
+};
+
+TEST_F(ClientRequest, ThatLogsFirstDoesSoBeforeItCallsTheService) {
+  LogAtDeparture departure(log);
+  for (const RequestCase& request : ClientRequests()) {
+    const std::vector<LogRecord> first = FirstLine(request.name);
+    if (first.empty() || request.wire.empty()) {
+      continue;
+    }
+    log.Clear();
+    request.calls.client.make();
+    const std::vector<LogRecord> records = departure.Take();
+    ASSERT_FALSE(records.empty()) << request.name;
+    EXPECT_EQ(records.front(), first.front());
+  }
 }
 
 TEST_F(ClientRequest, SppSendBufferAnswersOneWhenTheCallFails) {

@@ -4,6 +4,7 @@ add_library(bt_test_contract STATIC contract/AdapterCalls.cpp contract/WireValue
 target_link_libraries(bt_test_contract PUBLIC bt_test_support bt_internal PRIVATE bt_warnings GTest::gtest)
 
 bt_add_test(NAME contract_requests SOURCES requests_test.cpp LIBS bt_test_contract)
+bt_add_test(NAME contract_time_limit SOURCES time_limit_test.cpp LIBS bt_test_contract ${CMAKE_DL_LIBS})
 bt_add_test(NAME contract_lists SOURCES lists_test.cpp)
 bt_add_test(NAME contract_missing_texts SOURCES missing_texts_test.cpp)
 

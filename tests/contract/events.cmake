@@ -4,6 +4,9 @@ bt_add_test(NAME contract_events
   SOURCES events_delivery_test.cpp events_fixture.cpp events_log_test.cpp events_spp_test.cpp
           events_subscription_test.cpp
   LIBS bt_test_contract)
+bt_add_test(NAME contract_handlers
+  SOURCES events_fixture.cpp handlers_test.cpp
+  LIBS bt_test_contract ${CMAKE_DL_LIBS})
 bt_add_test(NAME contract_events_memory
   SOURCES ShortOfMemory.cpp events_fixture.cpp events_memory_test.cpp
   LIBS bt_test_contract)

@@ -32,11 +32,88 @@ class Emission {
 
   void Emit(unsigned signal) { g_signal_emitv(m_values.data(), signal, 0, nullptr); }
 
+  /// Calls a handler as an emission does, and gives what it answers, which emissions of this interface
+  /// ignore.
+  bool AnswerOf(GCallback handler, gpointer data) {
+    GClosure* const closure = g_cclosure_new(handler, data, nullptr);
+    g_closure_ref(closure);
+    g_closure_sink(closure);
+    g_closure_set_marshal(closure, g_cclosure_marshal_generic);
+    GValue answer = G_VALUE_INIT;
+    g_value_init(&answer, G_TYPE_BOOLEAN);
+    g_closure_invoke(closure, &answer, static_cast<guint>(m_values.size()), m_values.data(), nullptr);
+    g_closure_unref(closure);
+    return g_value_get_boolean(&answer) != FALSE;
+  }
+
  private:
   std::vector<GValue> m_values;
 };
 
-/// The name under which the bindings emit a signal: OnPBDownloadStatus is on-pbdownload-status.
+}  // namespace
+
+const std::vector<std::string>& SubscribedSignals() {
+  static const std::vector<std::string> signals{"OnOpenBtStatusChanged",
+                                                "OnBtProfileEnableStatusChanged",
+                                                "OnPairStatusChanged",
+                                                "OnAnswerPairRequest",
+                                                "OnDeletePairStatusChanged",
+                                                "OnScanStatusChanged",
+                                                "OnScanedDeviceChanged",
+                                                "OnOperatorNameChanged",
+                                                "OnConnectStatusChanged",
+                                                "OnSupportProfileChanged",
+                                                "OnBtCapabilityChanged",
+                                                "OnBtAttributeChanged",
+                                                "OnAndroidAutoPairingResponse",
+                                                "OnWirelessEnableRequest",
+                                                "OnSetDeviceOOBLinkKeyChanged",
+                                                "OnMobileService",
+                                                "OnRoamingStatusChanged",
+                                                "OnBtSignalChanged",
+                                                "OnBtBatteryChanged",
+                                                "OnCurrentCallInfoChanged",
+                                                "OnCallingTimeChanged",
+                                                "OnCallStatusChanged",
+                                                "OnConferenceChanged",
+                                                "OnHangupCallChanged",
+                                                "OnAudioStatusChanged",
+                                                "OnVoiceStatusChanged",
+                                                "OnCodecModeChanged",
+                                                "OnBrowserFolderItemTotalChanged",
+                                                "OnBrowserMediaInfoChanged",
+                                                "OnMediaAudioStateChanged",
+                                                "OnBtMusicPlayChanged",
+                                                "OnAudioTrackChanged",
+                                                "OnCurBrowserPathChanged",
+                                                "OnCurPositionChanged",
+                                                "OnFastForwardChanged",
+                                                "OnFastRewindChanged",
+                                                "OnMediaInfoChanged",
+                                                "OnCoverImageDownloadCompleted",
+                                                "OnMediaItemToNowPlayingStatus",
+                                                "OnPlayModeChanged",
+                                                "OnPlayerInfoChanged",
+                                                "OnSendPlayItemStatus",
+                                                "OnSupportAvrcpNotify",
+                                                "OnSupportBrowserStatusChanged",
+                                                "OnSupportPlayModeChanged",
+                                                "OnPBDownloadStatus",
+                                                "OnPbDownloadCountChanged",
+                                                "OnBtCallLogListChanged",
+                                                "OnDeletePhoneBookChanged",
+                                                "OnContactFavoriteChanged",
+                                                "OnSppConnectStatus",
+                                                "OnSppReceiveBufferChanged",
+                                                "OnHIDCalibration",
+                                                "OnHIDConnection",
+                                                "OnMessageDownloadStatus",
+                                                "OnMessageDownloadCountChanged",
+                                                "OnMessageStatusNotify",
+                                                "OnMessageSetPropertyStatus"};
+  return signals;
+}
+
 std::string GObjectName(const std::string& signal) {
   std::string name;
   for (std::size_t i = 0; i < signal.size(); ++i) {
@@ -47,8 +124,6 @@ std::string GObjectName(const std::string& signal) {
   }
   return name;
 }
-
-}  // namespace
 
 std::vector<std::string> TextsOf(GVariant* arguments) {
   const In in(arguments);
@@ -69,6 +144,12 @@ std::vector<std::string> TextsOf(GVariant* arguments) {
 
 void EmitOn(ComZelkLinuxBluetooth* proxy, const SignalDescription& signal, GVariant* arguments, Texts texts) {
   Emission(proxy, signal.arguments, arguments, texts).Emit(SignalId(signal.name));
+}
+
+bool AnswerOf(const SignalConnection& connection, const SignalDescription& signal, GVariant* arguments,
+              Texts texts) {
+  return Emission(connection.proxy, signal.arguments, arguments, texts)
+      .AnswerOf(connection.handler, connection.data);
 }
 
 unsigned SignalId(const std::string& signal) {

@@ -21,6 +21,12 @@ namespace bttest {
 /// The only signal that nobody is told of.
 constexpr const char* kToldToNobody = "OnScanedDeviceChanged";
 
+/// The names of all signals in the order in which the library subscribes them.
+const std::vector<std::string>& SubscribedSignals();
+
+/// The name under which the bindings emit a signal: OnPBDownloadStatus is on-pbdownload-status.
+std::string GObjectName(const std::string& signal);
+
 /// The values of a signal as listeners note them.
 std::vector<std::string> TextsOf(GVariant* arguments);
 
@@ -30,6 +36,20 @@ enum class Texts { AS_GIVEN, MISSING };
 /// text, which never arrives over a bus, if told so.
 void EmitOn(ComZelkLinuxBluetooth* proxy, const SignalDescription& signal, GVariant* arguments,
             Texts texts = Texts::AS_GIVEN);
+
+/// A handler as it was connected to a signal of the proxy.
+struct SignalConnection {
+  ComZelkLinuxBluetooth* proxy;
+  std::string signal;  ///< the name that was given, as it was spelled
+  GCallback handler;
+  gpointer data;
+  GClosureNotify destroyData;
+  GConnectFlags flags;
+};
+
+/// Calls a handler as an emission does, and gives what it answers: emissions of this interface ignore that.
+bool AnswerOf(const SignalConnection& connection, const SignalDescription& signal, GVariant* arguments,
+              Texts texts = Texts::AS_GIVEN);
 
 /// The number that GObject gives to a signal of the interface.
 unsigned SignalId(const std::string& signal);

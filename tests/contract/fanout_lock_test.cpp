@@ -1,13 +1,11 @@
 // The registry's lock during an event: taken once, held during the callbacks, given back whatever they do.
 
 #include <atomic>
-#include <fstream>
 #include <functional>
 #include <future>
 #include <memory>
 #include <new>
 #include <optional>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -21,6 +19,7 @@
 #include "contract/EventCases.h"
 #include "contract/RecordingListeners.h"
 #include "support/LogCapture.h"
+#include "support/ThreadState.h"
 #include "support/Waiting.h"
 
 namespace bttest {
@@ -32,12 +31,16 @@ class TracingClient : public MWPBtClient {
   void LockListener() override {
     MWPBtClient::LockListener();
     trace.push_back("lock");
+    if (whenLocked) {
+      whenLocked();
+    }
   }
   void UnlockListener() override {
     trace.push_back("unlock");
     MWPBtClient::UnlockListener();
   }
   std::vector<std::string> trace;
+  std::function<void()> whenLocked;
 };
 
 /// The library's only client is one that traces.
@@ -60,16 +63,6 @@ class FanOutLock : public testing::Test {
   TracingClient* const client = new TracingClient;
   Receptions receptions;
 };
-
-/// Whether the thread is asleep, as it is when it waits for a lock.
-bool IsAsleep(pid_t thread) {
-  std::ifstream file("/proc/self/task/" + std::to_string(thread) + "/stat");
-  std::stringstream content;
-  content << file.rdbuf();
-  const std::string text = content.str();
-  const std::size_t endOfName = text.rfind(") ");
-  return endOfName != std::string::npos && text[endOfName + 2] == 'S';
-}
 
 using Trace = std::vector<std::string>;
 
@@ -98,6 +91,23 @@ TEST_F(FanOutLock, IsHeldDuringEachCallback) {
   for (const EventCase& event : EventCases()) {
     EXPECT_EQ(TraceOf(event), (Trace{"lock", "callback", "callback", "unlock"})) << event.name;
   }
+}
+
+TEST_F(FanOutLock, IsTakenAfterTheLineThatAnEventLogs) {
+  std::vector<std::string> logged;
+  for (const EventCase& event : EventCases()) {
+    std::size_t linesWhenLocked = 0;
+    client->whenLocked = [&] { linesWhenLocked = log.Records().size(); };
+    log.Clear();
+    event.call(*client);
+    EXPECT_EQ(linesWhenLocked, log.Records().size()) << event.name;
+    if (linesWhenLocked > 0) {
+      logged.push_back(event.name);
+    }
+  }
+  EXPECT_EQ(logged, (std::vector<std::string>{"OnOpenBtStatusChanged", "OnBtProfileEnableStatusChanged",
+                                              "OnOperatorNameChanged", "OnConnectStatusChanged",
+                                              "OnRoamingStatusChanged", "OnVoiceStatusChanged"}));
 }
 
 TEST_F(FanOutLock, KeepsAnotherThreadFromAddingAListenerUntilTheCallbacksAreOver) {

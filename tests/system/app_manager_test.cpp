@@ -1,5 +1,9 @@
 // The client as a listener of the application manager.
 
+#include <functional>
+#include <set>
+#include <utility>
+
 #include <gmock/gmock.h>
 
 #include <bluetooth/MWPBtCom.h>
@@ -68,6 +72,28 @@ TEST_F(AppManager, TheBluetoothServiceGoingDownLeavesAStartedClientStarted) {
   ASSERT_EQ(MWP_CreateBlueTooth(), 1);
   LinesOf(SERVICE_MODULE_BLUETOOTH, 0);
   EXPECT_EQ(Flags(), 1);
+}
+
+TEST_F(AppManager, EveryNewClientEntersItselfWhateverMakesIt) {
+  Recorder service;
+  ASSERT_EQ(MWP_CreateBlueTooth(), 1);
+  const std::pair<const char*, std::function<void()>> makers[] = {
+      {"the first use", [] { Client::GetInstance(); }},
+      {"a start", [] { MWP_CreateBlueTooth(); }},
+      {"a listener", [] { PowerEvents(); }},
+      {"an event",
+       [&] {
+         EmitPower(service, MWPBtType::BT_POWER_ON);
+         EXPECT_TRUE(RunUntil([] { return Client::ms_pSingleton != nullptr; }));
+       }},
+  };
+  for (const auto& [name, make] : makers) {
+    MWP_DestroyBlueTooth();
+    Registered().clear();  // of clients that are gone
+    make();
+    IMWPAppListener* const client = Client::ms_pSingleton;
+    EXPECT_THAT(Registered(), ElementsAre(client)) << name;
+  }
 }
 
 // The pointers below are never followed: their clients are gone.

@@ -6,7 +6,15 @@
 #include <new>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
+#include <bluetooth/MWPBtBle.h>
+#include <bluetooth/MWPBtCom.h>
+#include <bluetooth/MWPBtMedia.h>
+#include <bluetooth/MWPBtMessage.h>
+#include <bluetooth/MWPBtPbap.h>
+#include <bluetooth/MWPBtPhone.h>
+#include <bluetooth/MWPBtSpp.h>
 #include <mwp/MWPAppMgrService.h>
 
 #include "ipc/ShareMemory/ShareMemory.h"
@@ -95,6 +103,36 @@ TEST_F(Construction, AnExceptionPassesOutOfDestroy) {
 TEST_F(Construction, AnExceptionPassesOutOfAListenersConstructor) {
   LetItFail();
   EXPECT_THROW(PowerEvents(), std::runtime_error);
+}
+
+TEST_F(Construction, AnExceptionPassesOutOfAFacade) {
+  Recorder service;
+  // Connected by hand, the client does not count as started: its end leaves the flags alone, and a facade
+  // makes the next client.
+  const auto makeTheFacadesNeedAClient = [] {
+    g_whenAskedForTheAppManager = nullptr;
+    ASSERT_EQ(Client::GetInstance()->InitInstance(), 1);
+    MWP_DestroyBlueTooth();
+    ASSERT_EQ(Client::ms_pSingleton, nullptr);
+    ASSERT_EQ(Flags(), 1);
+    LetItFail();
+  };
+  const std::pair<const char*, std::function<void()>> requests[] = {
+      {"MWPBtCom", [] { MWPBtCom().GetPowerStatus(); }},
+      {"MWPBtCom::SetPower", [] { MWPBtCom().SetPower(1); }},
+      {"MWPBtCom::GetCapability", [] { MWPBtCom().GetCapability(MWPBtType::BT_CAP_AUTO_ANSWER); }},
+      {"MWPBtPhone", [] { MWPBtPhone().AcceptCall(); }},
+      {"MWPBtMedia", [] { MWPBtMedia().NextMusic(); }},
+      {"MWPBtPbap", [] { MWPBtPbap().StopPhoneBookDownload(); }},
+      {"MWPBtMessage", [] { MWPBtMessage().StopDownloadMessage(); }},
+      {"MWPBtSpp", [] { MWPBtSpp().SetRfCommUuid("uuid"); }},
+      {"MWPBtBle", [] { MWPBtBle().BleInit(); }},
+  };
+  for (const auto& [name, make] : requests) {
+    makeTheFacadesNeedAClient();
+    EXPECT_THROW(make(), std::runtime_error) << name;
+    EXPECT_EQ(Client::ms_pSingleton, nullptr) << name;
+  }
 }
 
 TEST_F(Construction, AnExceptionFreesTheClientsMemoryAndForgetsTheSegments) {

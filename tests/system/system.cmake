@@ -1,5 +1,6 @@
 # How the library behaves as a whole: with a bus and a second process, or without, and in good worlds and bad.
-bt_add_test(NAME system_lifecycle SOURCES lifecycle_test.cpp app_manager_test.cpp after_destroy_test.cpp)
+bt_add_test(NAME system_lifecycle SOURCES lifecycle_test.cpp app_manager_test.cpp after_destroy_test.cpp
+            connecting_by_hand_test.cpp destroy_locks_test.cpp)
 bt_add_test(NAME system_construction SOURCES construction_test.cpp)
 bt_add_test(NAME system_connect SOURCES connect_test.cpp log_fallback_test.cpp)
 target_compile_definitions(system_connect PRIVATE BTTEST_RECORDER="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/bt_recorder")

@@ -95,17 +95,45 @@ TEST(Listener, DestructionTakesItOutOfTheRegistry) {
   EXPECT_EQ(Client::GetInstance()->GetListenerCount(), 0u);
 }
 
-TEST(Listener, DestructionAfterDestroyMakesAnUnstartedClientAndRemovesNothing) {
-  auto listener = std::make_unique<IMWPBtComListener>();
+template <typename Listener>
+class EveryListener : public testing::Test {};
+
+using Interfaces =
+    testing::Types<IMWPBtComListener, IMWPBtPhoneListener, IMWPBtMediaListener, IMWPBtPbapListener,
+                   IMWPBtMessageListener, IMWPBtSppListener, IMWPBtBleListener>;
+TYPED_TEST_SUITE(EveryListener, Interfaces);
+
+TYPED_TEST(EveryListener, LogsItsOwnLinesBeforeItMakesTheClient) {
+  std::vector<bttest::LogRecord> expected = LinesOf<TypeParam>();
+  expected.push_back(kBaseLine);  // the client's base
+  MWP_DestroyBlueTooth();
+  bttest::LogCapture log;
+  TypeParam listener;
+  std::vector<bttest::LogRecord> records = log.Records();
+  ASSERT_GE(records.size(), expected.size());
+  records.resize(expected.size());
+  EXPECT_EQ(records, expected);
+}
+
+TYPED_TEST(EveryListener, MakesAnUnstartedClientWhenItIsDestroyedAfterTheLast) {
+  auto listener = std::make_unique<TypeParam>();
   MWP_DestroyBlueTooth();
   ASSERT_EQ(Client::ms_pSingleton, nullptr);
+  listener.reset();
+  ASSERT_NE(Client::ms_pSingleton, nullptr);
+  EXPECT_EQ(Client::ms_pSingleton->GetListenerCount(), 0u);
+  EXPECT_EQ(MWPBtClient::m_bInitClient, 0);
+  EXPECT_EQ(MWPBtClient::m_bServiceReady, 0);
+}
+
+TEST(Listener, DestructionRemovesNothingFromAClientThatDoesNotKnowIt) {
+  auto listener = std::make_unique<IMWPBtComListener>();
+  MWP_DestroyBlueTooth();
   IMWPBtPhoneListener other;
   MWPBtClient* const fresh = Client::ms_pSingleton;
   listener.reset();
   EXPECT_EQ(Client::ms_pSingleton, fresh);
   EXPECT_EQ(fresh->GetListeners(), std::set<IMWPBtListenerBase*>{&other});
-  MWP_DestroyBlueTooth();
-  // other's destructor makes one more client.
 }
 
 /// The virtual slot of a method, counted from 0 with the two destructors first, as the ABI keeps it in a

@@ -1,5 +1,7 @@
 // The registry template, and the hooks that a service adds to it.
 
+#include <future>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -7,6 +9,7 @@
 #include <mwp/IMWPListener.h>
 
 #include "libbluetooth/IMWPService.h"
+#include "support/Waiting.h"
 
 namespace {
 
@@ -25,6 +28,35 @@ class CountingRegistry : public IMWPListener<Thing> {
   int added = 0;
   int removed = 0;
   int locked = 0;
+};
+
+/// A registry, or a service, that notes when it is locked and when its hooks run.
+template <typename Base>
+class Tracing : public Base {
+ public:
+  void LockListener() override {
+    Base::LockListener();
+    trace.push_back("lock");
+  }
+  void UnlockListener() override {
+    trace.push_back("unlock");
+    Base::UnlockListener();
+  }
+  std::vector<std::string> trace;
+};
+
+class TracingRegistry : public Tracing<IMWPListener<Thing>> {
+ public:
+  void OnListenerAdded(Thing*) override { trace.push_back("added"); }
+  void OnListenerRemoved(Thing*) override { trace.push_back("removed"); }
+};
+
+class TracingService : public Tracing<IMWPService<Thing>> {
+ public:
+  int InitInstance() override { return 1; }
+  int ExitInstance() override { return 1; }
+  void InitListener() override { trace.push_back("first"); }
+  void ExitListener() override { trace.push_back("last"); }
 };
 
 class CountingService : public IMWPService<Thing> {
@@ -77,6 +109,40 @@ TEST(Registry, ListenersStandInAscendingOrderOfTheirAddresses) {
     previous = thing;
   }
   EXPECT_EQ(registry.GetListenerCount(), 5u);
+}
+
+TEST(Registry, BothHooksRunInsideTheLock) {
+  TracingRegistry registry;
+  Thing thing;
+  registry.AddListener(&thing);
+  EXPECT_EQ(registry.trace, (std::vector<std::string>{"lock", "added", "unlock"}));
+  registry.trace.clear();
+  registry.RemoveListener(&thing);
+  EXPECT_EQ(registry.trace, (std::vector<std::string>{"lock", "removed", "unlock"}));
+}
+
+TEST(Registry, TheSetAndItsSizeAreAnsweredWhileSomebodyElseHoldsTheLock) {
+  CountingRegistry registry;
+  Thing thing;
+  registry.AddListener(&thing);
+  registry.LockListener();
+  std::future<std::size_t> answer = std::async(std::launch::async, [&registry] {
+    return registry.GetListenerCount() + registry.GetListeners().size();
+  });
+  const bool isAnswered = answer.wait_for(bttest::kBound) == std::future_status::ready;
+  registry.UnlockListener();
+  EXPECT_TRUE(isAnswered);
+  EXPECT_EQ(answer.get(), 2u);
+}
+
+TEST(Service, BothHooksRunInsideTheLock) {
+  TracingService service;
+  Thing thing;
+  service.AddListener(&thing);
+  EXPECT_EQ(service.trace, (std::vector<std::string>{"lock", "first", "unlock"}));
+  service.trace.clear();
+  service.RemoveListener(&thing);
+  EXPECT_EQ(service.trace, (std::vector<std::string>{"lock", "last", "unlock"}));
 }
 
 TEST(Service, InitListenerRunsAtEveryAdditionThatLeavesOneListener) {

@@ -43,46 +43,6 @@ TEST(Records, ADefaultMessageHasValuesThreeAndOne) {
             "");
 }
 
-TEST(Records, MembersKeepTheirOrder) {
-  // Aggregate initialisation goes by the order of declaration.
-  const MWPTypeDevice device{"a",
-                             "n",
-                             {"x"},
-                             MWPBtType::SupportType(1),
-                             MWPBtType::ProfileId(2),
-                             MWPBtType::ProfileId(4),
-                             MWPBtType::ConnStatus(5)};
-  EXPECT_EQ(device.strAddr, "a");
-  EXPECT_EQ(device.strName, "n");
-  EXPECT_EQ(device.eSupportType, 1);
-  EXPECT_EQ(device.eProfileId, 2);
-  EXPECT_EQ(device.eEnableProfileId, 4);
-  EXPECT_EQ(device.eConnectStatus, 5);
-
-  const MWPTypeCallLog log{1, "t1", "t2", "t3", "t4", "t5", 2, 3};
-  EXPECT_EQ(log.strText5, "t5");
-  EXPECT_EQ(log.nValue1, 2);
-  EXPECT_EQ(log.nValue2, 3);
-
-  const MWPTypeCallSlot slot{1, 2, 3, 4, "t1", "t2", "t3", 5};
-  EXPECT_EQ(slot.nValue4, 4);
-  EXPECT_EQ(slot.strText3, "t3");
-  EXPECT_EQ(slot.nValue5, 5);
-
-  const MWPTypeMediaInfo info{"title", "artist", "album", "track", "numOfTracks", "genre", "duration"};
-  EXPECT_EQ(info.numOfTracks, "numOfTracks");
-  EXPECT_EQ(info.duration, "duration");
-
-  const MWPTypeMessage message{"t1", 7, "t2", "t3", "t4", "t5", "t6", 8};
-  EXPECT_EQ(message.nValue1, 7);
-  EXPECT_EQ(message.strText6, "t6");
-  EXPECT_EQ(message.nValue2, 8);
-
-  const MWPTypeConnectionState state{6, "a"};
-  EXPECT_EQ(state.status, 6);
-  EXPECT_EQ(state.address, "a");
-}
-
 TEST(Enumerations, TheValuesThatTheLibraryDependsOnAreFixed) {
   EXPECT_EQ(MWPBtType::BT_POWER_OFF, 0);
   EXPECT_EQ(MWPBtType::BT_POWER_ON, 1);
