@@ -54,9 +54,14 @@ gboolean Guarded(const char* handler, Body body) {
 /// Calls an event method of the client. A signal that comes after MWP_DestroyBlueTooth() makes a client,
 /// which is not started and has no listener.
 template <typename... Params, typename... Arguments>
+void CallClient(void (MWPBtClient::*event)(Params...), Arguments... arguments) {
+  (MWPSingleton<MWPBtClient>::GetInstance()->*event)(Convert<Params>(arguments)...);
+}
+
+/// All that most handlers do.
+template <typename... Params, typename... Arguments>
 gboolean Deliver(const char* handler, void (MWPBtClient::*event)(Params...), Arguments... arguments) {
-  return Guarded(handler,
-                 [&] { (MWPSingleton<MWPBtClient>::GetInstance()->*event)(Convert<Params>(arguments)...); });
+  return Guarded(handler, [&] { CallClient(event, arguments...); });
 }
 
 /// The number of bytes in a variant that holds an array of bytes; false for any other variant.
@@ -313,8 +318,7 @@ gboolean CallBackOnSppReceiveBufferChanged(ComZelkLinuxBluetooth*, const gchar* 
     std::vector<char> largeBuffer(size > sizeof buffer ? size : 0);
     char* const bytes = largeBuffer.empty() ? buffer : largeBuffer.data();
     const int length = bt_extract_variant_data(bytes, value);
-    Deliver("CallBackOnSppReceiveBufferChanged", &MWPBtClient::OnSppReceiveBufferChanged, address, bytes,
-            length);
+    CallClient(&MWPBtClient::OnSppReceiveBufferChanged, address, bytes, length);
   });
 }
 

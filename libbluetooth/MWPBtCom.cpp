@@ -26,7 +26,7 @@ template <typename Result, typename... Params, typename... Args>
 Result ForwardIfAddressIsValid(const char* method,
                                Result (MWPBtClient::*request)(const std::string&, Params...),
                                const std::string& address, const Args&... args) {
-  return IsActiveAndValid(method, address) ? ForwardToClient(request, address, args...) : Result();
+  return IsActiveAndValid(method, address) ? CallClient(request, address, args...) : Result();
 }
 
 }  // namespace
@@ -43,14 +43,14 @@ int MWPBtCom::SetPower(int on) {
   if (MWPBtClient::m_bInitClient == 0) {
     return 0;
   }
-  const int status = ForwardToClient(&MWPBtClient::GetPowerStatus);
+  const int status = CallClient(&MWPBtClient::GetPowerStatus);
   MWP_LOG(MWP_LOG_INFO, "MWPBtCom::SetPower bPower = %d, status = %d .", on, status);
   const bool isOn = status == MWPBtType::BT_POWER_ON || status == MWPBtType::BT_POWER_TURNING_ON;
   const bool isOff = status == MWPBtType::BT_POWER_OFF || status == MWPBtType::BT_POWER_TURNING_OFF;
   if (on != 0 ? isOn : isOff) {
     return 0;
   }
-  return ForwardToClient(&MWPBtClient::SetPower, on);
+  return CallClient(&MWPBtClient::SetPower, on);
 }
 
 int MWPBtCom::GetPowerStatus() { return ForwardToClient(&MWPBtClient::GetPowerStatus); }
@@ -62,7 +62,7 @@ int MWPBtCom::SetCapability(MWPBtType::Capability capability, int enable) {
 // Has no guard on purpose: it makes the client if there is none. The client answers 0 until it is started.
 int MWPBtCom::GetCapability(MWPBtType::Capability capability) {
   MWP_LOG(MWP_LOG_INFO, "%s()", __func__);
-  return MWPSingleton<MWPBtClient>::GetInstance()->GetCapability(capability);
+  return CallClient(&MWPBtClient::GetCapability, capability);
 }
 
 int MWPBtCom::GetAttribute(MWPBtType::Attribute attribute, std::string& value) {
@@ -103,7 +103,7 @@ int MWPBtCom::Connect(const std::string& address, MWPBtType::ProfileId profile, 
     return 0;
   }
   MWP_LOG(MWP_LOG_INFO, "MWPBtCom::Connect bt_profile = %d", profile);
-  return ForwardToClient(&MWPBtClient::Connect, address, profile, only);
+  return CallClient(&MWPBtClient::Connect, address, profile, only);
 }
 
 int MWPBtCom::DisConnect(const std::string& address, MWPBtType::ProfileId profile) {
@@ -143,7 +143,7 @@ int MWPBtCom::SetAndroidAutoStatus(int connected) {
     return 0;
   }
   MWP_LOG(MWP_LOG_DEBUG, "MWPBtCom::SetAndroidAutoStatus");
-  return ForwardToClient(&MWPBtClient::SetAndroidAutoStatus, connected);
+  return CallClient(&MWPBtClient::SetAndroidAutoStatus, connected);
 }
 
 int MWPBtCom::RequestAndroidAutoPairing(const std::string& address, int pairingMethod) {

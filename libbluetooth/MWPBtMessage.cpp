@@ -16,7 +16,7 @@ int MWPBtMessage::GetMessageLoadStatus() {
   if (MWPBtClient::m_bInitClient == 0) {
     return MWPBtType::BT_MSG_LOAD_NOT_SUPPORTED;
   }
-  return ForwardToClient(&MWPBtClient::GetMessageLoadStatus);
+  return CallClient(&MWPBtClient::GetMessageLoadStatus);
 }
 
 int MWPBtMessage::SendMessage(const std::string& number, const std::string& text) {

@@ -27,7 +27,7 @@ int MWPBtPbap::GetContactList(std::list<MWPTypeContact>& contacts) {
   if (MWPBtClient::m_bInitClient == 0) {
     return 0;
   }
-  ForwardToClient(&MWPBtClient::GetContactList, contacts);
+  CallClient(&MWPBtClient::GetContactList, contacts);
   return 1;
 }
 
@@ -36,7 +36,7 @@ int MWPBtPbap::GetFavContactList(std::list<MWPTypeContact>& contacts) {
   if (MWPBtClient::m_bInitClient == 0) {
     return 0;
   }
-  ForwardToClient(&MWPBtClient::GetFavContactList, contacts);
+  CallClient(&MWPBtClient::GetFavContactList, contacts);
   return 1;
 }
 
