@@ -14,9 +14,7 @@
 
 #include "ipc/BtClientIpcAdapter.h"
 #include "ipc/ServiceCall.h"
-#include "ipc/ShareMemory/SegmentReader.h"
-#include "ipc/ShareMemory/ShmUnPackUtils.h"
-#include "ipc/ShareMemory/UsableSegment.h"
+#include "ipc/ShareMemory/ListSegment.h"
 
 namespace {
 
@@ -137,36 +135,33 @@ const unsigned char* EndOfData(const unsigned char* begin, const unsigned char* 
   return end;
 }
 
-void LogFault(const char* method, ShareMemID id, const char* what, int number, std::size_t offset,
+void LogFault(const MWPLogSite& site, ShareMemID id, const char* what, int number, std::size_t offset,
               Fault fault) {
-  MWPLogWrite(MWPLogSite{MWP_LOG_SOURCE, method, __LINE__}, MWP_LOG_ERROR,
-              "%s: %s, %s %d, at byte %zu: %s; what was whole is kept", method, kSegmentCatalogue[id].name,
-              what, number, offset, fault);
+  MWPLogWrite(site, MWP_LOG_ERROR, "%s: %s, %s %d, at byte %zu: %s; what was whole is kept", site.function,
+              kSegmentCatalogue[id].name, what, number, offset, fault);
 }
 
 /// Makes [first, end of list) hold the records of a list segment. A segment that is not attached is an empty
 /// list. A corrupt one is logged once and gives its whole records.
 template <typename Record>
-void UnpackList(const char* method, ShareMemID id, std::size_t smallestRecord, std::list<Record>& list,
+void UnpackList(const MWPLogSite& site, ShareMemID id, std::size_t smallestRecord, std::list<Record>& list,
                 typename std::list<Record>::iterator first) {
-  ShmUnPackUtils unpack;
-  int count = unpack.StartShmUnPackList(id);
-  if (unpack.Cursor() == nullptr) {
+  ListSegment segment;
+  OpenListSegment(id, segment);
+  if (segment.bytes.begin == nullptr) {
     list.erase(first, list.end());
     return;
   }
-  const SegmentBytes segment = UsableSegment(id);
-  const unsigned char* const end = segment.begin + segment.size;
-  SegmentReader reader(unpack.Cursor(), end);
+  SegmentReader& reader = segment.reader;
 
   // A count too large to be true still leaves the records themselves: they are read until only zeros are
   // left. A negative one announces none.
-  const int announced = count;
-  const bool isPossible = IsPossible(count, smallestRecord, reader);
-  const unsigned char* const dataEnd = isPossible ? end : EndOfData(unpack.Cursor(), end);
+  const bool isPossible = IsPossible(segment.count, smallestRecord, reader);
+  const unsigned char* const end = segment.bytes.begin + segment.bytes.size;
+  const unsigned char* const dataEnd = isPossible ? end : EndOfData(reader.Cursor(), end);
   const unsigned char* recordBegin = reader.Cursor();
   int number = 0;
-  const Fault fault = FillList(list, first, count, [&](Record& record) -> Fault {
+  const Fault fault = FillList(list, first, segment.count, [&](Record& record) -> Fault {
     recordBegin = reader.Cursor();
     if (!isPossible && recordBegin >= dataEnd) {
       return kImpossibleCount;
@@ -175,9 +170,9 @@ void UnpackList(const char* method, ShareMemID id, std::size_t smallestRecord, s
     return ReadRecord(reader, record);
   });
   if (!isPossible) {
-    LogFault(method, id, "announced records", announced, 0, kImpossibleCount);
+    LogFault(site, id, "announced records", segment.count, 0, kImpossibleCount);
   } else if (fault != kNoFault) {
-    LogFault(method, id, "record", number, static_cast<std::size_t>(recordBegin - segment.begin), fault);
+    LogFault(site, id, "record", number, static_cast<std::size_t>(recordBegin - segment.bytes.begin), fault);
   }
 }
 
@@ -186,10 +181,10 @@ void UnpackList(const char* method, ShareMemID id, std::size_t smallestRecord, s
 int BtClientIpcAdapter::GetContactList(std::list<MWPTypeContact>& contacts) {
   MWP_LOG(MWP_LOG_DEBUG, "BtClientIpcAdapter::GetContactList - BtClientIpcAdapter::GetContactList +++");
   gboolean result = 1;
-  if (!CallService(__func__, BT_CALL(get_contact_list), &result)) {
+  if (!CallService(BT_CALL(get_contact_list), &result)) {
     return result;
   }
-  UnpackList(__func__, SH_CONTACT_LIST, kSmallestContact, contacts, contacts.begin());
+  UnpackList(BT_REQUEST_SITE, SH_CONTACT_LIST, kSmallestContact, contacts, contacts.begin());
   MWP_LOG(MWP_LOG_DEBUG, "BtClientIpcAdapter::GetContactList - BtClientIpcAdapter::GetContactList ---");
   return result;
 }
@@ -197,10 +192,10 @@ int BtClientIpcAdapter::GetContactList(std::list<MWPTypeContact>& contacts) {
 int BtClientIpcAdapter::GetFavContactList(std::list<MWPTypeContact>& contacts) {
   MWP_LOG(MWP_LOG_DEBUG, "BtClientIpcAdapter::GetFavContactList  +++");
   gboolean result = 1;
-  if (!CallService(__func__, BT_CALL(get_fav_contact_list), &result)) {
+  if (!CallService(BT_CALL(get_fav_contact_list), &result)) {
     return result;
   }
-  UnpackList(__func__, SH_FAV_CONTACT_LIST, kSmallestContact, contacts, contacts.begin());
+  UnpackList(BT_REQUEST_SITE, SH_FAV_CONTACT_LIST, kSmallestContact, contacts, contacts.begin());
   MWP_LOG(MWP_LOG_DEBUG, "BtClientIpcAdapter::GetFavContactList ---");
   return result;
 }
@@ -208,8 +203,8 @@ int BtClientIpcAdapter::GetFavContactList(std::list<MWPTypeContact>& contacts) {
 // The entries come after whatever the list already holds: it is not cleared first.
 int BtClientIpcAdapter::GetCallLogList(CallLogType type, std::list<MWPTypeCallLog>& logs) {
   gboolean result = 1;
-  if (CallService(__func__, BT_CALL(get_call_log_list), AsByte(type), &result)) {
-    UnpackList(__func__, SH_CALL_LOG_LIST, kSmallestCallLog, logs, logs.end());
+  if (CallService(BT_CALL(get_call_log_list), AsByte(type), &result)) {
+    UnpackList(BT_REQUEST_SITE, SH_CALL_LOG_LIST, kSmallestCallLog, logs, logs.end());
   }
   return result;
 }
@@ -217,16 +212,16 @@ int BtClientIpcAdapter::GetCallLogList(CallLogType type, std::list<MWPTypeCallLo
 // Both slots are decoded whatever the count says, and the answer is 1 in every case. A slot that is not whole
 // stays as it was in the caller's record.
 int BtClientIpcAdapter::GetCurrentCallInfo(MWPTypeCallInfo& info) {
-  ShmUnPackUtils unpack;
-  info.nCallCount = unpack.StartShmUnPackList(SH_CALL_INFO_LIST);
-  if (unpack.Cursor() == nullptr) {
+  ListSegment segment;
+  OpenListSegment(SH_CALL_INFO_LIST, segment);
+  info.nCallCount = segment.count;
+  if (segment.bytes.begin == nullptr) {
     return 1;
   }
-  const SegmentBytes segment = UsableSegment(SH_CALL_INFO_LIST);
-  SegmentReader reader(unpack.Cursor(), segment.begin + segment.size);
+  SegmentReader& reader = segment.reader;
   int number = 1;
   for (MWPTypeCallSlot* slot : {&info.callSlot1, &info.callSlot2}) {
-    const std::size_t offset = static_cast<std::size_t>(reader.Cursor() - segment.begin);
+    const std::size_t offset = static_cast<std::size_t>(reader.Cursor() - segment.bytes.begin);
     MWPTypeCallSlot whole;
     Fault fault = kNoFault;
     try {
@@ -235,7 +230,7 @@ int BtClientIpcAdapter::GetCurrentCallInfo(MWPTypeCallInfo& info) {
       fault = kOutOfMemory;
     }
     if (fault != kNoFault) {
-      LogFault(__func__, SH_CALL_INFO_LIST, "slot", number, offset, fault);
+      LogFault(BT_REQUEST_SITE, SH_CALL_INFO_LIST, "slot", number, offset, fault);
       break;
     }
     *slot = std::move(whole);

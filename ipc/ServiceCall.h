@@ -16,10 +16,16 @@
 // passes it a null proxy under its stricter settings, and would send a placeholder for text that is not
 // UTF-8.
 
-/// The two arguments that name a generated function to CallService and its kin: the name under which a
-/// failure is logged, and the function.
-#define BT_CALL(stem) \
-  "com_zelk_linux_bluetooth_call_" #stem "_sync", com_zelk_linux_bluetooth_call_##stem##_sync
+/// The place where it stands, for the log lines of a request that is carried out elsewhere. Needs
+/// MWP_LOG_SOURCE, as MWP_LOG does.
+#define BT_REQUEST_SITE \
+  MWPLogSite { MWP_LOG_SOURCE, __func__, __LINE__ }
+
+/// The arguments with which a request names a generated function to CallService and its kin: where the
+/// request stands, the name under which a failure is logged, and the function. BT_CALL_AS is for the
+/// functions that log analysis knows under another name.
+#define BT_CALL(stem) BT_CALL_AS("com_zelk_linux_bluetooth_call_" #stem "_sync", stem)
+#define BT_CALL_AS(name, stem) BT_REQUEST_SITE, name, com_zelk_linux_bluetooth_call_##stem##_sync
 
 /// Largest body of a D-Bus message, with room for its header.
 constexpr std::size_t kMaxMessageBytes = (std::size_t{128} << 20) - 4096;
@@ -54,29 +60,28 @@ void CallSilently(ServiceError& error, Function call, Args... args) {
   }
 }
 
-/// Logs a failed call under the name of the adapter's method.
-inline void LogFailure(const char* method, const char* function, const ServiceError& error) {
+/// Logs a failed call, as a line of the request.
+inline void LogFailure(const MWPLogSite& site, const char* name, const ServiceError& error) {
   if (error) {
-    MWPLogWrite(MWPLogSite{"ipc/BtClientIpcAdapter", method, __LINE__}, MWP_LOG_ERROR,
-                "%s: Failed to call dbus method. Reason: %s.", function, error.Message());
+    MWPLogWrite(site, MWP_LOG_ERROR, "%s: Failed to call dbus method. Reason: %s.", name, error.Message());
   }
 }
 
 /// As CallSilently, and logs a failure. Returns false on failure.
 template <typename Function, typename... Args>
-bool CallService(const char* method, const char* name, Function call, Args... args) {
+bool CallService(const MWPLogSite& site, const char* name, Function call, Args... args) {
   ServiceError error;
   CallSilently(error, call, args...);
-  LogFailure(method, name, error);
+  LogFailure(site, name, error);
   return !error;
 }
 
 /// As CallService, for a function with one value out: answers it, or 0 on failure. Out is the type that the
 /// interface gives the value.
 template <typename Out, typename Function, typename... In>
-int CallForResult(const char* method, const char* name, Function call, In... in) {
+int CallForResult(const MWPLogSite& site, const char* name, Function call, In... in) {
   Out result = 0;
-  CallService(method, name, call, in..., &result);
+  CallService(site, name, call, in..., &result);
   return static_cast<int>(result);
 }
 
@@ -86,10 +91,10 @@ guchar AsByte(Value value) {
   return static_cast<guchar>(static_cast<int>(value) & 255);
 }
 
-/// A text that a generated function hands out. A missing one reads as empty.
+/// A text that a generated function hands out to the request at site. A missing one reads as empty.
 class OutText {
  public:
-  OutText() = default;
+  explicit OutText(const MWPLogSite& site) : m_site(site) {}
   ~OutText() { g_free(m_text); }
   OutText(const OutText&) = delete;
   OutText& operator=(const OutText&) = delete;
@@ -102,13 +107,13 @@ class OutText {
     try {
       return m_text != nullptr ? m_text : "";
     } catch (const std::bad_alloc&) {
-      MWPLogWrite(MWPLogSite{"ipc/BtClientIpcAdapter", __func__, __LINE__}, MWP_LOG_ERROR,
-                  "there is no memory for a text of the service's answer");
+      MWPLogWrite(m_site, MWP_LOG_ERROR, "there is no memory for a text of the service's answer");
       return std::string();
     }
   }
 
  private:
+  const MWPLogSite m_site;
   gchar* m_text = nullptr;
 };
 

@@ -6,40 +6,34 @@
 #define MWP_LOG_SOURCE "ipc/ShareMemory/ShmUnPackUtils"
 #include <mwp/MWPLog.h>
 
-#include "ipc/ShareMemory/SegmentReader.h"
-#include "ipc/ShareMemory/UsableSegment.h"
+#include "ipc/ShareMemory/ListSegment.h"
 
 namespace {
 
-/// What is left to read from cursor on, in the segment that it points into; nothing if it is in none.
-SegmentReader ReaderAt(const unsigned char* cursor) {
+/// Puts reader on what is left from cursor on in the segment that it points into; false if it points into
+/// none that is in use.
+bool FindReader(const unsigned char* cursor, SegmentReader& reader) {
   for (const SegmentEntry& entry : kSegmentCatalogue) {
     const SegmentBytes segment = UsableSegment(entry.id);
     const unsigned char* const end = segment.begin + segment.size;
     const std::less_equal<const unsigned char*> notAfter;
     if (segment.begin != nullptr && notAfter(segment.begin, cursor) && notAfter(cursor, end)) {
-      return SegmentReader(cursor, end);
+      reader = SegmentReader(cursor, end);
+      return true;
     }
   }
-  return SegmentReader(cursor, cursor);
+  return false;
 }
 
 }  // namespace
 
 int ShmUnPackUtils::StartShmUnPackList(ShareMemID id) {
-  if (g_ShmIdMap.find(id) == g_ShmIdMap.end()) {
+  ListSegment list;
+  if (!OpenListSegment(id, list)) {
     return 0;
   }
-  const SegmentBytes segment = UsableSegment(id);
-  m_pCursor = segment.begin;
-  if (segment.begin == nullptr) {
-    return 0;
-  }
-  SegmentReader reader(segment.begin, segment.begin + segment.size);
-  int count = 0;
-  reader.ReadInt(count);
-  m_pCursor = reader.Cursor();
-  return count;
+  m_pCursor = list.reader.Cursor();
+  return list.count;
 }
 
 template <typename T>
@@ -47,7 +41,11 @@ bool ShmUnPackUtils::UnPackDataFromShareMemory(T& out) {
   if (m_pCursor == nullptr) {
     return false;
   }
-  SegmentReader reader = ReaderAt(m_pCursor);
+  SegmentReader reader;
+  if (!FindReader(m_pCursor, reader)) {
+    MWP_LOG(MWP_LOG_ERROR, "the segment that is being unpacked has been detached or destroyed");
+    return false;
+  }
   if (!reader.ReadString(out)) {
     MWP_LOG(MWP_LOG_ERROR, "a string does not end inside its segment");
     return false;

@@ -12,8 +12,8 @@ class MWP_BT_API ShmUnPackUtils {
   int StartShmUnPackList(ShareMemID id);
 
   /// Reads the string at the cursor into out and puts the cursor behind it. Returns false, with out and the
-  /// cursor untouched, if the cursor is null or no string ends inside the segment, which is logged.
-  /// Instantiated for std::string.
+  /// cursor untouched, if the cursor is null, and with an error in the log if no string ends inside the
+  /// segment or ShareMemory has forgotten the segment meanwhile. Instantiated for std::string.
   template <typename T>
   bool UnPackDataFromShareMemory(T& out);
 

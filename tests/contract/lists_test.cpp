@@ -1,50 +1,20 @@
 // The lists that a service publishes in shared memory: asked for over the bus, read from the segment.
 
-#include <cstring>
 #include <list>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "ipc/BtClientIpcAdapter.h"
-#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "contract/lists_fixture.h"
 #include "ipc/ShareMemory/ShareMemory.h"
 #include "ipc/ShareMemory/ShmUnPackUtils.h"
-#include "support/BusDaemon.h"
 #include "support/LogCapture.h"
-#include "support/Recorder.h"
-#include "support/Segments.h"
 
 namespace {
 
-/// Packs items as a service does.
-class Packer {
- public:
-  Packer& Int(int value) {
-    unsigned char bytes[4];
-    std::memcpy(bytes, &value, sizeof bytes);
-    m_bytes.insert(m_bytes.end(), bytes, bytes + sizeof bytes);
-    return *this;
-  }
-  Packer& Text(const std::string& text) {
-    m_bytes.insert(m_bytes.end(), text.begin(), text.end());
-    m_bytes.push_back(0);
-    return *this;
-  }
-  Packer& Raw(const std::string& bytes) {
-    m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end());
-    return *this;
-  }
-  void Publish(ShareMemID id) const {
-    std::vector<unsigned char> segment = m_bytes;
-    segment.resize(kSegmentCatalogue[id].size);
-    bttest::WriteSegment(id, 0, segment);
-  }
-
- private:
-  std::vector<unsigned char> m_bytes;
-};
+using bttest::Lists;
+using bttest::Packer;
 
 Packer& AddContact(Packer& packer, int id, const std::string& first, const std::string& second) {
   return packer.Int(id).Text(first).Text(second).Int(1).Int(2).Int(1).Text("+49 123");
@@ -53,21 +23,6 @@ Packer& AddContact(Packer& packer, int id, const std::string& first, const std::
 Packer& AddLog(Packer& packer, int id) {
   return packer.Int(id).Int(id + 1).Int(id + 2).Text("a").Text("").Text("ccc").Text("d").Text("e");
 }
-
-class Lists : public testing::Test {
- protected:
-  Lists() {
-    EXPECT_TRUE(m_adapter.InitDBusConnect());
-    for (const char* method : {"GetContactList", "GetFavContactList", "GetCallLogList"}) {
-      m_recorder.SetReply(method, g_variant_new("(b)", TRUE));
-    }
-    m_recorder.TakeCalls();
-  }
-
-  bttest::BusDaemon m_bus;
-  bttest::Recorder m_recorder;
-  BtClientIpcAdapter m_adapter;
-};
 
 TEST_F(Lists, ContactsAreReadWithTheirGroupsAndNumbersInOrder) {
   Packer packer;
@@ -381,6 +336,21 @@ TEST_F(Lists, UnpackUtilsStopAtATextWithoutAnEnd) {
   std::string text = "as it was";
   EXPECT_FALSE(unpack.UnPackDataFromShareMemory(text));
   EXPECT_EQ(text, "as it was");
+  EXPECT_EQ(log.OfLevel(100).size(), 1u);
+}
+
+TEST_F(Lists, UnpackUtilsSayThatTheirSegmentIsGoneAndReadNothing) {
+  Packer().Int(1).Text("first").Text("second").Publish(SH_PAIRED_LIST);
+  ShmUnPackUtils unpack;
+  EXPECT_EQ(unpack.StartShmUnPackList(SH_PAIRED_LIST), 1);
+  std::string text;
+  ASSERT_TRUE(unpack.UnPackDataFromShareMemory(text));
+  ShareMemory::DestroyShareMemory(SH_PAIRED_LIST);
+  bttest::LogCapture log;
+  EXPECT_FALSE(unpack.UnPackDataFromShareMemory(text));
+  EXPECT_EQ(text, "first");
+  EXPECT_EQ(log.Messages(),
+            std::vector<std::string>{"the segment that is being unpacked has been detached or destroyed"});
   EXPECT_EQ(log.OfLevel(100).size(), 1u);
 }
 
