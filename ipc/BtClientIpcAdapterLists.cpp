@@ -76,6 +76,7 @@ Fault ReadNumberGroup(SegmentReader& reader, MWPTypeContactNumber& group) {
   if (const Fault fault = ReadCount(reader, kSmallestText, count)) {
     return fault;
   }
+  GiveBackExcess(group.vecValues, static_cast<std::size_t>(count));
   group.vecValues.resize(static_cast<std::size_t>(count));
   for (std::string& value : group.vecValues) {
     if (!reader.ReadString(value)) {

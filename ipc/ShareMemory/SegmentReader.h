@@ -6,6 +6,18 @@
 #include <cstring>
 #include <string>
 
+/// Gives the memory of a string or vector back before it is filled with count elements, if it is above 4 KiB
+/// and more than twice what they need. Less is kept, to be used again: allocation is most of the cost of a
+/// list. More is what an absurd segment has left, and would stay for as long as the caller keeps its list.
+template <typename Container>
+void GiveBackExcess(Container& container, std::size_t count) {
+  constexpr std::size_t kWorthKeeping = 4096;
+  if (container.capacity() * sizeof(typename Container::value_type) > kWorthKeeping &&
+      container.capacity() > 2 * count) {
+    Container().swap(container);
+  }
+}
+
 /// Reads the packed items of a segment one after the other and never outside it, whatever the segment holds
 /// and even while another process writes to it: every byte that decides how much is read is read once.
 ///
@@ -30,14 +42,17 @@ class SegmentReader {
     return true;
   }
 
-  /// False, with text untouched, if no NUL is left. The memory that text already has is used again.
+  /// False, with text untouched, if no NUL is left. The memory that text already has is used again, unless it
+  /// is far too much.
   bool ReadString(std::string& text) {
     const void* const nul = std::memchr(m_cursor, '\0', Remaining());
     if (nul == nullptr) {
       return false;
     }
     const auto* const textEnd = static_cast<const unsigned char*>(nul);
-    text.assign(reinterpret_cast<const char*>(m_cursor), static_cast<std::size_t>(textEnd - m_cursor));
+    const auto length = static_cast<std::size_t>(textEnd - m_cursor);
+    GiveBackExcess(text, length);
+    text.assign(reinterpret_cast<const char*>(m_cursor), length);
     m_cursor = textEnd + 1;
     return true;
   }
