@@ -124,11 +124,11 @@ using WithoutAService = BtctlWithBus;
 
 TEST_F(WithoutAService, TheMessageSaysHowToStartIt) {
   ExpectFailure(RunBtctl({"power", "status"}), NO_SERVICE,
-                "nobody on the session bus is the Bluetooth service\nStart it");
+                "the Bluetooth service is not running on this session bus\nStart it");
 }
 
 TEST_F(WithoutAService, TheSimulationHasNothingToControl) {
-  ExpectFailure(RunBtctl({"sim"}), NO_SERVICE, "nobody on the session bus");
+  ExpectFailure(RunBtctl({"sim"}), NO_SERVICE, "the Bluetooth service is not running");
 }
 
 using WithAService = BtctlWithRecorder;

@@ -213,7 +213,7 @@ using TheShellWithoutAService = BtctlWithBus;
 
 TEST_F(TheShellWithoutAService, WaitsForOne) {
   Terminal terminal(CommandLine({}));
-  ASSERT_TRUE(terminal.WaitFor("nobody on the session bus"));
+  ASSERT_TRUE(terminal.WaitFor("the Bluetooth service is not running"));
   ASSERT_TRUE(terminal.WaitFor(kPrompt));
   Recorder service;
   ASSERT_TRUE(terminal.WaitFor("the service is there"));

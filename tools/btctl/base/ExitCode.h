@@ -15,7 +15,7 @@ enum ExitCode : int {
   EXIT_BAD_ADDRESS = 7,    ///< not of the form of a Bluetooth address
   EXIT_UNKNOWN_NAME = 8,   ///< nothing is called that: a contact, an event, a word for a value
   EXIT_INTERNAL = 9,       ///< none of the above: a full disk, a mistake in this program
-  EXIT_INTERRUPTED = 130,  ///< ended with Ctrl-C before there was an answer
+  EXIT_INTERRUPTED = 130,  ///< Ctrl-C was pressed before there was an answer
 };
 
 struct ExitCodeDescription {
@@ -26,16 +26,16 @@ struct ExitCodeDescription {
 
 constexpr ExitCodeDescription kExitCodes[] = {
     {EXIT_OK, "ok", "done"},
-    {EXIT_REFUSED, "refused", "the service refused the request, or failed at it"},
+    {EXIT_REFUSED, "refused", "the service refused the request or failed"},
     {EXIT_USAGE, "usage", "the command line is wrong"},
     {EXIT_NO_BUS, "no-bus", "there is no session bus"},
-    {EXIT_NO_SERVICE, "no-service", "the Bluetooth service does not run"},
-    {EXIT_SERVICE_GONE, "service-gone", "the service or the bus went away in the middle"},
-    {EXIT_TIMED_OUT, "timed-out", "no answer or no outcome in time"},
-    {EXIT_BAD_ADDRESS, "bad-address", "an address is not of the form 00:1A:7D:DA:71:13"},
-    {EXIT_UNKNOWN_NAME, "unknown-name", "nothing has that name: contact, event, word for a value"},
+    {EXIT_NO_SERVICE, "no-service", "the Bluetooth service is not running"},
+    {EXIT_SERVICE_GONE, "service-gone", "the service or the bus went away during the command"},
+    {EXIT_TIMED_OUT, "timed-out", "there was no answer or no result in time"},
+    {EXIT_BAD_ADDRESS, "bad-address", "an address does not have the form 00:1A:7D:DA:71:13"},
+    {EXIT_UNKNOWN_NAME, "unknown-name", "no contact, event or value has that name"},
     {EXIT_INTERNAL, "internal", "anything else"},
-    {EXIT_INTERRUPTED, "interrupted", "ended with Ctrl-C before there was an answer"},
+    {EXIT_INTERRUPTED, "interrupted", "Ctrl-C was pressed before there was an answer"},
 };
 
 constexpr const char* NameOf(ExitCode code) {

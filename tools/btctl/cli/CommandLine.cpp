@@ -56,11 +56,14 @@ class Parser {
     m_app.footer(ExitCodeHelp());
     m_app.fallthrough();
     m_app.require_subcommand(0, 1);
-    m_app.add_flag("--json", m_options.json, "Answer in JSON, one object a line");
-    m_app.add_option("--timeout", m_timeout, "Give up after so many seconds; 0: never (30, or never)")
+    m_app.add_flag("--json", m_options.json, "Print JSON, one object per line");
+    m_app
+        .add_option("--timeout", m_timeout,
+                    "Give up after SECONDS, 0 for never (default 30; none for monitor, wait, scan, contacts "
+                    "download)")
         ->type_name("SECONDS");
-    m_app.add_flag("--no-wait", m_doesNotWait, "Do not wait for what comes of a request");
-    m_app.add_flag("--verbose", m_options.verbose, "Show what the library logs, on standard error");
+    m_app.add_flag("--no-wait", m_doesNotWait, "Do not wait for the result of a request");
+    m_app.add_flag("--verbose", m_options.verbose, "Print the library's log on standard error");
     m_app.set_version_flag("--version", "btctl " BTCTL_VERSION);
     for (const Command& command : AllCommands()) {
       AddCommand(command);

@@ -110,7 +110,7 @@ void Run(const Request& request, Context& context, Given given) {
 
 }  // namespace
 
-Failure Refused() { return {EXIT_REFUSED, "the service refused", "'btctl status' shows how things stand."}; }
+Failure Refused() { return {EXIT_REFUSED, "the service refused", "'btctl status' shows the current state."}; }
 
 Reply MakeRequest(Session& session, const Answer& answer, const Call& call) {
   Reply reply = session.Ask([call] { return Judged(call); });

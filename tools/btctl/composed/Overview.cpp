@@ -113,9 +113,9 @@ void ListAttributes(Context& context, const Given&) {
 
 std::vector<Command> OverviewCommands() {
   return {
-      {"status", "Tell how things stand at a glance", {}, {}, Patience::A_WHILE, ShowStatus},
+      {"status", "Show an overview", {}, {}, Patience::A_WHILE, ShowStatus},
       {"report",
-       "Let the service tell by events how things stand",
+       "Ask the service to report its state as events",
        {ReportTime()},
        {"MWPBtCom::GetBluetoothServiceStatus"},
        Patience::A_WHILE,

@@ -119,7 +119,7 @@ std::vector<Command> PairCommands() {
   command.path = "pair";
   command.help = "Pair with a device; asks what the device asks";
   command.arguments = {Address(), Or(Text("--pin", "the PIN, for devices that need one"), ""),
-                       Flag("--yes", "answer yes to what the device asks")};
+                       Flag("--yes", "answer yes to the device's question")};
   command.methods = {"MWPBtCom::Pair", "MWPBtCom::AnswerPair", "MWPBtCom::RejectPair"};
   command.run = Pair;
   return {command};

@@ -41,7 +41,7 @@ void Simulate(Context& context, const Given& given) {
   }
   const Json answers = Use(context, control, given.All(VALUES));
   if (!answers.value("happened", true)) {
-    throw Failure(EXIT_REFUSED, "that could not happen",
+    throw Failure(EXIT_REFUSED, "the control had no effect",
                   "Is the device there, and connected? See 'btctl sim list-devices'.");
   }
   if (answers.contains("devices")) {

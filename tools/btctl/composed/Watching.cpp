@@ -69,7 +69,7 @@ void Wait(Context& context, const Given& given) {
     if (std::find(wanted.fields.begin(), wanted.fields.end(), matches.back().first) == wanted.fields.end()) {
       throw Failure(EXIT_UNKNOWN_NAME,
                     std::string(wanted.name) + " has no value '" + matches.back().first + "'",
-                    "'btctl events' tells what each event has.");
+                    "'btctl events' lists the fields of each event.");
     }
   }
   long long missing = ParseWhole(given[COUNT], Whole("--count", ""), 1, 1000000);
@@ -103,8 +103,8 @@ std::vector<Command> EventCommands() {
       {"wait",
        "Wait for an event",
        {EventName("EVENT", "its name, such as OnOpenBtStatusChanged"),
-        Many(Text("--match", "name=value: only an event with that value counts")),
-        Or(Whole("--count", "how many of them"), "1")},
+        Many(Text("--match", "name=value; count only events with that value")),
+        Or(Whole("--count", "how many events to wait for"), "1")},
        {},
        Patience::FOR_EVER,
        Wait,

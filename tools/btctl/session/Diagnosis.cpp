@@ -40,13 +40,13 @@ Failure WhyNotStarted() {
     case Surroundings::NO_BUS:
       return std::getenv("DBUS_SESSION_BUS_ADDRESS") == nullptr
                  ? Failure(EXIT_NO_BUS, "there is no session bus: DBUS_SESSION_BUS_ADDRESS is not set",
-                           "Run this in a session, or within 'dbus-run-session --'.")
+                           "Run this in a session, or with 'dbus-run-session --'.")
                  : Failure(
                        EXIT_NO_BUS,
                        std::string("there is no session bus at ") + std::getenv("DBUS_SESSION_BUS_ADDRESS"),
                        "Is the bus daemon of this session still running?");
     case Surroundings::NO_SERVICE:
-      return Failure(EXIT_NO_SERVICE, "nobody on the session bus is the Bluetooth service",
+      return Failure(EXIT_NO_SERVICE, "the Bluetooth service is not running on this session bus",
                      "Start it on this bus: /app/bin/btservice &");
     case Surroundings::COMPLETE:
       break;
@@ -57,9 +57,9 @@ Failure WhyNotStarted() {
 Failure ServiceIsGone() {
   return LookAround() == Surroundings::NO_BUS
              ? Failure(EXIT_SERVICE_GONE, "the session bus went away",
-                       "Nothing can be done without it; start again in a session that has one.")
+                       "Start again in a session that has a bus.")
              : Failure(EXIT_SERVICE_GONE, "the Bluetooth service went away",
-                       "Start it again, and repeat the command: what it was doing is not known.");
+                       "Start it again and check its state: the request may or may not have had an effect.");
 }
 
 ServiceWatch::ServiceWatch(Observer observer)
