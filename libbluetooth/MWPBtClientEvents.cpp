@@ -2,6 +2,7 @@
 
 #include <cxxabi.h>
 
+#include <atomic>
 #include <exception>
 #include <mutex>
 #include <set>
@@ -59,10 +60,7 @@ class Walk {
   Walk(const Walk&) = delete;
   Walk& operator=(const Walk&) = delete;
 
-  bool ClientIsGone() const {
-    const std::lock_guard<std::mutex> lock(s_mutex);
-    return m_clientIsGone;
-  }
+  bool ClientIsGone() const { return m_clientIsGone; }
 
   /// Marks the walks of a client that is being deleted.
   static void MarkClientGone(const MWPBtClient& client) {
@@ -86,11 +84,11 @@ class Walk {
     return !m_clientIsGone;
   }
 
-  static std::mutex s_mutex;  ///< of the list, and of the marks of the walks in it
+  static std::mutex s_mutex;  ///< of the list
   static Walk* s_first;
 
   MWPBtClient& m_client;
-  bool m_clientIsGone = false;
+  std::atomic<bool> m_clientIsGone{false};  ///< asked after each call, without the lock
   Walk* m_next = nullptr;
 };
 
