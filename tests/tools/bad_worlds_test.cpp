@@ -135,7 +135,7 @@ using WithAService = BtctlWithRecorder;
 
 TEST_F(WithAService, ARefusalIsTold) {
   ExpectFailure(RunBtctl({"call", "accept"}), REFUSED,
-                "the service refused\n'btctl status' shows how things stand.");
+                "the service refused\n'btctl status' shows the current state.");
 }
 
 TEST_F(WithAService, AnErrorOfTheServiceIsToldWithItsReason) {

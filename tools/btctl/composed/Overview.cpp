@@ -60,7 +60,7 @@ void ShowStatus(Context& context, const Given&) {
                              {"player", ConnectionOf(context, player)}});
 }
 
-/// Asks the service to tell by events how things stand, and hands these on while they come.
+/// Asks the service to report its state as events, and passes these on as they arrive.
 void ListenToReport(Context& context, const std::string& seconds, const EventSink& sink) {
   const EventHub::Subscription events(context.session.Events(), sink);
   MakeRequest(context.session, Nothing(), CallOf([] { MWPBtCom().GetBluetoothServiceStatus(); }));
