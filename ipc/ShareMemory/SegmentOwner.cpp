@@ -10,6 +10,8 @@
 #define MWP_LOG_SOURCE "ipc/ShareMemory/SegmentOwner"
 #include <mwp/MWPLog.h>
 
+#include "ipc/ShareMemory/SmallIdentifiers.h"
+
 namespace {
 
 constexpr int kAccess = 0666;
@@ -53,6 +55,11 @@ void* SegmentOwner::Attach(ShareMemID id, bool* fresh) {
   return address;
 }
 
+bool SegmentOwner::HasMade(ShareMemID id) const {
+  const auto entry = m_segments.find(id);
+  return entry != m_segments.end() && entry->second.own;
+}
+
 void SegmentOwner::Remove() {
   for (auto& [id, segment] : m_segments) {
     const bool isToGo = segment.own || IsOrphan(segment.shmid);
@@ -74,6 +81,7 @@ int SegmentOwner::Find(const SegmentEntry& entry, bool* made) const {
     if (found != -1 || errno != ENOENT) {
       return found;
     }
+    UseUpSmallIdentifiers();
     const int created = shmget(key, entry.size, IPC_CREAT | IPC_EXCL | kAccess);
     if (created != -1 || errno != EEXIST) {
       *made = created != -1;

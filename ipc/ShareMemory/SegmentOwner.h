@@ -8,7 +8,8 @@
 
 /// The segments as seen by the service, which writes them: knows which of them this process has made, and
 /// follows a key to the segment that it names now. A client that tears down can mark a segment for removal:
-/// it then stays attached here, but new clients find another under its key.
+/// it then stays attached here, but new clients find another under its key. Segments made here never have one
+/// of the small identifiers that such a client removes by mistake.
 class SegmentOwner {
  public:
   SegmentOwner() = default;
@@ -21,6 +22,8 @@ class SegmentOwner {
   /// another segment than the last time. Null, with one error in the log until it changes, if it cannot be
   /// had.
   void* Attach(ShareMemID id, bool* fresh = nullptr);
+  /// Whether this process has made the segment that is attached under this id: it held only zeros then.
+  bool HasMade(ShareMemID id) const;
   /// Removes the segments that this process has made, and those whose maker is no more, such as a service
   /// that was killed: nobody else would.
   void Remove();

@@ -24,6 +24,8 @@ class ListPacker {
   bool EndRecord();
 
   int Count() const { return m_count; }
+  /// Where the next item will lie.
+  std::size_t Offset() const { return m_contents.size(); }
   /// The contents so far, count included.
   const Bytes& Contents();
 

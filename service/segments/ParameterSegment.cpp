@@ -1,5 +1,6 @@
 #include "service/segments/ParameterSegment.h"
 
+#include <atomic>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -53,22 +54,15 @@ int LoadPersisted(const Setting& setting) {
 }  // namespace
 
 SettingsData ParameterSegment::Load() {
-  std::int32_t* const words = static_cast<std::int32_t*>(m_segments.Attach(SH_BT_PARAMETER));
-  const bool load = words == nullptr || Word(words, PARAMETER_LOADED) == 0;
-  if (load && words != nullptr) {
-    Word(words, PARAMETER_LOADED) = 1;  // before anything is read, so that others wait for nobody
-  }
   for (const Setting& setting : kSettings) {
-    const int value = load ? LoadPersisted(setting) : Word(words, setting.offset);
-    if (load && words != nullptr) {
-      Word(words, setting.offset) = value;
-    }
+    const int value = LoadPersisted(setting);
     if (setting.capability) {
       m_settings.capabilities[*setting.capability] = value;
     } else {
       m_settings.autoAnswerPair = value;
     }
   }
+  Words();
   return m_settings;
 }
 
@@ -80,6 +74,8 @@ std::int32_t* ParameterSegment::Words() {
       Word(words, setting.offset) =
           setting.capability ? m_settings.capabilities[*setting.capability] : m_settings.autoAnswerPair;
     }
+    // Last: a client that finds it set reads the settings, and one that does not fills in the same.
+    std::atomic_thread_fence(std::memory_order_seq_cst);
     Word(words, PARAMETER_LOADED) = 1;
   }
   return words;

@@ -7,13 +7,15 @@
 
 namespace btservice {
 
-/// SH_BT_PARAMETER, ten 32-bit words with the settings. Whoever comes first, this service or a client, fills
-/// it from the persistence service and sets the loaded flag. Changes are written here and there.
+/// SH_BT_PARAMETER, ten 32-bit words with the settings. A client that comes before this service fills it from
+/// the persistence service, after it has set the loaded flag. This service does not rely on that: the client
+/// may have been killed in between. Changes are written here and there.
 class ParameterSegment : public StackObserver {
  public:
   explicit ParameterSegment(SegmentOwner& segments) : m_segments(segments) {}
 
-  /// Fills the segment if nobody has yet, and returns the settings that are in it.
+  /// Takes the settings from the persistence service, fills the segment with them whatever it holds, and
+  /// returns them.
   SettingsData Load();
   void OnStackEvent(const StackEvent& event) override;
 

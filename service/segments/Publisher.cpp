@@ -11,11 +11,14 @@
 
 namespace btservice {
 
-Publisher::Publisher(SegmentOwner& segments, BluetoothStack& stack) : m_segments(segments), m_stack(stack) {}
+Publisher::Publisher(SegmentOwner& segments, BluetoothStack& stack)
+    : m_segments(segments), m_stack(stack), m_callTable(segments) {}
 
 void Publisher::PublishAll() {
   for (const SegmentEntry& entry : kSegmentCatalogue) {
-    m_segments.Attach(entry.id);
+    if (entry.id != SH_BT_PARAMETER) {
+      Clear(entry);
+    }
   }
   PublishPairedDevices();
   PublishCalls();
@@ -23,9 +26,7 @@ void Publisher::PublishAll() {
 
 void Publisher::PublishPairedDevices() { PublishList(SH_PAIRED_LIST, m_stack.Devices().PairedDevices()); }
 
-void Publisher::PublishCalls() {
-  Write(SH_CALL_INFO_LIST, PackCallTable(m_stack.Calls().Calls(), kSegmentCatalogue[SH_CALL_INFO_LIST].size));
-}
+void Publisher::PublishCalls() { m_callTable.Publish(m_stack.Calls().Calls()); }
 
 bool Publisher::PublishContacts() { return PublishList(SH_CONTACT_LIST, m_stack.PhoneBook().Contacts()); }
 
@@ -71,6 +72,16 @@ bool Publisher::PublishList(ShareMemID id, const std::vector<Record>& records) {
             packer.Count(), records.size(), entry.size);
   }
   return Write(id, packer.Contents());
+}
+
+/// What a service before this one has published is not to be found behind the lists of this one.
+void Publisher::Clear(const SegmentEntry& entry) {
+  auto* const memory = static_cast<std::uint8_t*>(m_segments.Attach(entry.id));
+  if (memory != nullptr && !m_segments.HasMade(entry.id)) {
+    std::memset(memory, 0, sizeof(std::int32_t));
+    std::atomic_thread_fence(std::memory_order_seq_cst);
+    std::memset(memory, 0, entry.size);
+  }
 }
 
 bool Publisher::Write(ShareMemID id, const Bytes& contents) {

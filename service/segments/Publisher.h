@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ipc/ShareMemory/SegmentOwner.h"
+#include "service/segments/CallTableSegment.h"
 #include "service/segments/ListPacker.h"
 #include "service/stack/BluetoothStack.h"
 
@@ -17,7 +18,7 @@ class Publisher : public StackObserver {
  public:
   Publisher(SegmentOwner& segments, BluetoothStack& stack);
 
-  /// Makes all segments of the catalogue, and fills those that are kept current.
+  /// Makes the segments of the lists, or empties those that are there, and fills those that are kept current.
   void PublishAll();
   bool PublishContacts();
   bool PublishFavorites();
@@ -33,10 +34,12 @@ class Publisher : public StackObserver {
   bool PublishList(ShareMemID id, const std::vector<Record>& records);
   void PublishPairedDevices();
   void PublishCalls();
+  void Clear(const SegmentEntry& entry);
   bool Write(ShareMemID id, const Bytes& contents);
 
   SegmentOwner& m_segments;
   BluetoothStack& m_stack;
+  CallTableSegment m_callTable;
   std::map<ShareMemID, std::size_t> m_used;  ///< bytes that were written last
 };
 

@@ -2,10 +2,11 @@
 
 #include <cstring>
 
+#include "service/segments/TextCut.h"
+
 namespace btservice {
 namespace {
 
-constexpr std::size_t kCallSlots = 2;
 constexpr std::size_t kLongestCallText = 255;  // so that both slots always fit
 
 /// The call log that an entry belongs to, as the phone numbers its repositories.
@@ -23,16 +24,19 @@ PbapType Repository(CallLogType type) {
   return BT_PBAP_ALL;
 }
 
-void PackSlot(ListPacker& packer, const CallInfo& call) {
+/// Answers where the seconds lie.
+std::size_t PackSlot(ListPacker& packer, const CallInfo& call) {
   packer
-      .Put(call.id)          // nValue1
-      .Put(call.status)      // nValue2
-      .Put(call.incoming)    // nValue3: 1 incoming, 0 outgoing
-      .Put(call.multiparty)  // nValue4: 1 part of a conference
-      .Put(call.seconds);    // nValue5: since it was answered
+      .Put(call.id)           // nValue1
+      .Put(call.status)       // nValue2
+      .Put(call.incoming)     // nValue3: 1 incoming, 0 outgoing
+      .Put(call.multiparty);  // nValue4: 1 part of a conference
+  const std::size_t seconds = packer.Offset();
+  packer.Put(call.seconds);  // nValue5: since it was answered
   for (const std::string* const text : {&call.number, &call.name, &call.deviceAddress}) {
-    packer.Put(text->substr(0, kLongestCallText));  // strText1 to strText3
+    packer.Put(CutText(*text, kLongestCallText));  // strText1 to strText3
   }
+  return seconds;
 }
 
 }  // namespace
@@ -66,16 +70,17 @@ void PackRecord(ListPacker& packer, const CallLogEntry& entry) {
       .Put(std::to_string(entry.seconds));  // strText5: how long was spoken
 }
 
-Bytes PackCallTable(const std::vector<CallInfo>& calls, std::size_t capacity) {
+PackedCallTable PackCallTable(const std::vector<CallInfo>& calls, std::size_t capacity) {
+  PackedCallTable table;
   ListPacker packer(capacity);
-  for (std::size_t slot = 0; slot < kCallSlots; ++slot) {
-    PackSlot(packer, slot < calls.size() ? calls[slot] : CallInfo());
+  for (std::size_t slot = 0; slot < table.seconds.size(); ++slot) {
+    table.seconds[slot] = PackSlot(packer, slot < calls.size() ? calls[slot] : CallInfo());
     packer.EndRecord();
   }
-  Bytes contents = packer.Contents();
+  table.contents = packer.Contents();
   const auto count = static_cast<std::int32_t>(calls.size());
-  std::memcpy(contents.data(), &count, sizeof(count));
-  return contents;
+  std::memcpy(table.contents.data(), &count, sizeof(count));
+  return table;
 }
 
 }  // namespace btservice

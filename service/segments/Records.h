@@ -1,6 +1,7 @@
 #ifndef SERVICE_SEGMENTS_RECORDS_H
 #define SERVICE_SEGMENTS_RECORDS_H
 
+#include <array>
 #include <vector>
 
 #include "service/segments/ListPacker.h"
@@ -30,8 +31,14 @@ ListPacker PackList(const std::vector<Record>& records, std::size_t capacity) {
   return packer;
 }
 
+/// The contents of SH_CALL_INFO_LIST.
+struct PackedCallTable {
+  Bytes contents;                      ///< empty: there has been none yet
+  std::array<std::size_t, 2> seconds;  ///< where the seconds of each slot lie
+};
+
 /// SH_CALL_INFO_LIST: the number of calls, then always two slots, of which unused ones are empty.
-Bytes PackCallTable(const std::vector<CallInfo>& calls, std::size_t capacity);
+PackedCallTable PackCallTable(const std::vector<CallInfo>& calls, std::size_t capacity);
 
 }  // namespace btservice
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "service/segments/Records.h"
+#include "service/segments/TextCut.h"
 
 namespace btservice {
 namespace {
@@ -119,18 +120,50 @@ TEST(RecordsTest, TheCallTableAlwaysHasTwoSlots) {
   expected.Int(1).Int(BT_CALL_ACTIVE).Int(1).Int(0).Int(12);
   expected.Text("112").Text("Help").Text("00:1A:7D:DA:71:13");
   expected.Int(0).Int(0).Int(0).Int(0).Int(0).Text("").Text("").Text("");
-  EXPECT_THAT(PackCallTable({call}, 2048), ElementsAreArray(expected.contents));
+  EXPECT_THAT(PackCallTable({call}, 2048).contents, ElementsAreArray(expected.contents));
 }
 
 TEST(RecordsTest, TheCallTableFitsWhateverTheTexts) {
   CallInfo call;
   call.number = call.name = call.deviceAddress = std::string(5000, 'x');
-  const Bytes contents = PackCallTable({call, call, call}, 2048);
+  const Bytes contents = PackCallTable({call, call, call}, 2048).contents;
   EXPECT_LE(contents.size(), 2048U);
   std::int32_t count = 0;
   std::memcpy(&count, contents.data(), sizeof(count));
   EXPECT_EQ(count, 3) << "the number of calls, not of slots";
   EXPECT_EQ(contents.size(), 4U + 2 * (20 + 3 * 256));
+}
+
+TEST(RecordsTest, TheCallTableCutsATextBetweenItsCharacters) {
+  CallInfo call;
+  call.number = "1";
+  call.name = std::string(254, 'x') + "ä";
+  const Bytes contents = PackCallTable({call}, 2048).contents;
+  const auto* const name = reinterpret_cast<const char*>(contents.data()) + 4 + 5 * 4 + 2;
+  EXPECT_EQ(std::string(name), std::string(254, 'x'));
+}
+
+TEST(TextCutTest, ATextThatFitsIsLeftAlone) {
+  EXPECT_EQ(CutText("", 0), "");
+  EXPECT_EQ(CutText("Zoë", 4), "Zoë");
+  EXPECT_EQ(CutText("Zoë", 100), "Zoë");
+}
+
+TEST(TextCutTest, ACharacterGoesAsAWhole) {
+  EXPECT_EQ(CutText("abc", 2), "ab");
+  EXPECT_EQ(CutText("Zoë", 3), "Zo");
+  EXPECT_EQ(CutText("a€b", 4), "a€");
+  EXPECT_EQ(CutText("a€b", 3), "a");
+  EXPECT_EQ(CutText("a€b", 2), "a");
+  EXPECT_EQ(CutText("a\U0001F600b", 5), "a\U0001F600");
+  EXPECT_EQ(CutText("a\U0001F600b", 4), "a");
+  EXPECT_EQ(CutText("\U0001F600", 3), "");
+  EXPECT_EQ(CutText("ä", 0), "");
+}
+
+TEST(TextCutTest, WhatIsNotUtf8IsCutAnywhere) {
+  EXPECT_EQ(CutText(std::string(10, '\x80'), 6), std::string(6, '\x80'));
+  EXPECT_EQ(CutText(std::string(10, '\x80'), 2), std::string(2, '\x80'));
 }
 
 TEST(RecordsTest, ADeviceOfThePairedList) {

@@ -165,7 +165,8 @@ TEST(OddSegmentsTest, ASegmentThatIsTooSmallIsRefusedWithAReason) {
   EXPECT_EQ(errors.find("SH_CONTACT_LIST", first + 1), std::string::npos) << "said once";
 }
 
-TEST(OddSegmentsTest, SettingsThatAClientHasLoadedAreTakenOver) {
+TEST(OddSegmentsTest, SettingsThatAClientWasKilledOverAreRepaired) {
+  // It has set the loaded flag, and no more.
   bttest::CreateSegment(SH_BT_PARAMETER, 40);
   const std::int32_t one = 1;
   std::vector<unsigned char> bytes(sizeof(one));
@@ -173,14 +174,18 @@ TEST(OddSegmentsTest, SettingsThatAClientHasLoadedAreTakenOver) {
   bttest::WriteSegment(SH_BT_PARAMETER, PARAMETER_LOADED, bytes);
   bttest::WriteSegment(SH_BT_PARAMETER, PARAMETER_AUTO_ANSWER, bytes);
   RunningService service;
-  EXPECT_EQ(service.Ask("GetCapability", g_variant_new("(y)", 2)), "(byte 0x01,)");
-  EXPECT_EQ(service.Ask("GetCapability", g_variant_new("(y)", 0)), "(byte 0x00,)");
-  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x00,)") << "the power switch is off";
+  EXPECT_EQ(service.Ask("GetCapability", g_variant_new("(y)", 0)), "(byte 0x01,)") << "the installed default";
+  EXPECT_EQ(service.Ask("GetCapability", g_variant_new("(y)", 2)), "(byte 0x00,)");
+  EXPECT_TRUE(service.WaitFor("OnOpenBtStatusChanged (byte 0x01,)")) << "the service is switched on";
+  EXPECT_EQ(Word(SH_BT_PARAMETER, PARAMETER_POWER_SWITCH), 1);
+  EXPECT_EQ(Word(SH_BT_PARAMETER, PARAMETER_AUTO_CONNECT), 1);
+  EXPECT_EQ(Word(SH_BT_PARAMETER, PARAMETER_AUTO_ANSWER), 0);
+  EXPECT_EQ(Word(SH_BT_PARAMETER, PARAMETER_LOADED), 1);
 }
 
 TEST(OddSegmentsTest, SettingsSurviveTheService) {
   {
-    RunningService service;
+    RunningService service({"--remove-segments"});
     ASSERT_EQ(service.Ask("SetCapability", g_variant_new("(yy)", 3, 1)), "(byte 0x01,)");
     service.Process().Signal(SIGTERM);
     ASSERT_EQ(service.Process().Wait(), 0);

@@ -28,9 +28,11 @@ target_compile_definitions(service_files_test PRIVATE
 
 bt_add_test(NAME service_system_test
   SOURCES
+    call_table_test.cpp
     causes_test.cpp
     contract_test.cpp
     control_test.cpp
+    left_behind_test.cpp
     packing_test.cpp
     process_test.cpp
     published_segments_test.cpp

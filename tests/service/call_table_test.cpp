@@ -1,0 +1,221 @@
+// The table of calls, which applications read at any time and without a lock.
+
+#include <atomic>
+#include <csignal>
+#include <cstring>
+#include <map>
+#include <optional>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <sys/shm.h>
+#include <unistd.h>
+
+#include "ipc/ShareMemory/SegmentReader.h"
+#include "service/segments/CallTableSegment.h"
+#include "support/Segments.h"
+#include "tests/service/running_service.h"
+
+namespace btservice {
+namespace {
+
+constexpr const char* kPhone = "00:1A:7D:DA:71:13";
+constexpr std::size_t kTableSize = 2048;
+
+CallInfo MakeCall(int id, int seconds) {
+  CallInfo call;
+  call.id = id;
+  call.status = BT_CALL_ACTIVE;
+  call.seconds = seconds;
+  call.number = "11" + std::to_string(id);
+  return call;
+}
+
+/// Memory in which the number of calls ends a page, and the rest begins one that can be watched: the first
+/// store there is caught, and what the number of calls was by then is noted.
+class WatchedTable {
+ public:
+  WatchedTable() : m_pageSize(static_cast<std::size_t>(sysconf(_SC_PAGESIZE))) {
+    m_pages = static_cast<std::uint8_t*>(
+        mmap(nullptr, 2 * m_pageSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    s_watched = this;
+    struct sigaction action = {};
+    action.sa_sigaction = &OnFault;
+    action.sa_flags = SA_SIGINFO;
+    sigaction(SIGSEGV, &action, &m_before);
+  }
+  ~WatchedTable() {
+    sigaction(SIGSEGV, &m_before, nullptr);
+    munmap(m_pages, 2 * m_pageSize);
+  }
+  WatchedTable(const WatchedTable&) = delete;
+  WatchedTable& operator=(const WatchedTable&) = delete;
+
+  std::uint8_t* Memory() const { return m_pages + m_pageSize - sizeof(std::int32_t); }
+  std::int32_t Count() const {
+    std::int32_t count = 0;
+    std::memcpy(&count, Memory(), sizeof(count));
+    return count;
+  }
+  void WatchRecords() { mprotect(m_pages + m_pageSize, m_pageSize, PROT_READ); }
+  void WatchCount() { mprotect(m_pages, m_pageSize, PROT_READ); }
+  /// The number of calls when the watched page was written to; nothing if it was not.
+  std::optional<std::int32_t> CountAtWrite() const { return m_countAtWrite; }
+
+ private:
+  static void OnFault(int, siginfo_t* info, void*) {
+    auto* const address = static_cast<std::uint8_t*>(info->si_addr);
+    if (address < s_watched->m_pages || address >= s_watched->m_pages + 2 * s_watched->m_pageSize) {
+      signal(SIGSEGV, SIG_DFL);  // a fault of something else: it ends the test when it happens again
+      return;
+    }
+    s_watched->m_countAtWrite = s_watched->Count();
+    mprotect(s_watched->m_pages, 2 * s_watched->m_pageSize, PROT_READ | PROT_WRITE);
+  }
+
+  static WatchedTable* s_watched;
+  std::size_t m_pageSize;
+  std::uint8_t* m_pages;
+  struct sigaction m_before = {};
+  std::optional<std::int32_t> m_countAtWrite;
+};
+
+WatchedTable* WatchedTable::s_watched = nullptr;
+
+struct CallTableTest : testing::Test {
+  PackedCallTable none = PackCallTable({}, kTableSize);
+  PackedCallTable one = PackCallTable({MakeCall(1, 10)}, kTableSize);
+  PackedCallTable two = PackCallTable({MakeCall(1, 10), MakeCall(2, 5)}, kTableSize);
+  WatchedTable table;
+
+  void ExpectHolds(const PackedCallTable& expected) {
+    EXPECT_EQ(std::memcmp(table.Memory(), expected.contents.data(), expected.contents.size()), 0);
+  }
+};
+
+TEST_F(CallTableTest, TheNumberOfCallsIsWrittenLastWhenItGrows) {
+  RewriteCallTable(table.Memory(), {}, one);
+  table.WatchRecords();
+  RewriteCallTable(table.Memory(), one, two);
+  EXPECT_EQ(table.CountAtWrite(), 1);
+  ExpectHolds(two);
+}
+
+TEST_F(CallTableTest, TheNumberOfCallsIsWrittenFirstWhenItShrinks) {
+  RewriteCallTable(table.Memory(), {}, two);
+  table.WatchRecords();
+  RewriteCallTable(table.Memory(), two, one);
+  EXPECT_EQ(table.CountAtWrite(), 1);
+  ExpectHolds(one);
+  for (std::size_t i = one.contents.size(); i < two.contents.size(); ++i) {
+    ASSERT_EQ(table.Memory()[i], 0) << "nothing of a longer table stays behind";
+  }
+}
+
+TEST_F(CallTableTest, AnEmptyTableIsFilledWithTheNumberOfCallsLast) {
+  RewriteCallTable(table.Memory(), {}, none);
+  table.WatchRecords();
+  RewriteCallTable(table.Memory(), none, two);
+  EXPECT_EQ(table.CountAtWrite(), 0);
+  ExpectHolds(two);
+}
+
+TEST_F(CallTableTest, WhenSecondsTickNothingElseIsWritten) {
+  RewriteCallTable(table.Memory(), {}, two);
+  const PackedCallTable later = PackCallTable({MakeCall(1, 11), MakeCall(2, 6)}, kTableSize);
+  // A mark in every byte that is not to be touched.
+  Bytes expected(two.contents.size(), 0xEE);
+  std::memset(table.Memory(), 0xEE, expected.size());
+  for (const std::size_t offset : later.seconds) {
+    std::memcpy(expected.data() + offset, later.contents.data() + offset, sizeof(std::int32_t));
+  }
+  RewriteCallTable(table.Memory(), two, later);
+  EXPECT_EQ(Bytes(table.Memory(), table.Memory() + expected.size()), expected);
+}
+
+TEST_F(CallTableTest, ATickOfOneCallLeavesTheOtherAlone) {
+  RewriteCallTable(table.Memory(), {}, two);
+  const PackedCallTable later = PackCallTable({MakeCall(1, 11), MakeCall(2, 5)}, kTableSize);
+  table.WatchCount();
+  RewriteCallTable(table.Memory(), two, later);
+  EXPECT_FALSE(table.CountAtWrite());
+  ExpectHolds(later);
+}
+
+/// The segment of the running service, attached to be read as fast as can be.
+class AttachedTable {
+ public:
+  AttachedTable()
+      : m_address(shmat(bttest::FindSegment(SH_CALL_INFO_LIST)->identifier, nullptr, SHM_RDONLY)) {}
+  ~AttachedTable() { shmdt(m_address); }
+  AttachedTable(const AttachedTable&) = delete;
+  AttachedTable& operator=(const AttachedTable&) = delete;
+
+  void Read(Bytes& copy) const {
+    std::memcpy(copy.data(), m_address, copy.size());
+    std::atomic_signal_fence(std::memory_order_seq_cst);  // each turn of a loop reads anew
+  }
+
+ private:
+  void* m_address;
+};
+
+/// Takes the seconds of both slots out of a copy of the table. False if it cannot be read.
+bool TakeSeconds(Bytes& copy, int (&seconds)[2]) {
+  SegmentReader reader(copy.data(), copy.data() + copy.size());
+  int number = 0;
+  std::string text;
+  bool isWhole = reader.ReadInt(number);
+  for (int& ticking : seconds) {
+    for (int i = 0; i < 4; ++i) {
+      isWhole = isWhole && reader.ReadInt(number);
+    }
+    const std::size_t offset = reader.Cursor() - copy.data();
+    isWhole = isWhole && reader.ReadInt(ticking);
+    for (int i = 0; i < 3; ++i) {
+      isWhole = isWhole && reader.ReadString(text);
+    }
+    if (isWhole) {
+      std::memset(copy.data() + offset, 0, sizeof(std::int32_t));
+    }
+  }
+  return isWhole;
+}
+
+TEST(RunningCallTableTest, NoReadIsTornWhileOnlySecondsTick) {
+  // A thousand ticks a second, so that many reads meet one.
+  RunningService service({"--speed", "1000", "--world", BTTEST_QUIET_WORLD});
+  ASSERT_TRUE(service.WaitFor("OnPBDownloadStatus (byte 0x03, byte 0x06)"));
+  for (const char* const number : {"+49170000002", "+49170000003"}) {
+    ASSERT_EQ(service.Control("Call", g_variant_new("(ss)", kPhone, number)), "(true,)");
+    ASSERT_EQ(service.Ask("AcceptCall"), "(true,)");
+  }
+  ASSERT_TRUE(service.WaitFor("OnCallingTimeChanged (1, 2, true)"));
+
+  const AttachedTable table;
+  Bytes copy(256);
+  int seconds[2] = {};
+  table.Read(copy);
+  ASSERT_TRUE(TakeSeconds(copy, seconds));
+  const Bytes expected = copy;
+
+  constexpr int kTicks = 2000;
+  const int first = seconds[0];
+  long reads = 0;
+  long torn = 0;
+  ASSERT_TRUE(bttest::WaitUntil([&] {
+    for (int i = 0; i < 10000; ++i) {
+      const int before = seconds[0];
+      table.Read(copy);
+      torn += !TakeSeconds(copy, seconds) || copy != expected || seconds[0] < before;
+      ++reads;
+    }
+    return seconds[0] - first > kTicks || torn > 0;
+  }));
+  EXPECT_EQ(torn, 0) << "of " << reads << " reads";
+  RecordProperty("reads", std::to_string(reads));
+}
+
+}  // namespace
+}  // namespace btservice
