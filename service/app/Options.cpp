@@ -33,8 +33,12 @@ std::string Description() {
          "directory. What happens in the world can be driven on the object\n"
          "/com/zelk/linux/bluetooth/sim.\n"
          "\n"
+         "The shared segments stay when the service ends: applications go on with them, and the\n"
+         "next service takes them over. --reserve is for system start, before the first\n"
+         "application: it uses up the identifiers 0 to 7, needs no bus, and exits.\n"
+         "\n"
          "Exit codes: 0 ended by SIGTERM, SIGINT or the end of the bus; 2 wrong usage;\n"
-         "3 the name is taken on this bus; 4 no session bus; 5 bad world.";
+         "3 the name is taken on this bus; 4 no session bus; 5 bad world; 6 nothing reserved.";
 }
 
 int Fail(const char* message) {
@@ -47,6 +51,8 @@ int Fail(const char* message) {
 bool ParseOptions(int argc, char** argv, Options& options, int& exitCode) {
   gboolean version = FALSE;
   gboolean keepSegments = FALSE;
+  gboolean removeSegments = FALSE;
+  gboolean reserve = FALSE;
   gboolean schema = FALSE;
   gboolean noState = FALSE;
   g_autofree gchar* world = nullptr;
@@ -56,8 +62,12 @@ bool ParseOptions(int argc, char** argv, Options& options, int& exitCode) {
       {"state", 0, 0, G_OPTION_ARG_FILENAME, &state, "Keep the state in this file", "FILE"},
       {"no-state", 0, 0, G_OPTION_ARG_NONE, &noState, "Keep no state, and look at none", nullptr},
       {"speed", 's', 0, G_OPTION_ARG_DOUBLE, &options.speed, "Let time run N times as fast", "N"},
-      {"keep-segments", 'k', 0, G_OPTION_ARG_NONE, &keepSegments, "Leave the shared segments behind at exit",
-       nullptr},
+      {"keep-segments", 'k', 0, G_OPTION_ARG_NONE, &keepSegments,
+       "Leave the shared segments behind at exit (the default)", nullptr},
+      {"remove-segments", 0, 0, G_OPTION_ARG_NONE, &removeSegments,
+       "Remove the shared segments at exit, as tests may want", nullptr},
+      {"reserve", 0, 0, G_OPTION_ARG_NONE, &reserve,
+       "Keep the identifiers 0 to 7 from being given to segments, and exit", nullptr},
       {"world-schema", 0, 0, G_OPTION_ARG_NONE, &schema, "Show the JSON Schema of worlds", nullptr},
       {"version", 0, 0, G_OPTION_ARG_NONE, &version, "Show the version", nullptr},
       {nullptr, 0, 0, G_OPTION_ARG_NONE, nullptr, nullptr, nullptr}};
@@ -89,7 +99,12 @@ bool ParseOptions(int argc, char** argv, Options& options, int& exitCode) {
     exitCode = Fail("the speed is a number above 0, at most 100000");
     return false;
   }
-  options.keepSegments = keepSegments != FALSE;
+  if (keepSegments != FALSE && removeSegments != FALSE) {
+    exitCode = Fail("the segments are either kept or removed");
+    return false;
+  }
+  options.removeSegments = removeSegments != FALSE;
+  options.reserve = reserve != FALSE;
   options.world = world != nullptr ? world : "";
   if (noState == FALSE) {
     options.statePath = state != nullptr ? state : DefaultStatePath();

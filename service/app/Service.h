@@ -1,9 +1,6 @@
 #ifndef SERVICE_APP_SERVICE_H
 #define SERVICE_APP_SERVICE_H
 
-#include <glib.h>
-
-#include "service/app/Exported.h"
 #include "service/app/GLibScheduler.h"
 #include "service/app/Options.h"
 #include "service/app/ServiceBus.h"
@@ -19,39 +16,34 @@
 
 namespace btservice {
 
-/// The whole service, put together.
+/// The whole service, put together. To be made by a process that owns the service's name.
 class Service {
  public:
-  /// The main loop is ended when the service is to end.
-  Service(const Options& options, const WorldFile& file, GMainLoop* loop);
+  /// The objects are on the bus already; they must outlive this, and the bus must too.
+  Service(const Options& options, WorldFile file, ComZelkLinuxBluetooth* object, BluetoothSim* controls,
+          ServiceBus& bus);
 
-  /// Serves until the main loop ends, and answers the exit code of the process.
-  int Run();
+  /// Takes over from a service before this one, and begins to live.
+  void Start();
+  /// Ends calls and connections, and lets applications know.
+  void Stop();
 
  private:
   WorldFile Prepare(WorldFile file);
-  void BindMethods();
-  void OnOwned();
-  void OnLost(bool busIsGone);
+  void BindMethods(ComZelkLinuxBluetooth* object, BluetoothSim* controls);
 
-  Options m_options;
-  GMainLoop* m_loop;
-  int m_exitCode = EXIT_ENDED;
-  bool m_started = false;
-
+  const Options& m_options;
+  ServiceBus& m_bus;
   SegmentOwner m_segments;
   ParameterSegment m_parameters;
   StateFile m_state;
   WorldFile m_file;
   GLibScheduler m_scheduler;
-  Exported<ComZelkLinuxBluetooth> m_object;
-  Exported<BluetoothSim> m_controls;
   SignalEmitter m_emitter;
   SimulatedStack m_stack;
   Timeline m_timeline;
   Publisher m_publisher;
   AnswerFaults m_answers;
-  ServiceBus m_bus;
 };
 
 }  // namespace btservice

@@ -75,13 +75,16 @@ void ServiceBus::LeaveFor(unsigned milliseconds) {
 }
 
 void ServiceBus::GiveUpName() {
+  m_ownsName = false;
   if (m_nameId != 0) {
     g_bus_unown_name(std::exchange(m_nameId, 0));
   }
 }
 
 void ServiceBus::OnNameAcquired(GDBusConnection*, const gchar*, gpointer self) {
-  static_cast<ServiceBus*>(self)->m_events.onOwned();
+  auto* const bus = static_cast<ServiceBus*>(self);
+  bus->m_ownsName = true;
+  bus->m_events.onOwned();
 }
 
 void ServiceBus::OnNameLost(GDBusConnection* connection, const gchar*, gpointer self) {

@@ -30,6 +30,9 @@ class ServiceBus {
   /// Asks for the name. What comes of it is one of the events.
   void OwnName();
 
+  /// Whether the name is owned, or was until the bus went away.
+  bool OwnsName() const { return m_ownsName; }
+
   /// Sends a signal of the service's interface with a tuple, which may be floating, of any types. Throws
   /// std::invalid_argument.
   void EmitSignal(const std::string& name, GVariant* tuple);
@@ -45,6 +48,7 @@ class ServiceBus {
   GDBusConnection* m_connection = nullptr;
   guint m_nameId = 0;
   guint m_returnId = 0;
+  bool m_ownsName = false;
 };
 
 }  // namespace btservice

@@ -6,7 +6,8 @@
 
 #include <glib-unix.h>
 
-#include "service/app/Service.h"
+#include "ipc/ShareMemory/SmallIdentifiers.h"
+#include "service/app/Process.h"
 
 namespace {
 
@@ -35,6 +36,9 @@ int main(int argc, char** argv) {
   if (!ParseOptions(argc, argv, options, exitCode)) {
     return exitCode;
   }
+  if (options.reserve) {
+    return UseUpSmallIdentifiers() ? EXIT_ENDED : EXIT_NOT_RESERVED;
+  }
   const std::optional<WorldFile> world = LoadWorldOrTell(options.world);
   if (!world) {
     return EXIT_BAD_WORLD;
@@ -42,7 +46,7 @@ int main(int argc, char** argv) {
   GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
   g_unix_signal_add(SIGTERM, QuitOnSignal, loop);
   g_unix_signal_add(SIGINT, QuitOnSignal, loop);
-  exitCode = Service(options, *world, loop).Run();
+  exitCode = Process(options, *world, loop).Run();
   g_main_loop_unref(loop);
   return exitCode;
 }

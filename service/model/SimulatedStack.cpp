@@ -43,7 +43,14 @@ SimulatedStack::SimulatedStack(Scheduler& scheduler, const World& world)
 void SimulatedStack::Start() {
   if (m_settings.IsOn(BT_CAP_POWER_SWITCH)) {
     m_power.Set(true);
+  } else {
+    m_power.Report();  // a stack before this one may have been on
   }
+}
+
+void SimulatedStack::Stop() {
+  // As when the adapter goes down, but the power switch stays as it is: nobody has asked for it to go off.
+  m_power.onDown();
 }
 
 }  // namespace btservice

@@ -32,6 +32,8 @@ class BluetoothStack {
   virtual void AddObserver(StackObserver& observer) = 0;
   /// Begins to live: powers up if the settings say so.
   virtual void Start() = 0;
+  /// Ends, at once: lets go of all calls and connections, and reports that before it returns.
+  virtual void Stop() = 0;
 };
 
 }  // namespace btservice

@@ -168,7 +168,8 @@ class DriveTest : public testing::Test {
 
   std::vector<int> small =
       bttest::MakeDummySegments();  ///< the identifiers that are numbers of segments, too
-  RunningService service{{"--speed", std::to_string(kSpeed), "--world", BTTEST_DRIVE_WORLD}};
+  RunningService service{
+      {"--speed", std::to_string(kSpeed), "--world", BTTEST_DRIVE_WORLD, "--remove-segments"}};
   BusWitness witness{service.Connection()};
   std::vector<std::unique_ptr<bttest::TemporaryDirectory>> directories;
   std::vector<std::unique_ptr<DriveClient>> clients;

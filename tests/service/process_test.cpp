@@ -32,8 +32,8 @@ int SegmentsLeft() {
 TEST(ServiceProcessTest, TellsHowItIsUsed) {
   ChildProcess help({kExecutable, "--help"});
   EXPECT_EQ(help.Wait(), 0);
-  for (const char* const word :
-       {"--speed", "--keep-segments", "--version", "--world", "bad-day", "--state", "Exit codes"}) {
+  for (const char* const word : {"--speed", "--keep-segments", "--remove-segments", "--reserve", "--version",
+                                 "--world", "bad-day", "--state", "Exit codes"}) {
     EXPECT_THAT(help.Output(), HasSubstr(word));
   }
   ChildProcess version({kExecutable, "--version"});
@@ -46,6 +46,7 @@ TEST(ServiceProcessTest, RefusesACommandLineWithoutSense) {
                                                 {"--speed", "0"},
                                                 {"--speed", "-1"},
                                                 {"--speed", "x"},
+                                                {"--keep-segments", "--remove-segments"},
                                                 {"please"}}) {
     std::vector<std::string> command{kExecutable};
     command.insert(command.end(), words.begin(), words.end());
@@ -62,13 +63,20 @@ TEST(ServiceProcessTest, NeedsABus) {
   EXPECT_THAT(process.Errors(), HasSubstr("there is no session bus"));
 }
 
-TEST(ServiceProcessTest, EndsOnSigtermAndLeavesNoSegment) {
-  RunningService service;
-  ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
+/// Ends a service with these options, and answers how many of its segments are left.
+int SegmentsLeftBy(const std::vector<std::string>& options) {
+  RunningService service(options);
+  EXPECT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
   service.Process().Signal(SIGTERM);
   EXPECT_EQ(service.Process().Wait(), 0);
-  EXPECT_EQ(SegmentsLeft(), 0);
+  return SegmentsLeft();
 }
+
+TEST(ServiceProcessTest, EndsOnSigtermAndLeavesItsSegments) { EXPECT_EQ(SegmentsLeftBy({}), 8); }
+
+TEST(ServiceProcessTest, LeavesItsSegmentsIfToldTo) { EXPECT_EQ(SegmentsLeftBy({"--keep-segments"}), 8); }
+
+TEST(ServiceProcessTest, RemovesItsSegmentsIfToldTo) { EXPECT_EQ(SegmentsLeftBy({"--remove-segments"}), 0); }
 
 TEST(ServiceProcessTest, EndsOnSigint) {
   RunningService service;
@@ -76,26 +84,14 @@ TEST(ServiceProcessTest, EndsOnSigint) {
   EXPECT_EQ(service.Process().Wait(), 0);
 }
 
-TEST(ServiceProcessTest, LeavesItsSegmentsIfToldTo) {
-  RunningService service({"--keep-segments"});
-  ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
-  service.Process().Signal(SIGTERM);
-  EXPECT_EQ(service.Process().Wait(), 0);
-  EXPECT_EQ(SegmentsLeft(), 8);
-}
-
-TEST(ServiceProcessTest, LeavesTheSegmentsOfOthers) {
+TEST(ServiceProcessTest, RemovesNoSegmentsOfOthersThatLive) {
   bttest::CreateSegment(SH_CONTACT_LIST, kSegmentCatalogue[SH_CONTACT_LIST].size);
-  RunningService service;
-  ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
-  service.Process().Signal(SIGTERM);
-  EXPECT_EQ(service.Process().Wait(), 0);
-  EXPECT_EQ(SegmentsLeft(), 1);
+  EXPECT_EQ(SegmentsLeftBy({"--remove-segments"}), 1);
   EXPECT_TRUE(bttest::FindSegment(SH_CONTACT_LIST));
 }
 
 TEST(ServiceProcessTest, TakesOverTheSegmentsOfAServiceThatWasKilled) {
-  RunningService service;
+  RunningService service({"--remove-segments"});
   ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
   const int identifier = bttest::FindSegment(SH_CONTACT_LIST)->identifier;
   service.Process().Kill();
@@ -108,8 +104,16 @@ TEST(ServiceProcessTest, TakesOverTheSegmentsOfAServiceThatWasKilled) {
   EXPECT_EQ(SegmentsLeft(), 0);
 }
 
-TEST(ServiceProcessTest, EndsWithTheBusAndLeavesNoSegment) {
+TEST(ServiceProcessTest, EndsWithTheBus) {
   RunningService service;
+  ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
+  service.Bus().Stop();
+  EXPECT_EQ(service.Process().Wait(), 0);
+  EXPECT_EQ(SegmentsLeft(), 8);
+}
+
+TEST(ServiceProcessTest, EndsWithTheBusAndRemovesItsSegmentsIfToldTo) {
+  RunningService service({"--remove-segments"});
   ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
   service.Bus().Stop();
   EXPECT_EQ(service.Process().Wait(), 0);
@@ -134,10 +138,6 @@ TEST(ServiceProcessTest, IsStartedByTheBusWhenAClientNeedsIt) {
   ChildProcess client({BTTEST_LISTENING_CLIENT});
   EXPECT_TRUE(client.WaitForOutput("ready\n")) << client.Errors();
   EXPECT_EQ(SegmentsLeft(), 8);
-  // The client was there first, so that it has made the segments.
-  client.Kill();
-  bus.Stop();
-  EXPECT_TRUE(bttest::WaitUntil([] { return SegmentsLeft() == 0; })) << "the service ends with the bus";
 }
 
 TEST(ServiceProcessTest, StartsInMilliseconds) {

@@ -17,13 +17,15 @@ bttest::ConnectionPtr ConnectToBus() {
   return connection;
 }
 
-RunningService::RunningService(const std::vector<std::string>& options) {
+RunningService::RunningService(const std::vector<std::string>& options, Begin begin) {
   m_command.insert(m_command.end(), options.begin(), options.end());
   m_connection = ConnectToBus();
   m_subscription =
       g_dbus_connection_signal_subscribe(m_connection.get(), kServiceName, kServiceName, nullptr, nullptr,
                                          nullptr, G_DBUS_SIGNAL_FLAGS_NONE, OnSignal, this, nullptr);
-  Start();
+  if (begin == Begin::NOW) {
+    Start();
+  }
 }
 
 void RunningService::Start() {
@@ -64,6 +66,10 @@ bttest::VariantPtr RunningService::CallOn(const char* path, const char* interfac
 
 std::string RunningService::Ask(const std::string& method, GVariant* arguments) {
   return bttest::ToText(Call(method, arguments).get());
+}
+
+std::string RunningService::Control(const std::string& method, GVariant* arguments) {
+  return bttest::ToText(CallOn(kControlPath, kControlInterface, method, arguments).get());
 }
 
 bool RunningService::WaitFor(const std::string& beginning) {

@@ -23,10 +23,12 @@ constexpr const char* kControlInterface = "com.zelk.linux.bluetooth.sim";
 /// A btservice on a bus of its own, and a connection to that bus that knows nothing of the library.
 class RunningService {
  public:
-  explicit RunningService(const std::vector<std::string>& options = {});
+  enum class Begin { NOW, LATER };
+
+  explicit RunningService(const std::vector<std::string>& options = {}, Begin begin = Begin::NOW);
   ~RunningService();
 
-  /// Starts it once more, after its end, with the options that it had.
+  /// Starts it, later or once more after its end, with the options that it had.
   void Start();
 
   bttest::BusDaemon& Bus() { return m_bus; }
@@ -37,6 +39,8 @@ class RunningService {
   bttest::VariantPtr Call(const std::string& method, GVariant* arguments = nullptr);
   /// The reply as text, such as "(byte 0x01,)".
   std::string Ask(const std::string& method, GVariant* arguments = nullptr);
+  /// Calls one of the controls of the simulation.
+  std::string Control(const std::string& method, GVariant* arguments = nullptr);
   /// As Call, for an object of another interface and path on the same connection.
   bttest::VariantPtr CallOn(const char* path, const char* interface, const std::string& method,
                             GVariant* arguments);

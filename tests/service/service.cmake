@@ -37,6 +37,8 @@ bt_add_test(NAME service_system_test
     process_test.cpp
     published_segments_test.cpp
     running_service.cpp
+    small_identifiers_test.cpp
+    takeover_test.cpp
     ../recorder/ZeroValue.cpp
   LIBS btservice_segments
   LABELS service system)

@@ -68,6 +68,14 @@ bool SegmentExists(int identifier) {
   return shmctl(identifier, IPC_STAT, &data) == 0;
 }
 
+int CountSegments() {
+  shm_info info = {};
+  if (shmctl(0, SHM_INFO, reinterpret_cast<shmid_ds*>(&info)) < 0) {
+    Fail("counting the segments");
+  }
+  return info.used_ids;
+}
+
 int CreateSegment(ShareMemID id, std::size_t size, unsigned mode) {
   const key_t key = ftok(kServiceFile, id);
   const int identifier = key == -1 ? -1 : shmget(key, size, IPC_CREAT | IPC_EXCL | static_cast<int>(mode));

@@ -24,6 +24,9 @@ std::optional<SegmentStatus> FindSegment(ShareMemID id);
 /// attached.
 bool SegmentExists(int identifier);
 
+/// How many segments there are in this IPC namespace, whoever made them.
+int CountSegments();
+
 /// Makes a segment that must not exist yet, and answers its identifier.
 int CreateSegment(ShareMemID id, std::size_t size, unsigned mode = 0666);
 /// Marks it for removal: its key is free at once.

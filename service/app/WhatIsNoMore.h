@@ -1,0 +1,17 @@
+#ifndef SERVICE_APP_WHATISNOMORE_H
+#define SERVICE_APP_WHATISNOMORE_H
+
+#include <vector>
+
+#include "service/segments/LeftBehind.h"
+#include "service/stack/StackEvents.h"
+
+namespace btservice {
+
+/// The events by which applications learn that the calls and connections of a service that died are no more,
+/// and what went with them.
+std::vector<StackEvent> WhatIsNoMore(const LeftBehind& left);
+
+}  // namespace btservice
+
+#endif

@@ -1,0 +1,106 @@
+// In a fresh IPC namespace, as after a boot, the kernel gives the first segments the identifiers 0 to 7. An
+// application that ends in good order removes the segments of these numbers, whoever uses them.
+
+#include <csignal>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "support/Segments.h"
+#include "tests/service/running_service.h"
+
+namespace btservice {
+namespace {
+
+using bttest::ChildProcess;
+
+constexpr int kLastSmall = 7;
+constexpr const char* kPhone = "00:1A:7D:DA:71:13";
+
+class SmallIdentifiersTest : public testing::Test {
+ protected:
+  SmallIdentifiersTest() {
+    // One is used up here, to see that the namespace is fresh: the next ones are small, too.
+    EXPECT_EQ(bttest::MakeDummySegments(1).front(), 0);
+  }
+
+  static void ExpectSegmentsWithLargeIdentifiers() {
+    for (const SegmentEntry& entry : kSegmentCatalogue) {
+      const auto segment = bttest::FindSegment(entry.id);
+      ASSERT_TRUE(segment) << entry.name;
+      EXPECT_GT(segment->identifier, kLastSmall) << entry.name;
+    }
+    EXPECT_EQ(bttest::CountSegments(), 1 + static_cast<int>(std::size(kSegmentCatalogue)))
+        << "those that used up the numbers are gone";
+  }
+
+  /// One application ends in good order. The other has to see the contacts and the call that come after that.
+  static void ExpectTheOtherGoesOn(RunningService& service, ChildProcess& first, ChildProcess& other) {
+    ASSERT_TRUE(first.WaitForOutput("ready\n")) << first.Errors();
+    ASSERT_TRUE(other.WaitForOutput("ready\n")) << other.Errors();
+    first.Signal(SIGTERM);
+    ASSERT_EQ(first.Wait(), 0) << first.Errors();
+
+    ASSERT_TRUE(service.WaitFor("OnOpenBtStatusChanged (byte 0x01,)"));
+    ASSERT_EQ(service.Ask("Pair", g_variant_new("(ss)", kPhone, "")), "(byte 0x01,)");
+    ASSERT_TRUE(service.WaitFor("OnAnswerPairRequest"));
+    ASSERT_EQ(service.Ask("AnswerPair", g_variant_new("(ssy)", "", kPhone, 0)), "(byte 0x01,)");
+    ASSERT_TRUE(service.WaitFor("OnPairStatusChanged (byte 0x02, byte 0x00, '" + std::string(kPhone)));
+    ASSERT_EQ(service.Ask("Connect", g_variant_new("(syy)", kPhone, 3, 0)), "(byte 0x01,)");
+    EXPECT_TRUE(other.WaitForOutput("contacts 21 ")) << other.Output();
+    ASSERT_EQ(service.Control("Call", g_variant_new("(ss)", kPhone, "+49170000002")), "(true,)");
+    EXPECT_TRUE(other.WaitForOutput("calls 1 +49170000002\n")) << other.Output();
+  }
+};
+
+TEST_F(SmallIdentifiersTest, NoSegmentOfTheServiceHasOne) {
+  RunningService service;
+  ASSERT_EQ(service.Ask("GetPowerStatus").substr(0, 6), "(byte ");
+  ExpectSegmentsWithLargeIdentifiers();
+}
+
+TEST_F(SmallIdentifiersTest, ASegmentThatIsMadeAnewHasNoneEither) {
+  RunningService service;
+  bttest::RemoveSegment(SH_CONTACT_LIST);
+  ASSERT_EQ(service.Ask("GetContactList"), "(true,)");
+  ExpectSegmentsWithLargeIdentifiers();
+}
+
+TEST_F(SmallIdentifiersTest, ReservingUsesThemUpAndLeavesNothing) {
+  ChildProcess reserve({kExecutable, "--reserve"}, {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"}});
+  EXPECT_EQ(reserve.Wait(), 0) << "no bus is needed";
+  EXPECT_EQ(reserve.Output() + reserve.Errors(), "");
+  EXPECT_EQ(bttest::CountSegments(), 1) << "the one of this test";
+  EXPECT_GT(bttest::MakeDummySegments(1).front(), kLastSmall);
+}
+
+TEST_F(SmallIdentifiersTest, WhatOthersMadeBeforeStays) {
+  const int identifier = bttest::CreateSegment(SH_CONTACT_LIST, kSegmentCatalogue[SH_CONTACT_LIST].size);
+  ASSERT_LE(identifier, kLastSmall);
+  ChildProcess reserve({kExecutable, "--reserve"});
+  EXPECT_EQ(reserve.Wait(), 0);
+  EXPECT_EQ(bttest::FindSegment(SH_CONTACT_LIST)->identifier, identifier);
+  EXPECT_GT(bttest::MakeDummySegments(1).front(), kLastSmall);
+}
+
+TEST_F(SmallIdentifiersTest, TheServiceFirst) {
+  RunningService service({"--speed", "50"});
+  ChildProcess first({BTTEST_LISTENING_CLIENT});
+  ChildProcess other({BTTEST_LISTENING_CLIENT});
+  ExpectTheOtherGoesOn(service, first, other);
+}
+
+TEST_F(SmallIdentifiersTest, ReserveThenApplicationThenService) {
+  ASSERT_EQ(ChildProcess({kExecutable, "--reserve"}).Wait(), 0);
+  RunningService service({"--speed", "50"}, RunningService::Begin::LATER);
+  ChildProcess first({BTTEST_LISTENING_CLIENT, "wait"});
+  ASSERT_TRUE(first.WaitForOutput("waiting\n")) << first.Errors();
+  ExpectSegmentsWithLargeIdentifiers();
+  service.Start();
+  ChildProcess other({BTTEST_LISTENING_CLIENT});
+  ExpectTheOtherGoesOn(service, first, other);
+}
+
+}  // namespace
+}  // namespace btservice
