@@ -6,3 +6,7 @@ bt_add_test(NAME unit_segments SOURCES segments_test.cpp)
 bt_add_test(NAME unit_segment_teardown SOURCES segment_teardown_test.cpp LIBS ${CMAKE_DL_LIBS})
 bt_add_test(NAME unit_attach_failure SOURCES attach_failure_test.cpp)
 bt_add_test(NAME unit_settings SOURCES settings_test.cpp)
+
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+add_test(NAME unit_mutate/FaultsAreWhatTheHelpOfScriptMutateSays
+  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/mutate_test.py ${CMAKE_SOURCE_DIR})
