@@ -312,31 +312,58 @@ TEST_F(Lists, ACorruptCallTableKeepsTheSlotThatIsWhole) {
       "was whole is kept");
 }
 
+constexpr ShareMemID kListSegments[] = {SH_PAIRED_LIST, SH_CONTACT_LIST, SH_FAV_CONTACT_LIST,
+                                        SH_CALL_LOG_LIST, SH_CALL_INFO_LIST};
+
 TEST_F(Lists, UnpackUtilsReadTheCountAndTextsAtTheirCursor) {
-  Packer().Int(3).Text("first").Text("").Text("third").Publish(SH_PAIRED_LIST);
+  for (const ShareMemID id : kListSegments) {
+    Packer().Int(3).Text("first").Text("").Text("third").Publish(id);
+    ShmUnPackUtils unpack;
+    EXPECT_EQ(sizeof unpack, sizeof(void*));
+    std::string text = "as it was";
+    EXPECT_FALSE(unpack.UnPackDataFromShareMemory(text));
+    EXPECT_EQ(text, "as it was");
+    EXPECT_EQ(unpack.StartShmUnPackList(id), 3);
+    for (const char* expected : {"first", "", "third"}) {
+      EXPECT_TRUE(unpack.UnPackDataFromShareMemory(text));
+      EXPECT_EQ(text, expected) << id;
+    }
+  }
+}
+
+TEST_F(Lists, UnpackUtilsDoNotStartOnASegmentThatIsNoListAndStayWhereTheyAre) {
+  Packer().Int(1).Text("first").Publish(SH_PAIRED_LIST);
   ShmUnPackUtils unpack;
-  EXPECT_EQ(sizeof unpack, sizeof(void*));
+  ASSERT_EQ(unpack.StartShmUnPackList(SH_PAIRED_LIST), 1);
+  EXPECT_EQ(unpack.StartShmUnPackList(SH_CONTACT_INFO), 0);
+  EXPECT_EQ(unpack.StartShmUnPackList(SH_BT_PARAMETER), 0);
+  std::string text;
+  EXPECT_TRUE(unpack.UnPackDataFromShareMemory(text));
+  EXPECT_EQ(text, "first");
+}
+
+TEST_F(Lists, UnpackUtilsReadNothingAfterAStartOnASegmentThatIsNotThere) {
+  Packer().Int(1).Text("first").Publish(SH_PAIRED_LIST);
+  ShmUnPackUtils unpack;
+  ASSERT_EQ(unpack.StartShmUnPackList(SH_PAIRED_LIST), 1);
+  ShareMemory::DetachShareMemory(SH_CONTACT_LIST);
+  EXPECT_EQ(unpack.StartShmUnPackList(SH_CONTACT_LIST), 0);
   std::string text = "as it was";
   EXPECT_FALSE(unpack.UnPackDataFromShareMemory(text));
   EXPECT_EQ(text, "as it was");
-  EXPECT_EQ(unpack.StartShmUnPackList(SH_PAIRED_LIST), 3);
-  for (const char* expected : {"first", "", "third"}) {
-    EXPECT_TRUE(unpack.UnPackDataFromShareMemory(text));
-    EXPECT_EQ(text, expected);
-  }
-  EXPECT_EQ(unpack.StartShmUnPackList(SH_CONTACT_INFO), 0);
-  EXPECT_EQ(unpack.StartShmUnPackList(SH_BT_PARAMETER), 0);
 }
 
 TEST_F(Lists, UnpackUtilsStopAtATextWithoutAnEnd) {
-  Packer().Int(1).Raw(std::string(2044, 'x')).Publish(SH_PAIRED_LIST);
-  ShmUnPackUtils unpack;
-  EXPECT_EQ(unpack.StartShmUnPackList(SH_PAIRED_LIST), 1);
-  bttest::LogCapture log;
-  std::string text = "as it was";
-  EXPECT_FALSE(unpack.UnPackDataFromShareMemory(text));
-  EXPECT_EQ(text, "as it was");
-  EXPECT_EQ(log.OfLevel(100).size(), 1u);
+  for (const ShareMemID id : kListSegments) {
+    Packer().Int(1).Raw(std::string(kSegmentCatalogue[id].size - sizeof(int), 'x')).Publish(id);
+    ShmUnPackUtils unpack;
+    EXPECT_EQ(unpack.StartShmUnPackList(id), 1);
+    bttest::LogCapture log;
+    std::string text = "as it was";
+    EXPECT_FALSE(unpack.UnPackDataFromShareMemory(text)) << id;
+    EXPECT_EQ(text, "as it was");
+    EXPECT_EQ(log.OfLevel(100).size(), 1u);
+  }
 }
 
 TEST_F(Lists, UnpackUtilsSayThatTheirSegmentIsGoneAndReadNothing) {
