@@ -8,7 +8,7 @@
 #include <bluetooth/MWPBtType.h>
 
 /// Events of Bluetooth Low Energy; the requests are in MWPBtBle. Override what is needed: every method does
-/// nothing by default. IMWPBtListenerBase tells when and on which thread they are called.
+/// nothing by default. IMWPBtListenerBase describes when and on which thread they are called.
 class MWP_BT_API IMWPBtBleListener : public IMWPBtListenerBase {
  public:
   IMWPBtBleListener();

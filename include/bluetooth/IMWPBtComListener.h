@@ -8,7 +8,8 @@
 #include <bluetooth/MWPBtType.h>
 
 /// Events of power, pairing, connections and settings; the requests are in MWPBtCom. Override what is needed:
-/// every method does nothing by default. IMWPBtListenerBase tells when and on which thread they are called.
+/// every method does nothing by default. IMWPBtListenerBase describes when and on which thread they are
+/// called.
 class MWP_BT_API IMWPBtComListener : public IMWPBtListenerBase {
  public:
   IMWPBtComListener();

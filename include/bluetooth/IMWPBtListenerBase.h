@@ -3,7 +3,7 @@
 
 #include <bluetooth/MWPBtExport.h>
 
-/// Kind of a listener. Only listeners of the kind an event belongs to are told of it.
+/// Kind of a listener. An event is delivered only to the listeners of its kind.
 enum MWPBtListenerType : int {
   COM_LISTENER = 0,    ///< IMWPBtComListener
   HFP_LISTENER = 1,    ///< IMWPBtPhoneListener
@@ -12,7 +12,7 @@ enum MWPBtListenerType : int {
   MAP_LISTENER = 4,    ///< IMWPBtMessageListener
   SPP_LISTENER = 5,    ///< IMWPBtSppListener
   BLE_LISTENER = 6,    ///< IMWPBtBleListener
-  MAX_LISTENER = 7,    ///< none of them; never told anything
+  MAX_LISTENER = 7,    ///< none of them; receives no event
 };
 
 /// Root of the listener interfaces. Applications derive from one of the seven interfaces, never from this.
@@ -25,7 +25,8 @@ enum MWPBtListenerType : int {
 /// destroyed inside a callback; it is never called after its destruction. Construct and destroy listeners on
 /// the thread that runs the loop, since an event on another thread could find them half built.
 ///
-/// An exception that a callback throws is logged and goes no further.
+/// An exception that a callback throws is logged and goes no further. If it is the constructor of another
+/// listener that throws inside the callback, that listener is unregistered again and never called.
 class MWP_BT_API IMWPBtListenerBase {
  public:
   IMWPBtListenerBase();

@@ -8,7 +8,7 @@
 #include <bluetooth/MWPBtType.h>
 
 /// Events of music and browsing; the requests are in MWPBtMedia. Override what is needed: every method does
-/// nothing by default. IMWPBtListenerBase tells when and on which thread they are called.
+/// nothing by default. IMWPBtListenerBase describes when and on which thread they are called.
 class MWP_BT_API IMWPBtMediaListener : public IMWPBtListenerBase {
  public:
   IMWPBtMediaListener();

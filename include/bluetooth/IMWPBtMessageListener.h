@@ -8,7 +8,7 @@
 #include <bluetooth/MWPBtType.h>
 
 /// Events of messages; the requests are in MWPBtMessage. Override what is needed: every method does nothing
-/// by default. IMWPBtListenerBase tells when and on which thread they are called.
+/// by default. IMWPBtListenerBase describes when and on which thread they are called.
 class MWP_BT_API IMWPBtMessageListener : public IMWPBtListenerBase {
  public:
   IMWPBtMessageListener();

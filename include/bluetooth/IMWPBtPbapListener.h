@@ -6,7 +6,7 @@
 #include <bluetooth/MWPBtType.h>
 
 /// Events of the phone book and the call logs; the requests are in MWPBtPbap. Override what is needed: every
-/// method does nothing by default. IMWPBtListenerBase tells when and on which thread they are called.
+/// method does nothing by default. IMWPBtListenerBase describes when and on which thread they are called.
 class MWP_BT_API IMWPBtPbapListener : public IMWPBtListenerBase {
  public:
   IMWPBtPbapListener();

@@ -6,7 +6,7 @@
 #include <bluetooth/MWPBtType.h>
 
 /// Events of calls and the state of the phone; the requests are in MWPBtPhone. Override what is needed: every
-/// method does nothing by default. IMWPBtListenerBase tells when and on which thread they are called.
+/// method does nothing by default. IMWPBtListenerBase describes when and on which thread they are called.
 class MWP_BT_API IMWPBtPhoneListener : public IMWPBtListenerBase {
  public:
   IMWPBtPhoneListener();
@@ -14,7 +14,7 @@ class MWP_BT_API IMWPBtPhoneListener : public IMWPBtListenerBase {
 
   /// The phone found (1) or lost (0) its network.
   virtual void OnMobileService(int onService);
-  /// The phone roams (1) or is at home (0).
+  /// The phone is roaming (1) or in its home network (0).
   virtual void OnRoamingStatusChanged(int roaming);
   /// Signal strength of the phone, 0 to 5 bars.
   virtual void OnBtSignalChanged(unsigned char signal);
@@ -22,9 +22,10 @@ class MWP_BT_API IMWPBtPhoneListener : public IMWPBtListenerBase {
   virtual void OnBtBatteryChanged(unsigned char battery);
   /// The calls changed: read them with MWPBtPhone::GetCurrentCallInfo.
   virtual void OnCurrentCallInfoChanged(int callCount);
-  /// How long a call lasts; active is 1 for the call one speaks in.
+  /// The duration of a call in seconds. active is 1 for the active call, 0 for one on hold.
   virtual void OnCallingTimeChanged(int seconds, int callId, int active);
-  /// A call changed its state; callCount is the number of calls after the change.
+  /// A call changed its state; BT_CALL_IDLE means that it ended. callId identifies it (see MWPBtPhone),
+  /// callCount is the number of calls after the change.
   virtual void OnCallStatusChanged(int callId, MWPBtType::CallStatus status, int callCount);
   /// An action on two calls became possible (1) or impossible (0).
   virtual void OnConferenceChanged(MWPBtType::CallAction action, int supported);

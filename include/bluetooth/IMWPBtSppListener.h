@@ -8,7 +8,7 @@
 #include <bluetooth/MWPBtType.h>
 
 /// Events of serial-port channels and HID; the requests are in MWPBtSpp. Override what is needed: every
-/// method does nothing by default. IMWPBtListenerBase tells when and on which thread they are called.
+/// method does nothing by default. IMWPBtListenerBase describes when and on which thread they are called.
 class MWP_BT_API IMWPBtSppListener : public IMWPBtListenerBase {
  public:
   IMWPBtSppListener();

@@ -15,8 +15,11 @@
 /// succeeded, and after MWP_DestroyBlueTooth(), a method does nothing, leaves its out arguments as they are,
 /// and answers 0. Every request blocks until the service has answered (at most 25 seconds), may be made from
 /// any thread, and makes the service call of its own name unless said otherwise; a failed call is logged and
-/// answered with 0. A non-zero answer says that the service took the request on; its outcome arrives as an
-/// event.
+/// answered with 0. A result that is not 0 means that the service accepted the request; the outcome arrives
+/// as an event.
+///
+/// Pass 0 or 1 where an argument means yes or no: only its lowest byte reaches the service, so 256 counts as
+/// 0.
 class MWP_BT_API MWPBtMedia {
  public:
   MWPBtMedia();
@@ -27,11 +30,14 @@ class MWP_BT_API MWPBtMedia {
   MWPTypeConnectionState GetMediaConnectionState();
   /// Opens (1) or closes (0) the audio output for Bluetooth music.
   int EnableAudioDevice(int enable);
-  /// command -1 asks the audio source manager for the focus, 3 confirms the focus (with confirmation) and
-  /// opens the audio output, 4 confirms its loss; these answer 1. Any other command goes to the player as it
-  /// is, and confirmation is not used.
+  /// Three commands concern the audio focus. -1 requests it from the audio source manager, 3 confirms it
+  /// (passing on confirmation) and opens the audio output, 4 confirms its loss (passing on confirmation). Any
+  /// other command is sent to the service as it is, without confirmation: btservice plays, whichever number
+  /// it gets, so use 0. Answers 1 in every case once the library is started, whether or not the player obeys;
+  /// watch for OnBtMusicPlayChanged.
   int PlayMusic(int command, int confirmation);
-  /// Pauses the player. Answers 1 whatever the service says; a failed call is not logged.
+  /// Pauses the player. Answers 1 whatever the service answers; a failed call is not logged. mute is sent to
+  /// the service; btservice pauses in either case.
   int StopMusic(int mute);
   /// To the previous track.
   int PreviousMusic();
@@ -47,11 +53,11 @@ class MWP_BT_API MWPBtMedia {
   int StopFastReverse();
   /// The MWPBtType::MusicPlayStatus of the player.
   int GetMusicPlayStatus();
-  /// Lets OnCurPositionChanged come in this period, or not at all (enable 0).
+  /// Requests (enable 1) that OnCurPositionChanged arrives at this interval, or cancels that (0).
   int RegGetPlayStatus(int enable, int milliseconds);
   /// Position in the track and its length in milliseconds; both 0 if the call fails.
   int GetCurPlayPosition(int& position, int& totalLength);
-  /// Lets OnMediaInfoChanged come in this period, or not at all (enable 0).
+  /// Requests (enable 1) that OnMediaInfoChanged arrives at this interval, or cancels that (0).
   int RegGetMediaInfo(int enable, int milliseconds);
   /// The track being played; info stays as it was if the call fails.
   int GetMediaInfo(MWPTypeMediaInfo& info);

@@ -12,8 +12,16 @@
 /// The object carries no state: construct one wherever it is needed. Until MWP_CreateBlueTooth() has
 /// succeeded, and after MWP_DestroyBlueTooth(), a method does nothing and answers 0. Every request blocks
 /// until the service has answered (at most 25 seconds), may be made from any thread, and makes the service
-/// call of its own name unless said otherwise; a failed call is logged and answered with 0. Results named
-/// "accepted" are non-zero if the service took the request on: its outcome arrives as an event.
+/// call of its own name unless said otherwise; a failed call is logged and answered with 0. Where
+/// "accepted" is written, a result that is not 0 means that the service accepted the request, and the outcome
+/// arrives as an event.
+///
+/// The lists are the exception to "any thread". The service writes all call logs into one segment, and the
+/// contacts into another, for all threads and processes; asking for a list and reading it are two steps, and
+/// nothing is locked in between. If two ask at the same time, one may read what the other asked for: the
+/// missed calls instead of all calls, or a list that is just being written. Fetch lists on one thread of the
+/// application, and check the log each entry belongs to (btservice: MWPTypeCallLog::nValue2), since another
+/// process may ask as well.
 class MWP_BT_API MWPBtPbap {
  public:
   MWPBtPbap();
@@ -21,12 +29,12 @@ class MWP_BT_API MWPBtPbap {
 
   /// Begins a download. Accepted; OnPBDownloadStatus and OnPbDownloadCountChanged follow.
   int StartPhoneBookDownload(MWPBtType::PbapType type);
-  /// Stops it.
+  /// Stops the download.
   int StopPhoneBookDownload();
   /// The phone book: asks the service to publish it, and reads it from shared memory. The list is replaced,
   /// unless the call fails, which leaves it as it was. Answers 1 in either case: look at the list. Nodes,
-  /// strings and vectors that the list already holds are used again, so that fetching into the list of a
-  /// previous call costs least.
+  /// strings and vectors that the list already holds are used again, so fetching into the list of a previous
+  /// call is cheapest.
   int GetContactList(std::list<MWPTypeContact>& contacts);
   /// The favourite contacts, as GetContactList.
   int GetFavContactList(std::list<MWPTypeContact>& contacts);
@@ -36,8 +44,9 @@ class MWP_BT_API MWPBtPbap {
   int GetContactCount();
   /// Deletes all contacts. Accepted; the outcome is OnDeletePhoneBookChanged.
   int ClearContact();
-  /// A call log: asks the service to publish it, and reads it from shared memory. The entries are appended to
-  /// logs, which is not cleared first. Answers 1 if the call fails, and logs stays as it was.
+  /// A call log: asks the service to publish it, and reads it from shared memory, where by then another
+  /// thread's or process's log may be (see above). The entries are appended to logs, which is not cleared
+  /// first. Answers 1 if the call fails, and logs stays as it was.
   int GetCallLogList(CallLogType type, std::list<MWPTypeCallLog>& logs);
   /// Deletes an entry of the call logs.
   int DeleteCallLogById(int id);

@@ -13,7 +13,14 @@
 /// succeeded, and after MWP_DestroyBlueTooth(), a method does nothing and answers 0 or an empty string. Every
 /// request blocks until the service has answered (at most 25 seconds), may be made from any thread, and makes
 /// the service call of its own name unless said otherwise; a failed call is logged and answered with 0.
-/// A non-zero answer says that the service took the request on; its outcome arrives as an event.
+/// A result that is not 0 means that the service accepted the request; the outcome arrives as an event.
+///
+/// Pass 0 or 1 where an argument means yes or no: only its lowest byte reaches the service, so 256 counts as
+/// 0.
+///
+/// A callId identifies a call for as long as it lasts. It is reported by
+/// IMWPBtPhoneListener::OnCallStatusChanged, and btservice also writes it to MWPTypeCallSlot::nValue1.
+/// btservice gives a call the smallest free id, beginning with 1.
 class MWP_BT_API MWPBtPhone {
  public:
   MWPBtPhone();
@@ -26,15 +33,18 @@ class MWP_BT_API MWPBtPhone {
   int AcceptCall();
   /// Rejects the incoming or waiting call.
   int RejectCall();
-  /// Hangs up.
+  /// Ends the call.
   int TerminateCall();
   /// Dials a number.
   int DialCall(const std::string& number);
   /// Dials the last number again.
   int RedialCall();
-  /// Swaps, joins or releases calls.
+  /// Swaps, joins or releases calls. callId is 0 for the calls that the action concerns by itself. btservice
+  /// answers 0 for an id that no call has, and heeds an id in two cases: BT_CALL_RELEASE_ACTIVE releases that
+  /// call alone, and BT_CALL_HOLD_ACTIVE of a call in a conference holds the others, to speak with that one
+  /// in private.
   int MultipleWayCall(MWPBtType::CallAction action, int callId);
-  /// The MWPBtType::CallStatus of a call.
+  /// The MWPBtType::CallStatus of a call; BT_CALL_IDLE if no call has this id.
   int GetCurCallStatus(int callId);
   /// The current calls, read from shared memory without a service call. Answers 1; with no data the count is
   /// 0 and the rest stays as it was. While the library is not initialised it answers 0 and info stays as it

@@ -9,6 +9,10 @@
 
 // The records of the interface: plain values that own their strings and containers. All text is UTF-8. A
 // Bluetooth address is text of 17 characters, six pairs of hexadecimal digits separated by ':'.
+//
+// The library carries the fields named strText and nValue from shared memory without looking at them: the
+// service gives them their meaning. The comments state what btservice, the simulated service, writes. A
+// service of another make may use them differently.
 
 /// A paired or connected remote device.
 struct MWPTypeDevice {
@@ -21,45 +25,47 @@ struct MWPTypeDevice {
   MWPBtType::ConnStatus eConnectStatus = MWPBtType::BT_CONN_DISCONNECTED;
 };
 
-/// The numbers of one kind in a contact (home, work, mobile, ...).
+/// The telephone numbers of one kind in a contact.
 struct MWPTypeContactNumber {
-  int nType = 0;  ///< kind of number, as numbered by the service
-  std::vector<std::string> vecValues;
+  int nType = 0;                       ///< btservice: 0 other, 1 mobile, 2 home, 3 work
+  std::vector<std::string> vecValues;  ///< the numbers
 };
 
 /// One entry of the phone book.
 struct MWPTypeContact {
-  int nContactId = -1;  ///< the id that MWPBtPbap::DeleteContactById and SetContactFavorite take
-  std::string strText1;
-  std::string strText2;
+  int nContactId = -1;   ///< the id that MWPBtPbap::DeleteContactById and SetContactFavorite take
+  std::string strText1;  ///< btservice: first name
+  std::string strText2;  ///< btservice: family name
   std::list<MWPTypeContactNumber> listNumbers;
 };
 
-/// One entry of a call log. Its texts and values are carried as the service wrote them.
+/// One entry of a call log.
 struct MWPTypeCallLog {
-  int nLogId = 0;  ///< the id that MWPBtPbap::DeleteCallLogById takes
-  std::string strText1;
-  std::string strText2;
-  std::string strText3;
-  std::string strText4;
-  std::string strText5;
-  int nValue1 = -1;
-  int nValue2 = 6;
+  int nLogId = 0;        ///< the id that MWPBtPbap::DeleteCallLogById takes
+  std::string strText1;  ///< btservice: name of the other party, empty if it is not known
+  std::string strText2;  ///< btservice: number of the other party
+  std::string strText3;  ///< btservice: date, as in 2026-05-31
+  std::string strText4;  ///< btservice: time of day, as in 18:05:00
+  std::string
+      strText5;      ///< btservice: duration of the call in seconds, as decimal text; "0" if nobody answered
+  int nValue1 = -1;  ///< btservice: nContactId of the contact with this number, -1 if there is none
+  int nValue2 = 6;   ///< btservice: the log the entry belongs to: 1 incoming, 2 outgoing, 3 missed
 };
 
-/// One of the two calls that a phone can hold at a time.
+/// One call.
 struct MWPTypeCallSlot {
-  int nValue1 = 0;
-  int nValue2 = 0;
-  int nValue3 = 0;
-  int nValue4 = 0;
-  std::string strText1;
-  std::string strText2;
-  std::string strText3;
-  int nValue5 = 0;
+  int nValue1 = 0;       ///< btservice: the callId; 0 in a slot without a call
+  int nValue2 = 0;       ///< btservice: MWPBtType::CallStatus
+  int nValue3 = 0;       ///< btservice: 1 incoming, 0 outgoing
+  int nValue4 = 0;       ///< btservice: 1 if the call is part of a conference, else 0
+  std::string strText1;  ///< btservice: number of the other party
+  std::string strText2;  ///< btservice: name of the other party, empty if it is not known
+  std::string strText3;  ///< btservice: Bluetooth address of the phone
+  int nValue5 = 0;       ///< btservice: seconds since the call was answered
 };
 
-/// The current calls. Both slots are read, whatever nCallCount says.
+/// The current calls. Both slots are read, whatever nCallCount says. btservice puts the active call first,
+/// and counts in nCallCount also a third call, for which there is no slot.
 struct MWPTypeCallInfo {
   int nCallCount = 0;
   MWPTypeCallSlot callSlot1;
@@ -90,7 +96,7 @@ struct MWPTypeConnectionState {
   std::string address;                      ///< the device, empty if there is none
 };
 
-/// A message. Its texts and values are carried as the service wrote them.
+/// A message. No service fills one in: MWPBtMessage only returns default records.
 struct MWPTypeMessage {
   std::string strText1;
   int nValue1 = 3;
@@ -102,7 +108,7 @@ struct MWPTypeMessage {
   int nValue2 = 1;
 };
 
-/// A folder or track met while browsing the player.
+/// A folder or track found while browsing the player.
 struct MWPTypeMediaItem {
   std::string strUid;      ///< the id that MWPBtMedia::PlayItem and FolderDown take
   std::string strName;     ///< name to show

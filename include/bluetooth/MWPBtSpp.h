@@ -11,8 +11,8 @@
 /// The object carries no state: construct one wherever it is needed. Until MWP_CreateBlueTooth() has
 /// succeeded, and after MWP_DestroyBlueTooth(), a method does nothing and answers 0. Every request blocks
 /// until the service has answered (at most 25 seconds), may be made from any thread, and makes the service
-/// call of its own name unless said otherwise; a failed call is logged and answered with 0. A non-zero answer
-/// says that the service took the request on; its outcome arrives as an event.
+/// call of its own name unless said otherwise; a failed call is logged and answered with 0. A result that is
+/// not 0 means that the service accepted the request; the outcome arrives as an event.
 class MWP_BT_API MWPBtSpp {
  public:
   MWPBtSpp();

@@ -3,7 +3,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/events.cmake OPTIONAL)
 add_library(bt_test_contract STATIC contract/AdapterCalls.cpp contract/WireValues.cpp)
 target_link_libraries(bt_test_contract PUBLIC bt_test_support bt_internal PRIVATE bt_warnings GTest::gtest)
 
-bt_add_test(NAME contract_requests SOURCES requests_test.cpp LIBS bt_test_contract)
+bt_add_test(NAME contract_requests SOURCES booleans_test.cpp requests_test.cpp LIBS bt_test_contract)
 bt_add_test(NAME contract_time_limit SOURCES time_limit_test.cpp LIBS bt_test_contract ${CMAKE_DL_LIBS})
 bt_add_test(NAME contract_error_lines SOURCES error_lines_test.cpp LIBS bt_test_contract)
 target_compile_definitions(contract_error_lines PRIVATE BTTEST_IPC_SOURCES="${CMAKE_SOURCE_DIR}/ipc")

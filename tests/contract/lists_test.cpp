@@ -2,6 +2,7 @@
 
 #include <list>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -170,6 +171,27 @@ TEST_F(Lists, CallLogsAreAppendedSoThatFetchingTwiceYieldsEveryEntryTwice) {
   EXPECT_EQ(ids, (std::vector<int>{10, 20, 10, 20}));
   EXPECT_EQ(m_recorder.TakeCallTexts(),
             (std::vector<std::string>{"GetCallLogList(byte 0x03,)", "GetCallLogList(byte 0x02,)"}));
+}
+
+TEST_F(Lists, ALogThatSomebodyElseAskedForMeanwhileIsWhatIsReadAndItsEntriesSayWhichItIs) {
+  // Asking and reading are two steps, and everybody shares one segment.
+  constexpr int kMissed = 3;
+  constexpr int kOutgoing = 2;
+  const auto publish = [](int log) {
+    Packer packer;
+    packer.Int(1).Int(5).Int(-1).Int(log).Text("").Text("").Text("").Text("").Text("");
+    packer.Publish(SH_CALL_LOG_LIST);
+  };
+  m_recorder.Hang("GetCallLogList");
+  std::list<MWPTypeCallLog> logs;
+  std::thread asking([&] { m_adapter.GetCallLogList(CALL_LOG_MISSED, logs); });
+  EXPECT_TRUE(m_recorder.WaitForCalls(1));
+  publish(kMissed);
+  publish(kOutgoing);  // for somebody else
+  m_recorder.Release("GetCallLogList");
+  asking.join();
+  ASSERT_EQ(logs.size(), 1u);
+  EXPECT_EQ(logs.front().nValue2, kOutgoing);
 }
 
 TEST_F(Lists, AMissingSegmentClearsContactsAndLeavesCallLogs) {

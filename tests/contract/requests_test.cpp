@@ -236,13 +236,13 @@ TEST_F(Requests, CutToAByteWhatTheInterfaceCarriesAsOne) {
           "MultipleWayCall(byte 0x05, 773)", "SetCurPlayMode((byte 0x05, byte 0xfe),)"}));
 }
 
-TEST_F(Requests, OtherIntegersTravelUnchangedAndAnyTrueValueIsTrue) {
-  m_adapter.SetScanAction(2);
-  m_adapter.DeletePairDevice("a", -1);
-  m_adapter.RegGetPlayStatus(-2, 100000);
+TEST_F(Requests, OtherIntegersTravelUnchanged) {
+  m_adapter.MovePairDevicePosion("a", -3);
+  m_adapter.RegGetPlayStatus(1, 100000);
+  m_adapter.PlayMusic(-2);
   EXPECT_EQ(m_recorder.TakeCallTexts(),
-            (std::vector<std::string>{"SetScanAction(true,)", "DeletePairDevice('a', true)",
-                                      "RegGetPlayStatus(true, 100000)"}));
+            (std::vector<std::string>{"MovePairDevicePosion('a', -3)", "RegGetPlayStatus(true, 100000)",
+                                      "PlayMusic(-2,)"}));
 }
 
 TEST_F(Requests, AnswerPairSendsThePinFirst) {

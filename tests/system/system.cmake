@@ -1,6 +1,7 @@
 # How the library behaves as a whole: with a bus and a second process, or without, and in good worlds and bad.
-bt_add_test(NAME system_lifecycle SOURCES lifecycle_test.cpp app_manager_test.cpp after_destroy_test.cpp
-            connecting_by_hand_test.cpp destroy_locks_test.cpp)
+bt_add_test(NAME system_lifecycle SOURCES lifecycle_test.cpp address_space_test.cpp after_destroy_test.cpp
+            app_manager_locks_test.cpp app_manager_test.cpp connecting_by_hand_test.cpp destroy_locks_test.cpp
+            set_power_test.cpp)
 bt_add_test(NAME system_construction SOURCES construction_test.cpp)
 bt_add_test(NAME system_connect SOURCES connect_test.cpp log_fallback_test.cpp)
 target_compile_definitions(system_connect PRIVATE BTTEST_RECORDER="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/bt_recorder")
@@ -24,3 +25,7 @@ if(BT_BUILD_SIMULATION)
   bt_add_test(NAME system_end_to_end SOURCES end_to_end_test.cpp)
   add_dependencies(system_end_to_end btservice)
 endif()
+bt_add_test(NAME system_service_values SOURCES service_values_test.cpp)
+target_compile_definitions(system_service_values PRIVATE
+  BTTEST_WORLD="${CMAKE_CURRENT_LIST_DIR}/service_values_world.json")
+add_dependencies(system_service_values btservice)

@@ -58,5 +58,44 @@ TEST_F(ThrowingListener, TheRegistryIsNotLeftLocked) {
   std::thread([] { PowerEvents another; }).join();  // would wait for ever
 }
 
+/// Never comes to be: it has registered by the time it throws.
+class HalfBuilt : public IMWPBtComListener {
+ public:
+  explicit HalfBuilt(int& calls) : m_calls(calls) { throw std::runtime_error("not today"); }
+  void OnOpenBtStatusChanged(MWPBtType::PowerStatus) override { ++m_calls; }
+
+ private:
+  int& m_calls;
+};
+
+/// Constructs one of those in its callback.
+class Constructor : public IMWPBtComListener {
+ public:
+  void OnOpenBtStatusChanged(MWPBtType::PowerStatus) override { HalfBuilt never(callsOfHalfBuilt); }
+  int callsOfHalfBuilt = 0;
+};
+
+struct ThrowingConstructor : Started {
+  struct {
+    PowerEvents first;
+    Constructor constructor;
+    PowerEvents last;
+  } listeners;
+};
+
+TEST_F(ThrowingConstructor, InsideACallbackLeavesNoListenerBehindAndTheOthersAreTold) {
+  const std::size_t registered = Client::GetInstance()->GetListenerCount();
+  LogCapture log;
+  EmitPower(service, MWPBtType::BT_POWER_ON);
+  EmitPower(service, MWPBtType::BT_POWER_OFF);
+  EXPECT_TRUE(RunUntil([&] { return listeners.last.Seen().size() >= 2; }));
+  EXPECT_THAT(listeners.first.Seen(), SizeIs(2));
+  EXPECT_EQ(Client::GetInstance()->GetListenerCount(), registered);
+  EXPECT_EQ(listeners.constructor.callsOfHalfBuilt, 0);
+  const auto errors = log.OfLevel(100);
+  ASSERT_THAT(errors, SizeIs(2)) << "one for each event";
+  EXPECT_NE(errors[0].message.find("not today"), std::string::npos) << errors[0].message;
+}
+
 }  // namespace
 }  // namespace bttest
