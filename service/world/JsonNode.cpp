@@ -1,12 +1,13 @@
 #include "service/world/JsonNode.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
-#include <fstream>
 #include <iterator>
-#include <sstream>
+#include <memory>
 
 #include <nlohmann/json.hpp>
 
@@ -174,15 +175,22 @@ JsonNode ParseJson(const std::string& text, const std::string& fileName) {
 }
 
 std::string ReadFile(const std::string& fileName) {
-  std::ifstream file(fileName, std::ios::binary);
-  std::ostringstream contents;
-  if (file) {
-    contents << file.rdbuf();
+  const auto refuse = [&fileName]() -> std::runtime_error {
+    return std::runtime_error(fileName + ": cannot be read: " + std::strerror(errno));
+  };
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(fileName.c_str(), "rb"), std::fclose);
+  if (file == nullptr) {
+    throw refuse();
   }
-  if (!file) {
-    throw std::runtime_error(fileName + ": cannot be read: " + std::strerror(errno));
+  std::string contents;
+  std::array<char, 65536> part{};
+  while (const std::size_t size = std::fread(part.data(), 1, part.size(), file.get())) {
+    contents.append(part.data(), size);
   }
-  return contents.str();
+  if (std::ferror(file.get()) != 0) {
+    throw refuse();  // a directory can be opened, but not be read
+  }
+  return contents;
 }
 
 }  // namespace btservice

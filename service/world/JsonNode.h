@@ -40,7 +40,7 @@ std::string Describe(const JsonNode& node);
 /// twice.
 JsonNode ParseJson(const std::string& text, const std::string& fileName);
 
-/// The contents of a file. Throws FileError.
+/// The contents of a file. Throws std::runtime_error with the reason if it cannot be read.
 std::string ReadFile(const std::string& fileName);
 
 }  // namespace btservice

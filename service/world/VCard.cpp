@@ -1,70 +1,39 @@
 #include "service/world/VCard.h"
 
-#include <algorithm>
-#include <cctype>
 #include <optional>
+#include <string_view>
+#include <utility>
 
 #include "service/model/Contacts.h"
-#include "service/world/JsonNode.h"
+#include "service/world/AsciiCase.h"
+#include "service/world/Charset.h"
+#include "service/world/VCardProperty.h"
 
 namespace btservice {
 namespace {
 
-struct Property {
-  int line = 1;
-  std::string name;                     ///< upper case, without its group
-  std::vector<std::string> parameters;  ///< upper case: "TYPE=CELL,VOICE" or "CELL"
-  std::string value;
-};
+constexpr std::string_view kVCard = "VCARD";
+constexpr std::size_t kMostProblems = 20;
+constexpr std::size_t kLongestQuotation = 60;  // bytes
 
-std::string UpperCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
-  return text;
-}
-
-bool HasParameter(const Property& property, const std::string& wanted) {
-  return std::any_of(
-      property.parameters.begin(), property.parameters.end(),
-      [&](const std::string& parameter) { return parameter.find(wanted) != std::string::npos; });
-}
-
-std::vector<std::string> Split(const std::string& text, char separator) {
-  std::vector<std::string> parts(1);
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\\' && i + 1 < text.size()) {
-      parts.back() += text[i];
-      parts.back() += text[++i];
-    } else if (text[i] == separator) {
-      parts.emplace_back();
-    } else {
-      parts.back() += text[i];
-    }
+/// What is quoted of a file that makes no sense: short, and fit for a log.
+std::string Quote(std::string_view bytes) {
+  std::string text(bytes.substr(0, kLongestQuotation));
+  for (char& c : text) {
+    c = g_ascii_iscntrl(c) != FALSE ? '?' : c;
   }
-  return parts;
+  g_autofree gchar* valid = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
+  return "'" + std::string(valid) + (text.size() < bytes.size() ? "...'" : "'");
 }
 
-/// Takes the backslashes out.
-std::string Unescape(const std::string& text) {
+std::string DecodeQuotedPrintable(std::string_view text) {
   std::string plain;
+  plain.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\\' && i + 1 < text.size()) {
-      ++i;
-      plain += text[i] == 'n' || text[i] == 'N' ? ' ' : text[i];
-    } else {
-      plain += text[i];
-    }
-  }
-  return plain;
-}
-
-std::string DecodeQuotedPrintable(const std::string& text) {
-  std::string plain;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool isCoded = text[i] == '=' && i + 2 < text.size() && std::isxdigit(text[i + 1] & 0xFF) != 0 &&
-                         std::isxdigit(text[i + 2] & 0xFF) != 0;
+    const bool isCoded = text[i] == '=' && i + 2 < text.size() && g_ascii_isxdigit(text[i + 1]) != FALSE &&
+                         g_ascii_isxdigit(text[i + 2]) != FALSE;
     if (isCoded) {
-      plain += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
+      plain += static_cast<char>(g_ascii_xdigit_value(text[i + 1]) * 16 + g_ascii_xdigit_value(text[i + 2]));
       i += 2;
     } else {
       plain += text[i];
@@ -73,120 +42,187 @@ std::string DecodeQuotedPrintable(const std::string& text) {
   return plain;
 }
 
-/// The properties of the text, one for each logical line.
-class PropertyReader {
- public:
-  PropertyReader(const std::string& text, const std::string& fileName) : m_text(text), m_fileName(fileName) {}
-
-  std::optional<Property> Next() {
-    std::string line;
-    do {
-      if (m_place >= m_text.size()) {
-        return std::nullopt;
-      }
-      line = PhysicalLine();
-    } while (line.find_first_not_of(" \t") == std::string::npos);
-    Property property;
-    property.line = m_line;
-    while (m_place < m_text.size() && (m_text[m_place] == ' ' || m_text[m_place] == '\t')) {
-      line += PhysicalLine().substr(1);  // folded
-    }
-    const std::size_t colon = line.find(':');
-    if (colon == std::string::npos) {
-      throw FileError(m_fileName, property.line, "expected a property such as TEL:112, got '" + line + "'");
-    }
-    property.parameters = Split(UpperCase(line.substr(0, colon)), ';');
-    property.name = property.parameters.front();
-    property.parameters.erase(property.parameters.begin());
-    property.name.erase(0, property.name.find('.') + 1);
-    property.value = line.substr(colon + 1);
-    if (HasParameter(property, "QUOTED-PRINTABLE")) {
-      while (!property.value.empty() && property.value.back() == '=' && m_place < m_text.size()) {
-        property.value.pop_back();
-        property.value += PhysicalLine();
-      }
-      property.value = DecodeQuotedPrintable(property.value);
-    }
-    return property;
-  }
-  int Line() const { return m_line; }
-
- private:
-  std::string PhysicalLine() {
-    const std::size_t end = std::min(m_text.find('\n', m_place), m_text.size());
-    std::string line = m_text.substr(m_place, end - m_place);
-    m_place = end + 1;
-    ++m_line;
-    if (!line.empty() && line.back() == '\r') {
-      line.pop_back();
-    }
-    return line;
-  }
-
-  const std::string& m_text;
-  const std::string& m_fileName;
-  std::size_t m_place = 0;
-  int m_line = 0;
-};
-
-NumberType TypeOf(const Property& telephone) {
-  if (HasParameter(telephone, "CELL")) {
-    return NUMBER_MOBILE;
-  }
-  if (HasParameter(telephone, "HOME")) {
-    return NUMBER_HOME;
-  }
-  return HasParameter(telephone, "WORK") ? NUMBER_WORK : NUMBER_OTHER;
+std::string DecodeBase64(std::string_view text) {
+  gsize size = 0;
+  g_autofree guchar* bytes = g_base64_decode(std::string(text).c_str(), &size);
+  return std::string(reinterpret_cast<const char*>(bytes), size);
 }
 
-void AddTelephone(Contact& contact, const Property& telephone) {
-  std::string number = Unescape(telephone.value);
-  if (UpperCase(number).rfind("TEL:", 0) == 0) {
-    number.erase(0, 4);  // version 4 writes it as a URI
+/// Takes the part up to the separator off the text, and the backslashes out of the part.
+std::string TakePart(std::string_view& rest, char separator) {
+  std::string part;
+  std::size_t i = 0;
+  for (; i < rest.size() && rest[i] != separator; ++i) {
+    const bool isEscaped = rest[i] == '\\' && i + 1 < rest.size();
+    i += isEscaped ? 1 : 0;
+    part += isEscaped && (rest[i] == 'n' || rest[i] == 'N') ? ' ' : rest[i];
+  }
+  rest.remove_prefix(i < rest.size() ? i + 1 : i);
+  return part;
+}
+
+std::string Unescape(std::string_view text) {
+  constexpr char kNoSeparator = '\0';  // there is no control character in the text
+  return TakePart(text, kNoSeparator);
+}
+
+NumberType TypeOf(const VCardProperty& telephone) {
+  if (telephone.HasType("CELL")) {
+    return NUMBER_MOBILE;
+  }
+  if (telephone.HasType("HOME")) {
+    return NUMBER_HOME;
+  }
+  return telephone.HasType("WORK") ? NUMBER_WORK : NUMBER_OTHER;
+}
+
+void AddTelephone(Contact& contact, const VCardProperty& telephone, const std::string& value) {
+  constexpr std::string_view kScheme = "tel:";  // version 4 writes a number as a URI
+  std::string number = Unescape(value);
+  if (IsSameWord(std::string_view(number).substr(0, kScheme.size()), kScheme)) {
+    number.erase(0, kScheme.size());
   }
   if (!number.empty()) {
     AddNumber(contact, TypeOf(telephone), number);
   }
 }
 
-void Apply(Contact& contact, std::string& fullName, const Property& property) {
-  if (property.name == "N") {
-    const std::vector<std::string> parts = Split(property.value, ';');
-    contact.familyName = Unescape(parts[0]);
-    contact.firstName = parts.size() > 1 ? Unescape(parts[1]) : "";
-  } else if (property.name == "FN") {
-    fullName = Unescape(property.value);
-  } else if (property.name == "TEL") {
-    AddTelephone(contact, property);
+/// The contact of one card, while its properties come in.
+struct Card {
+  Contact contact;
+  std::string fullName;
+  std::string problem;  ///< empty as long as all makes sense
+};
+
+class BookReader {
+ public:
+  BookReader(const std::string& text, const std::string& fileName) : m_fileName(fileName), m_reader(text) {
+    Advance();
   }
-}
+
+  VCards Read() {
+    while (m_isThere) {
+      if (IsBegin()) {
+        ReadCard();
+      } else {
+        Skip(Problem(m_property.line, Expected("BEGIN:VCARD")));
+        do {
+          Advance();
+        } while (m_isThere && !IsBegin());
+      }
+    }
+    return std::move(m_cards);
+  }
+
+ private:
+  void Advance() { m_isThere = m_reader.Next(m_property); }
+
+  bool IsBegin() const {
+    return m_property.Is("BEGIN") && IsSameWord(m_property.value.substr(0, kVCard.size()), kVCard);
+  }
+
+  /// Goes behind the END of the card that begins here; if it has none, to the next card.
+  void ReadCard() {
+    Card card;
+    const int firstLine = m_property.line;
+    int cardsInside = 0;  // old cards may hold the card of an agent, which is not read
+    bool isAfterAgent = false;
+    for (Advance(); m_isThere && (!IsBegin() || isAfterAgent); Advance()) {
+      if (IsBegin()) {
+        ++cardsInside;
+      } else if (m_property.Is("END") && cardsInside > 0) {
+        --cardsInside;
+      } else if (m_property.Is("END")) {
+        Advance();
+        Finish(card);
+        return;
+      } else if (cardsInside == 0 && card.problem.empty()) {
+        Take(card);
+      }
+      isAfterAgent = m_property.Is("AGENT") && m_property.value.empty();
+    }
+    Skip(!card.problem.empty()
+             ? card.problem
+             : Problem(m_isThere ? m_property.line : m_reader.Line(),
+                       "the card begun in line " + std::to_string(firstLine) + " has no END:VCARD"));
+  }
+
+  /// Applies the property to the card.
+  void Take(Card& card) {
+    const bool isName = m_property.Is("N");
+    const bool isFullName = m_property.Is("FN");
+    if (m_property.name.empty()) {
+      card.problem = Problem(m_property.line, Expected("a property such as TEL:112"));
+    } else if (isName || isFullName || m_property.Is("TEL")) {
+      const std::optional<std::string> value = Decoded();
+      if (!value) {
+        const std::string charset = m_property.charset.empty() ? "UTF-8" : Quote(m_property.charset);
+        card.problem =
+            Problem(m_property.line, "expected a text in " + charset + ", got " + Quote(m_property.value));
+      } else if (isName) {
+        std::string_view parts = *value;
+        card.contact.familyName = TakePart(parts, ';');
+        card.contact.firstName = TakePart(parts, ';');
+      } else if (isFullName) {
+        card.fullName = Unescape(*value);
+      } else {
+        AddTelephone(card.contact, m_property, *value);
+      }
+    }
+  }
+
+  std::optional<std::string> Decoded() {
+    switch (m_property.encoding) {
+      case VCardProperty::Encoding::QUOTED_PRINTABLE:
+        return m_charset.ToUtf8(DecodeQuotedPrintable(m_property.value), m_property.charset);
+      case VCardProperty::Encoding::BASE64:
+        return m_charset.ToUtf8(DecodeBase64(m_property.value), m_property.charset);
+      case VCardProperty::Encoding::NONE:
+        break;
+    }
+    return m_charset.ToUtf8(m_property.value, m_property.charset);
+  }
+
+  void Finish(Card& card) {
+    if (!card.problem.empty()) {
+      Skip(card.problem);
+      return;
+    }
+    if (card.contact.firstName.empty() && card.contact.familyName.empty()) {
+      card.contact.familyName = card.fullName;
+    }
+    card.contact.id = static_cast<int>(m_cards.contacts.size()) + 1;
+    m_cards.contacts.push_back(std::move(card.contact));
+  }
+
+  std::string Expected(const std::string& what) const {
+    return "expected " + what + ", got " +
+           Quote(m_property.name.empty() ? m_property.value : m_property.name);
+  }
+
+  std::string Problem(int line, const std::string& what) const {
+    return m_fileName + ":" + std::to_string(line) + ": " + what;
+  }
+
+  void Skip(const std::string& problem) {
+    ++m_cards.skipped;
+    if (m_cards.problems.size() < kMostProblems) {
+      m_cards.problems.push_back(problem);
+    }
+  }
+
+  const std::string& m_fileName;
+  VCardPropertyReader m_reader;
+  VCardProperty m_property;  ///< the one that is looked at
+  bool m_isThere = false;    ///< false at the end of the text
+  Charset m_charset;
+  VCards m_cards;
+};
 
 }  // namespace
 
-std::vector<Contact> ParseVCards(const std::string& text, const std::string& fileName) {
-  std::vector<Contact> contacts;
-  PropertyReader reader(text, fileName);
-  while (const std::optional<Property> begin = reader.Next()) {
-    if (begin->name != "BEGIN" || UpperCase(begin->value) != "VCARD") {
-      throw FileError(fileName, begin->line, "expected BEGIN:VCARD, got '" + begin->name + "'");
-    }
-    Contact contact;
-    contact.id = static_cast<int>(contacts.size()) + 1;
-    std::string fullName;
-    std::optional<Property> property = reader.Next();
-    for (; property && property->name != "END"; property = reader.Next()) {
-      Apply(contact, fullName, *property);
-    }
-    if (!property) {
-      throw FileError(fileName, reader.Line(),
-                      "the card begun in line " + std::to_string(begin->line) + " has no END:VCARD");
-    }
-    if (contact.firstName.empty() && contact.familyName.empty()) {
-      contact.familyName = fullName;
-    }
-    contacts.push_back(contact);
-  }
-  return contacts;
+VCards ParseVCards(const std::string& text, const std::string& fileName) {
+  return BookReader(text, fileName).Read();
 }
 
 }  // namespace btservice

@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <utility>
+
+#define MWP_LOG_SOURCE "service/world/WorldFile"
+#include <mwp/MWPLog.h>
 
 #include "service/model/Contacts.h"
 #include "service/model/DeviceTable.h"
@@ -63,6 +67,19 @@ Contact ToContact(const PhoneBookSource::Person& person) {
   return contact;
 }
 
+/// The contacts of a vCard file. The log names the cards that are skipped.
+std::vector<Contact> ReadVCards(const std::string& file) {
+  VCards cards = ParseVCards(ReadFile(file), file);
+  for (const std::string& problem : cards.problems) {
+    MWP_LOG(MWP_LOG_WARNING, "%s; this card is skipped", problem.c_str());
+  }
+  if (cards.skipped > cards.problems.size()) {
+    MWP_LOG(MWP_LOG_WARNING, "%s: %zu more are skipped, and %zu contacts are read", file.c_str(),
+            cards.skipped - cards.problems.size(), cards.contacts.size());
+  }
+  return std::move(cards.contacts);
+}
+
 std::vector<Contact> ToContacts(const PhoneBookSource& source, const fs::path& folder) {
   std::vector<Contact> contacts;
   for (const PhoneBookSource::Person& person : source.contacts) {
@@ -70,7 +87,7 @@ std::vector<Contact> ToContacts(const PhoneBookSource& source, const fs::path& f
   }
   if (!source.vcard.empty()) {
     const std::string file = (folder / source.vcard).string();
-    const std::vector<Contact> cards = ParseVCards(ReadFile(file), file);
+    const std::vector<Contact> cards = ReadVCards(file);
     contacts.insert(contacts.end(), cards.begin(), cards.end());
   }
   const std::vector<Contact> madeUp = MadeUpContacts(source.generate);

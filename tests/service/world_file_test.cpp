@@ -8,6 +8,7 @@
 
 #include "service/world/JsonNode.h"
 #include "service/world/WorldFile.h"
+#include "support/LogCapture.h"
 #include "support/TemporaryDirectory.h"
 
 namespace btservice {
@@ -187,9 +188,35 @@ TEST_F(WorldFileTest, AVCardFileIsSearchedBesideTheWorld) {
   const WorldFile file = LoadWorld(Write(text));
   ASSERT_EQ(file.world.devices[0].phone.contacts.size(), 1U);
   EXPECT_EQ(file.world.devices[0].phone.contacts[0].familyName, "Baker");
-  Write("BEGIN:VCARD\nnonsense\n", "ben.vcf");
-  EXPECT_EQ(ProblemOf(text),
-            directory.Path().string() + "/ben.vcf:2: expected a property such as TEL:112, got 'nonsense'");
+}
+
+TEST_F(WorldFileTest, ASkippedCardIsReportedInTheLog) {
+  std::string cards = "BEGIN:VCARD\nnonsense\nEND:VCARD\nBEGIN:VCARD\nN:Baker;Ben\nEND:VCARD\n";
+  const std::string text = R"({"format": 1, "devices": [{"address": "00:1A:7D:DA:71:13", "name": "A",
+    "phoneBook": {"vcard": "ben.vcf"}}]})";
+  Write(cards, "ben.vcf");
+  bttest::LogCapture log;
+  EXPECT_EQ(LoadWorld(Write(text)).world.devices[0].phone.contacts.size(), 1U);
+  ASSERT_EQ(log.OfLevel(80).size(), 1U);
+  EXPECT_EQ(log.Messages()[0], directory.Path().string() +
+                                   "/ben.vcf:2: expected a property such as TEL:112, got 'nonsense'; "
+                                   "this card is skipped");
+  for (int i = 0; i < 100; ++i) {
+    cards += "BEGIN:VCARD\nnonsense\nEND:VCARD\n";
+  }
+  Write(cards, "ben.vcf");
+  log.Clear();
+  LoadWorld(Write(text));
+  ASSERT_EQ(log.OfLevel(80).size(), 21U) << "not one for each";
+  EXPECT_EQ(log.Messages().back(),
+            directory.Path().string() + "/ben.vcf: 81 more are skipped, and 1 contacts are read");
+}
+
+TEST_F(WorldFileTest, AVCardFileThatCannotBeReadRefusesTheWorld) {
+  const std::string begin = R"({"format": 1, "devices": [{"address": "00:1A:7D:DA:71:13", "name": "A",
+    "phoneBook": {"vcard": ")";
+  EXPECT_THAT(ProblemOf(begin + "nobody.vcf\"}}]}"), HasSubstr("nobody.vcf: cannot be read: No such file"));
+  EXPECT_THAT(ProblemOf(begin + ".\"}}]}"), HasSubstr("cannot be read: Is a directory"));
 }
 
 TEST_F(WorldFileTest, ASingleDeviceIsReadAlike) {

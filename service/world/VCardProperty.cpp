@@ -1,0 +1,209 @@
+#include "service/world/VCardProperty.h"
+
+#include <algorithm>
+
+#include "service/world/AsciiCase.h"
+
+namespace btservice {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kBlanks = " \t";
+
+bool IsBlank(std::string_view line) { return line.find_first_not_of(kBlanks) == std::string_view::npos; }
+
+std::string_view WithoutBlanksAtEnd(std::string_view line) {
+  return line.substr(0, line.find_last_not_of(kBlanks) + 1);
+}
+
+bool IsEndOfCard(std::string_view line) { return IsSameWord(WithoutBlanksAtEnd(line), "END:VCARD"); }
+
+bool IsBase64(std::string_view line) {
+  return !line.empty() && std::all_of(line.begin(), line.end(), [](char c) {
+    return g_ascii_isalnum(c) != FALSE || c == '+' || c == '/' || c == '=';
+  });
+}
+
+/// The place of the first such character that is not in quotes.
+std::size_t FindOutsideQuotes(std::string_view text, char wanted) {
+  bool inQuotes = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    inQuotes ^= text[i] == '"';
+    if (text[i] == wanted && !inQuotes) {
+      return i;
+    }
+  }
+  return std::string_view::npos;
+}
+
+/// The place of the colon before the value. A quotation mark may be alone: it means nothing then.
+std::size_t FindColon(std::string_view line) {
+  const std::size_t outside = FindOutsideQuotes(line, ':');
+  return outside != std::string_view::npos ? outside : line.find(':');
+}
+
+/// Takes what is before the separator, and the separator, off the rest.
+std::string_view TakePart(std::string_view& rest, char separator) {
+  const std::size_t end = std::min(FindOutsideQuotes(rest, separator), rest.size());
+  const std::string_view part = rest.substr(0, end);
+  rest.remove_prefix(std::min(end + 1, rest.size()));
+  return part;
+}
+
+std::string_view WithoutQuotes(std::string_view text) {
+  const bool isQuoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
+  return isQuoted ? text.substr(1, text.size() - 2) : text;
+}
+
+/// Calls visit with name and value of each parameter. Old cards have values alone: the name is empty then.
+template <typename Visit>
+void ForEachParameter(std::string_view parameters, Visit visit) {
+  while (!parameters.empty()) {
+    const std::string_view parameter = TakePart(parameters, ';');
+    const std::size_t equals = parameter.find('=');
+    if (equals == std::string_view::npos) {
+      visit(std::string_view(), parameter);
+    } else {
+      visit(parameter.substr(0, equals), WithoutQuotes(parameter.substr(equals + 1)));
+    }
+  }
+}
+
+VCardProperty::Encoding EncodingOf(std::string_view word) {
+  if (IsSameWord(word, "QUOTED-PRINTABLE")) {
+    return VCardProperty::Encoding::QUOTED_PRINTABLE;
+  }
+  return IsSameWord(word, "BASE64") || IsSameWord(word, "B") ? VCardProperty::Encoding::BASE64
+                                                             : VCardProperty::Encoding::NONE;
+}
+
+/// Sets all but the value and the line.
+void ParseHead(std::string_view head, VCardProperty& property) {
+  property.name = TakePart(head, ';');
+  property.name.remove_prefix(property.name.find('.') + 1);
+  property.parameters = head;
+  property.charset = std::string_view();
+  property.encoding = VCardProperty::Encoding::NONE;
+  ForEachParameter(head, [&](std::string_view name, std::string_view value) {
+    if (IsSameWord(name, "CHARSET")) {
+      property.charset = value;
+    } else if (IsSameWord(name, "ENCODING") || (name.empty() && value.size() > 1)) {
+      const VCardProperty::Encoding encoding = EncodingOf(value);
+      property.encoding = encoding != VCardProperty::Encoding::NONE ? encoding : property.encoding;
+    }
+  });
+}
+
+}  // namespace
+
+bool VCardProperty::Is(std::string_view wanted) const { return IsSameWord(name, wanted); }
+
+bool VCardProperty::HasType(std::string_view wanted) const {
+  bool found = false;
+  ForEachParameter(parameters, [&](std::string_view parameter, std::string_view values) {
+    while ((parameter.empty() || IsSameWord(parameter, "TYPE")) && !values.empty()) {
+      found |= IsSameWord(TakePart(values, ','), wanted);
+    }
+  });
+  return found;
+}
+
+VCardPropertyReader::VCardPropertyReader(std::string_view text) : m_text(text) {
+  if (m_text.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
+    m_text.remove_prefix(kByteOrderMark.size());
+  }
+}
+
+bool VCardPropertyReader::Next(VCardProperty& property) {
+  do {
+    if (IsAtEnd()) {
+      return false;
+    }
+    m_current = TakeLine();
+  } while (IsBlank(m_current));
+  property = VCardProperty();
+  property.line = m_line;
+  if (FindColon(m_current) == std::string_view::npos) {
+    Unfold();
+  }
+  const std::size_t colon = FindColon(m_current);
+  if (colon == std::string_view::npos) {
+    property.value = m_current;
+    return true;
+  }
+  const char* const place = m_current.data();
+  ParseHead(m_current.substr(0, colon), property);
+  if (property.encoding == VCardProperty::Encoding::QUOTED_PRINTABLE) {
+    JoinQuotedPrintable();
+  } else {
+    Unfold();
+    if (property.encoding == VCardProperty::Encoding::BASE64) {
+      JoinBase64();
+    }
+  }
+  if (m_current.data() != place) {
+    ParseHead(m_current.substr(0, colon), property);
+  }
+  property.value = m_current.substr(colon + 1);
+  return true;
+}
+
+std::string_view VCardPropertyReader::PeekLine() const {
+  const std::size_t end = std::min(m_text.find('\n', m_place), m_text.size());
+  const std::string_view line = m_text.substr(m_place, end - m_place);
+  return !line.empty() && line.back() == '\r' ? line.substr(0, line.size() - 1) : line;
+}
+
+std::string_view VCardPropertyReader::TakeLine() {
+  const std::string_view line = PeekLine();
+  m_place = std::min(m_text.find('\n', m_place), m_text.size()) + 1;
+  ++m_line;
+  return line;
+}
+
+bool VCardPropertyReader::IsFolded() const {
+  return !IsAtEnd() && kBlanks.find(m_text[m_place]) != std::string_view::npos;
+}
+
+void VCardPropertyReader::Unfold() {
+  while (IsFolded()) {
+    Join(TakeLine().substr(1));
+  }
+}
+
+void VCardPropertyReader::JoinQuotedPrintable() {
+  for (;;) {
+    m_current = WithoutBlanksAtEnd(m_current);  // they were added on the way
+    const bool isSoftBreak = !m_current.empty() && m_current.back() == '=';
+    if (isSoftBreak) {
+      m_current.remove_suffix(1);
+      if (IsAtEnd() || IsEndOfCard(PeekLine())) {
+        return;  // a break before nothing
+      }
+      Join(TakeLine());  // blanks at its begin belong to the text
+    } else if (IsFolded()) {
+      Join(TakeLine().substr(1));
+    } else {
+      return;
+    }
+  }
+}
+
+void VCardPropertyReader::JoinBase64() {
+  while (!IsAtEnd() && IsBase64(PeekLine())) {
+    Join(TakeLine());
+    Unfold();
+  }
+}
+
+void VCardPropertyReader::Join(std::string_view more) {
+  if (m_current.data() == m_joined.data()) {
+    m_joined.resize(m_current.size());
+  } else {
+    m_joined = m_current;
+  }
+  m_joined += more;
+  m_current = m_joined;
+}
+
+}  // namespace btservice
