@@ -114,9 +114,11 @@ GVariant* Pack(const GDBusMethodInfo& method, const std::vector<std::string>& va
                       std::to_string(values.size()),
                   "btctl sim " + CommandOf(method.name) + names);
   }
+  std::vector<VariantPtr> owned;  // until the tuple holds them
   std::vector<GVariant*> children;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
-    children.push_back(ToVariant(values[i], arguments[i]->signature, arguments[i]->name));
+    owned.push_back(ToVariant(values[i], arguments[i]->signature, arguments[i]->name));
+    children.push_back(owned.back().get());
   }
   return g_variant_new_tuple(children.data(), children.size());
 }

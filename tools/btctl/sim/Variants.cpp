@@ -7,24 +7,29 @@
 #include "btctl/words/Words.h"
 
 namespace btctl {
+namespace {
 
-GVariant* ToVariant(const std::string& text, const char* type, const std::string& argument) {
+VariantPtr Owned(GVariant* floating) { return VariantPtr(g_variant_ref_sink(floating)); }
+
+}  // namespace
+
+VariantPtr ToVariant(const std::string& text, const char* type, const std::string& argument) {
   switch (*type) {
     case 's':
-      return g_variant_new_string(text.c_str());
+      return Owned(g_variant_new_string(text.c_str()));
     case 'b':
-      return g_variant_new_boolean(
-          (text == "true" || text == "yes" || SwitchWords().Find(text) == 1) ? TRUE : FALSE);
+      return Owned(g_variant_new_boolean(
+          (text == "true" || text == "yes" || SwitchWords().Find(text) == 1) ? TRUE : FALSE));
     default:
       break;
   }
   if (std::strcmp(type, "ay") == 0) {
     const std::vector<unsigned char> bytes = ParseBytes(text);
-    return g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, bytes.data(), bytes.size(), 1);
+    return Owned(g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, bytes.data(), bytes.size(), 1));
   }
   g_autoptr(GError) error = nullptr;
   g_autoptr(GVariantType) wanted = g_variant_type_new(type);
-  GVariant* const value = g_variant_parse(wanted, text.c_str(), nullptr, nullptr, &error);
+  VariantPtr value(g_variant_parse(wanted, text.c_str(), nullptr, nullptr, &error));  // never floating
   if (value == nullptr) {
     throw Failure(EXIT_USAGE,
                   argument + " is '" + text + "', not of the type '" + type + "': " + error->message);
