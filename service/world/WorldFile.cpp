@@ -105,10 +105,10 @@ DeviceData ToDevice(const DeviceSource& source, const fs::path& folder) {
   return device;
 }
 
-void RefuseTwins(const World& world, const JsonNode& root, const std::string& fileName) {
-  for (std::size_t i = 0; i < world.devices.size(); ++i) {
+void RefuseTwins(const WorldSource& source, const JsonNode& root, const std::string& fileName) {
+  for (std::size_t i = 0; i < source.devices.size(); ++i) {
     for (std::size_t before = 0; before < i; ++before) {
-      if (SameAddress(world.devices[i].address, world.devices[before].address)) {
+      if (SameAddress(source.devices[i].device.address, source.devices[before].device.address)) {
         throw FileError(fileName, root.Find("devices")->items[i].line,
                         "devices[" + std::to_string(i) +
                             "].address: expected one of its own, got that of devices[" +
@@ -118,12 +118,12 @@ void RefuseTwins(const World& world, const JsonNode& root, const std::string& fi
   }
 }
 
-void RefuseStrangers(const WorldFile& file, const JsonNode& root, const std::string& fileName) {
-  for (std::size_t i = 0; i < file.timeline.size(); ++i) {
-    const std::string& address = file.timeline[i].device;
+void RefuseStrangers(const WorldSource& source, const JsonNode& root, const std::string& fileName) {
+  for (std::size_t i = 0; i < source.timeline.size(); ++i) {
+    const std::string& address = source.timeline[i].device;
     const bool known =
-        std::any_of(file.world.devices.begin(), file.world.devices.end(),
-                    [&](const DeviceData& device) { return SameAddress(device.address, address); });
+        std::any_of(source.devices.begin(), source.devices.end(),
+                    [&](const DeviceSource& device) { return SameAddress(device.device.address, address); });
     if (!known) {
       throw FileError(fileName, root.Find("timeline")->items[i].line,
                       "timeline[" + std::to_string(i) +
@@ -146,16 +146,21 @@ std::set<std::string> ShippedWorlds() {
   return names;
 }
 
+WorldSource ParseWorld(const std::string& json, const std::string& fileName) {
+  const JsonNode root = ParseJson(json, fileName);
+  WorldSource source = ReadSource<WorldSource>(root, fileName);
+  RefuseTwins(source, root, fileName);
+  RefuseStrangers(source, root, fileName);
+  return source;
+}
+
 WorldFile LoadWorld(const std::string& nameOrPath) {
   const std::string fileName = FindWorld(nameOrPath);
-  const JsonNode root = ParseJson(ReadFile(fileName), fileName);
-  const WorldSource source = ReadSource<WorldSource>(root, fileName);
+  const WorldSource source = ParseWorld(ReadFile(fileName), fileName);
   WorldFile file{source.world, source.timeline};
   for (const DeviceSource& device : source.devices) {
     file.world.devices.push_back(ToDevice(device, fs::path(fileName).parent_path()));
   }
-  RefuseTwins(file.world, root, fileName);
-  RefuseStrangers(file, root, fileName);
   return file;
 }
 

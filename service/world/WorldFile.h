@@ -8,6 +8,8 @@
 
 namespace btservice {
 
+struct WorldSource;
+
 /// A world and what happens in it by itself.
 struct WorldFile {
   World world;
@@ -17,6 +19,9 @@ struct WorldFile {
 /// Reads a world. A name without a slash that is no file here is that of a shipped one: "one-phone". Throws
 /// std::runtime_error with file, line and what was expected.
 WorldFile LoadWorld(const std::string& nameOrPath);
+
+/// Reads the text of a world, and none of the files that it names. Throws as LoadWorld.
+WorldSource ParseWorld(const std::string& json, const std::string& fileName);
 
 /// The names of the shipped worlds: those in the folder that the environment variable BTSERVICE_WORLDS names,
 /// or else in share/libbt/worlds beside the folder of this program.

@@ -1,12 +1,9 @@
 #include "fuzz/ListWorld.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cstring>
-#include <string_view>
 
-#include <glib.h>
-
+#include "fuzz/LogCount.h"
 #include "ipc/BtProxy.h"
 #include "ipc/ShareMemory/SegmentCatalogue.h"
 #include "ipc/ShareMemory/ShareMemory.h"
@@ -14,36 +11,23 @@
 namespace bttest {
 namespace {
 
-std::atomic<int> s_errors{0};
-
-/// Counts what the library logs at error level and drops everything.
-GLogWriterOutput CountErrors(GLogLevelFlags, const GLogField* fields, gsize count, gpointer) {
-  for (gsize i = 0; i < count; ++i) {
-    if (std::string_view(fields[i].key) == "ZLOG_LEVEL" &&
-        std::string_view(static_cast<const char*>(fields[i].value)) == "100") {
-      ++s_errors;
-    }
-  }
-  return G_LOG_WRITER_HANDLED;
-}
-
-/// A process can set its log writer once.
-void CountErrorsFromNowOn() {
-  [[maybe_unused]] static const bool isSet = (g_log_set_writer_func(CountErrors, nullptr, nullptr), true);
-}
-
 // The calls never get as far as to use it.
 int s_notAProxy;
 
 }  // namespace
 
-ListWorld::ListWorld() {
+ListWorld::ListWorld(std::size_t largest) {
   CountErrorsFromNowOn();
   g_BtProxy = reinterpret_cast<ComZelkLinuxBluetooth*>(&s_notAProxy);
   ShareMemory::m_ShmId_AddrMap.clear();
   for (const SegmentEntry& entry : kSegmentCatalogue) {
     if (g_ShmIdMap.count(entry.id) != 0) {
-      m_segments[entry.id] = std::make_unique<GuardedMemory>(entry.size);
+      const std::size_t size = std::min(entry.size, largest);
+      if (size < entry.size) {
+        // The library takes a segment to be as large as it asked for. Nobody looks at this one.
+        ShareMemory::InitShareMemory(entry.id, static_cast<unsigned int>(size));
+      }
+      m_segments[entry.id] = std::make_unique<GuardedMemory>(size);
       ShareMemory::m_ShmId_AddrMap[entry.id] = m_segments[entry.id]->Begin();
     }
   }
@@ -71,6 +55,6 @@ void ListWorld::Write(ShareMemID id, const std::vector<unsigned char>& head,
   std::copy_n(tail.begin(), content.tail, memory.Begin() + memory.Size() - content.tail);
 }
 
-int ListWorld::TakeErrors() { return s_errors.exchange(0); }
+int ListWorld::TakeErrors() { return bttest::TakeErrors(); }
 
 }  // namespace bttest

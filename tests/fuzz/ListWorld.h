@@ -2,6 +2,7 @@
 #define TESTS_FUZZ_LISTWORLD_H
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <vector>
@@ -17,7 +18,8 @@ namespace bttest {
 /// lists succeed without a service. One at a time.
 class ListWorld {
  public:
-  ListWorld();
+  /// No segment is larger than this. Smaller ones need /app/bin/btservice, and segments of the machine.
+  explicit ListWorld(std::size_t largest = SIZE_MAX);
   ~ListWorld();
   ListWorld(const ListWorld&) = delete;
   ListWorld& operator=(const ListWorld&) = delete;

@@ -5,6 +5,7 @@ add_library(bt_fuzz_support OBJECT
   fuzz/ListChecks.cpp
   fuzz/ListPacker.cpp
   fuzz/ListWorld.cpp
+  fuzz/LogCount.cpp
   fuzz/QuietService.cpp
   fuzz/Records.cpp)
 target_include_directories(bt_fuzz_support PUBLIC ${CMAKE_CURRENT_LIST_DIR}/..)

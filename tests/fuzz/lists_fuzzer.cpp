@@ -15,6 +15,8 @@ using bttest::ListWorld;
 
 constexpr std::size_t kHeaderBytes = 4;
 constexpr unsigned kSeed = 1;  // of what the lists hold before
+// Room for a hundred records. The megabytes of the real segments would take nearly all of the time.
+constexpr std::size_t kSegmentBytes = 2048;
 
 /// A way to read a segment, into a list that holds something already.
 struct Road {
@@ -48,7 +50,7 @@ constexpr Road kRoads[] = {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static ListWorld& world = *new ListWorld;  // as long as the process
+  static ListWorld& world = *new ListWorld(kSegmentBytes);  // as long as the process
   if (size < kHeaderBytes) {
     return -1;
   }

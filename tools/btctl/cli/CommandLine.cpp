@@ -5,6 +5,7 @@
 #include <iterator>
 #include <map>
 
+#include <glib.h>
 #include <CLI/CLI.hpp>
 
 #include "btctl/base/Failure.h"
@@ -71,6 +72,7 @@ class Parser {
   }
 
   Parsed Parse(std::vector<std::string> words) {
+    Forget();
     Parsed parsed;
     std::transform(words.begin(), words.end(), words.begin(), Guarded);
     const std::vector<std::string> written = words;
@@ -99,6 +101,19 @@ class Parser {
   }
 
  private:
+  /// The parser writes where it was told to, and only what is given: the rest would stay from the line
+  /// before.
+  void Forget() {
+    m_app.clear();
+    for (Leaf& leaf : m_leaves) {
+      std::fill(leaf.values.begin(), leaf.values.end(), Given::Values());
+      std::fill(leaf.flags.begin(), leaf.flags.end(), false);
+    }
+    m_options = Options();
+    m_timeout.clear();
+    m_doesNotWait = false;
+  }
+
   /// The parser of a path, made if there is none yet: groups come into being with their first command.
   CLI::App& AppOf(const std::string& path) {
     if (path.empty()) {
@@ -241,8 +256,25 @@ class Parser {
   bool m_doesNotWait = false;
 };
 
+std::vector<std::string> Split(const std::string& line) {
+  g_auto(GStrv) words = nullptr;
+  g_autoptr(GError) error = nullptr;
+  if (g_shell_parse_argv(line.c_str(), nullptr, &words, &error) == FALSE) {
+    if (g_error_matches(error, G_SHELL_ERROR, G_SHELL_ERROR_EMPTY_STRING) != FALSE) {
+      return {};
+    }
+    throw Failure(EXIT_USAGE, error->message);
+  }
+  return std::vector<std::string>(words, words + g_strv_length(words));
+}
+
 }  // namespace
 
-Parsed ParseCommandLine(const std::vector<std::string>& words) { return Parser().Parse(words); }
+Parsed ParseLine(const std::string& line) { return ParseCommandLine(Split(line)); }
+
+Parsed ParseCommandLine(const std::vector<std::string>& words) {
+  static Parser parser;  // making it takes much longer than a line
+  return parser.Parse(words);
+}
 
 }  // namespace btctl

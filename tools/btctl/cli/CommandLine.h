@@ -21,6 +21,9 @@ struct Parsed {
 /// Reads a command line without the program's name. Throws a Failure if it is wrong.
 Parsed ParseCommandLine(const std::vector<std::string>& words);
 
+/// The same for a line as a shell reads it, with quotes and comments.
+Parsed ParseLine(const std::string& line);
+
 }  // namespace btctl
 
 #endif

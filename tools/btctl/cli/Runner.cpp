@@ -1,7 +1,5 @@
 #include "btctl/cli/Runner.h"
 
-#include <glib.h>
-
 #include "btctl/base/Failure.h"
 
 namespace btctl {
@@ -16,18 +14,6 @@ std::optional<Session::Milliseconds> TimeoutOf(const Parsed& parsed) {
     return std::nullopt;
   }
   return Session::Milliseconds(static_cast<std::int64_t>(seconds * 1000));
-}
-
-std::vector<std::string> Split(const std::string& line) {
-  g_auto(GStrv) words = nullptr;
-  g_autoptr(GError) error = nullptr;
-  if (g_shell_parse_argv(line.c_str(), nullptr, &words, &error) == FALSE) {
-    if (g_error_matches(error, G_SHELL_ERROR, G_SHELL_ERROR_EMPTY_STRING) != FALSE) {
-      return {};
-    }
-    throw Failure(EXIT_USAGE, error->message);
-  }
-  return std::vector<std::string>(words, words + g_strv_length(words));
 }
 
 }  // namespace
@@ -57,7 +43,7 @@ ExitCode RunCommand(Session& session, AnswerStream& answers, const Parsed& parse
 ExitCode RunLine(Session& session, AnswerStream& answers, const Options& options, const std::string& line,
                  const std::function<void(const Command&)>& announce) {
   try {
-    Parsed parsed = ParseCommandLine(Split(line));
+    Parsed parsed = ParseLine(line);
     parsed.options.json = parsed.options.json || options.json;
     parsed.options.waits = parsed.options.waits && options.waits;
     if (!parsed.options.timeoutSeconds) {

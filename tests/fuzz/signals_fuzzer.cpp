@@ -1,0 +1,126 @@
+// libFuzzer target: the handler of each signal, with any body that the bus lets through. The first byte of an
+// input chooses the signal, the others are its serialised arguments. The body takes the way of a real one,
+// from the proxy's "g-signal" through the handler to a listener of each kind, and the listener is told just
+// that.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "contract/RecordingListeners.h"
+#include "fuzz/FuzzCheck.h"
+#include "fuzz/LogCount.h"
+#include "ipc/BtClientIpcAdapter.h"
+#include "ipc/BtProxy.h"
+
+namespace {
+
+using bttest::Check;
+using bttest::Receptions;
+using bttest::ValueText;
+
+/// The library with a proxy that is on no bus, and a listener of each kind.
+class Library {
+ public:
+  Library() {
+    bttest::CountErrorsFromNowOn();
+    g_BtProxy = COM_ZELK_LINUX_BLUETOOTH(g_object_new(TYPE_COM_ZELK_LINUX_BLUETOOTH_PROXY, nullptr));
+    m_adapter.RegisterDBusSignal();
+  }
+
+  /// Delivers a signal as GDBus does once it has checked the types of the body.
+  void Emit(const char* signal, GVariant* body) {
+    m_receptions.all.clear();
+    bttest::TakeErrors();
+    g_signal_emit_by_name(g_BtProxy, "g-signal", ":1.1", signal, body);
+  }
+
+  const std::vector<bttest::Reception>& Heard() const { return m_receptions.all; }
+
+ private:
+  BtClientIpcAdapter m_adapter;
+  Receptions m_receptions;
+  bttest::RecordingComListener m_com{m_receptions};
+  bttest::RecordingPhoneListener m_phone{m_receptions};
+  bttest::RecordingMediaListener m_media{m_receptions};
+  bttest::RecordingPbapListener m_pbap{m_receptions};
+  bttest::RecordingMessageListener m_message{m_receptions};
+  bttest::RecordingSppListener m_spp{m_receptions};
+};
+
+std::string TypeOf(const GDBusSignalInfo& signal) {
+  std::string type = "(";
+  for (GDBusArgInfo** arg = signal.args; arg != nullptr && *arg != nullptr; ++arg) {
+    type += (*arg)->signature;
+  }
+  return type + ")";
+}
+
+/// The body that a message with these bytes would have: GDBus makes all values sound.
+GVariant* MakeBody(const std::string& type, const std::uint8_t* data, std::size_t size) {
+  GBytes* const bytes = g_bytes_new(data, size);
+  GVariant* const raw =
+      g_variant_ref_sink(g_variant_new_from_bytes(G_VARIANT_TYPE(type.c_str()), bytes, FALSE));
+  GVariant* const body = g_variant_get_normal_form(raw);
+  g_variant_unref(raw);
+  g_bytes_unref(bytes);
+  return body;
+}
+
+/// What a listener is to be told of a body; false if it holds a variant without bytes, which is dropped.
+bool Expect(GVariant* body, std::vector<std::string>& values) {
+  bool isWhole = true;
+  for (gsize i = 0; i < g_variant_n_children(body); ++i) {
+    GVariant* const value = g_variant_get_child_value(body, i);
+    switch (g_variant_classify(value)) {
+      case G_VARIANT_CLASS_STRING:
+        values.push_back(ValueText::Of(std::string(g_variant_get_string(value, nullptr))));
+        break;
+      case G_VARIANT_CLASS_BYTE:
+        values.push_back(ValueText::Of(g_variant_get_byte(value)));
+        break;
+      case G_VARIANT_CLASS_BOOLEAN:
+        values.push_back(ValueText::Of(g_variant_get_boolean(value)));
+        break;
+      case G_VARIANT_CLASS_INT32:
+        values.push_back(ValueText::Of(g_variant_get_int32(value)));
+        break;
+      case G_VARIANT_CLASS_VARIANT: {
+        GVariant* const bytes = g_variant_get_variant(value);
+        isWhole = g_variant_is_of_type(bytes, G_VARIANT_TYPE_BYTESTRING) != FALSE;
+        const auto* const data = static_cast<const char*>(g_variant_get_data(bytes));
+        values.push_back(ValueText::Of(std::string(data, isWhole ? g_variant_get_size(bytes) : 0)));
+        g_variant_unref(bytes);
+        break;
+      }
+      default:
+        Check(false, "the interface has no arguments of other types");
+    }
+    g_variant_unref(value);
+  }
+  return isWhole;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static Library& library = *new Library;  // as long as the process
+  static const GDBusInterfaceInfo& interface = *com_zelk_linux_bluetooth_interface_info();
+  static const std::size_t signals = g_strv_length(reinterpret_cast<gchar**>(interface.signals));
+  if (size == 0) {
+    return -1;
+  }
+  const GDBusSignalInfo& signal = *interface.signals[data[0] % signals];
+  GVariant* const body = MakeBody(TypeOf(signal), data + 1, size - 1);
+  std::vector<std::string> values;
+  const bool isWhole = Expect(body, values);
+  library.Emit(signal.name, body);
+  g_variant_unref(body);
+
+  const bool isHeard = isWhole && std::string(signal.name) != "OnScanedDeviceChanged";
+  Check(library.Heard().size() == (isHeard ? 1 : 0), "one listener is told, and of what is whole alone");
+  Check(!isHeard || library.Heard()[0].event == signal.name, "the event has the signal's name");
+  Check(!isHeard || library.Heard()[0].values == values, "the event has the values of the signal");
+  Check(bttest::TakeErrors() == (isWhole ? 0 : 1), "an event that is dropped is an error");
+  return 0;
+}
