@@ -1,6 +1,7 @@
 #ifndef SERVICE_APP_GLIBSCHEDULER_H
 #define SERVICE_APP_GLIBSCHEDULER_H
 
+#include <functional>
 #include <utility>
 
 #include <glib.h>
@@ -11,9 +12,14 @@ namespace btservice {
 
 /// The clock of the wall, or a faster one: tasks run on the default main context. At a higher speed they keep
 /// their order and their distances in the time of the model.
+///
+/// Tasks run in short turns, between which the rest of the process gets its own. When there is more to do
+/// than the machine can, the time of the model falls behind, which the log says once.
 class GLibScheduler : public Scheduler {
  public:
-  explicit GLibScheduler(double speed);
+  /// While mayGoOn answers false, no task runs and the time of the model falls behind.
+  explicit GLibScheduler(
+      double speed, std::function<bool()> mayGoOn = [] { return true; });
   ~GLibScheduler() override;
   GLibScheduler(const GLibScheduler&) = delete;
   GLibScheduler& operator=(const GLibScheduler&) = delete;
@@ -26,6 +32,10 @@ class GLibScheduler : public Scheduler {
   static gboolean Dispatch(GSource* source, GSourceFunc callback, gpointer data);
   Milliseconds WallTime() const;
   void Run();
+  /// Runs what is due by that time until there is nothing left or the turn is over.
+  void RunTurn(Milliseconds until);
+  bool IsDueBy(Milliseconds time) const;
+  void FallBehind();
   void Arm();
 
   struct Source {
@@ -35,11 +45,14 @@ class GLibScheduler : public Scheduler {
   static GSourceFuncs s_functions;
 
   double m_speed;
+  std::function<bool()> m_mayGoOn;
   gint64 m_start;
   GSource* m_source;
   TaskQueue m_queue;
   Milliseconds m_taskTime{0};
   bool m_running = false;
+  bool m_isHeld = false;
+  bool m_hasFallenBehind = false;
 };
 
 }  // namespace btservice

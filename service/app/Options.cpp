@@ -61,7 +61,7 @@ bool ParseOptions(int argc, char** argv, Options& options, int& exitCode) {
       {"world", 'w', 0, G_OPTION_ARG_FILENAME, &world, "Begin in this world", "NAME|FILE"},
       {"state", 0, 0, G_OPTION_ARG_FILENAME, &state, "Keep the state in this file", "FILE"},
       {"no-state", 0, 0, G_OPTION_ARG_NONE, &noState, "Keep no state, and look at none", nullptr},
-      {"speed", 's', 0, G_OPTION_ARG_DOUBLE, &options.speed, "Let time run N times as fast", "N"},
+      {"speed", 's', 0, G_OPTION_ARG_DOUBLE, &options.speed, "Run time N times as fast", "N"},
       {"keep-segments", 'k', 0, G_OPTION_ARG_NONE, &keepSegments,
        "Leave the shared segments behind at exit (the default)", nullptr},
       {"remove-segments", 0, 0, G_OPTION_ARG_NONE, &removeSegments,

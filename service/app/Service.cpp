@@ -17,7 +17,7 @@ Service::Service(const Options& options, WorldFile file, ComZelkLinuxBluetooth* 
       m_parameters(m_segments),
       m_state(options.statePath),
       m_file(Prepare(std::move(file))),
-      m_scheduler(options.speed),
+      m_scheduler(options.speed, [&bus] { return bus.HasRoom(); }),
       m_emitter(object),
       m_stack(m_scheduler, m_file.world),
       m_timeline(m_scheduler, m_stack.Controls()),

@@ -20,6 +20,7 @@ ServiceBus::~ServiceBus() {
   if (m_connection != nullptr) {
     // What was said last shall be heard.
     g_dbus_connection_flush_sync(m_connection, nullptr, nullptr);
+    m_sendQueue.reset();
     g_object_unref(m_connection);
   }
 }
@@ -32,6 +33,7 @@ bool ServiceBus::Connect() {
     return false;
   }
   g_dbus_connection_set_exit_on_close(m_connection, FALSE);
+  m_sendQueue.emplace(m_connection);
   return true;
 }
 

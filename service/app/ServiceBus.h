@@ -2,9 +2,12 @@
 #define SERVICE_APP_SERVICEBUS_H
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include <gio/gio.h>
+
+#include "service/app/SendQueue.h"
 
 namespace btservice {
 
@@ -36,6 +39,9 @@ class ServiceBus {
   /// Sends a signal of the service's interface with a tuple, which may be floating, of any types. Throws
   /// std::invalid_argument.
   void EmitSignal(const std::string& name, GVariant* tuple);
+  /// Whether the bus takes what is sent, so that more may follow. Whoever sends without being asked has to
+  /// ask.
+  bool HasRoom() const { return !m_sendQueue || m_sendQueue->HasRoom(); }
   /// Gives up the name and takes it again after some time.
   void LeaveFor(unsigned milliseconds);
 
@@ -46,6 +52,7 @@ class ServiceBus {
 
   Events m_events;
   GDBusConnection* m_connection = nullptr;
+  std::optional<SendQueue> m_sendQueue;
   guint m_nameId = 0;
   guint m_returnId = 0;
   bool m_ownsName = false;

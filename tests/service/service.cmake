@@ -26,6 +26,15 @@ bt_add_test(NAME service_files_test
 target_compile_definitions(service_files_test PRIVATE
   BTTEST_WORLD_SCHEMA="${CMAKE_SOURCE_DIR}/service/worlds/world.schema.json")
 
+bt_add_test(NAME service_pace_test
+  SOURCES
+    scheduler_test.cpp
+    send_queue_test.cpp
+    ../../service/app/GLibScheduler.cpp
+    ../../service/app/SendQueue.cpp
+  LIBS bt_test_support btservice_model
+  LABELS service)
+
 bt_add_test(NAME service_system_test
   SOURCES
     call_table_test.cpp
@@ -33,6 +42,7 @@ bt_add_test(NAME service_system_test
     contract_test.cpp
     control_test.cpp
     left_behind_test.cpp
+    overload_test.cpp
     packing_test.cpp
     process_test.cpp
     published_segments_test.cpp

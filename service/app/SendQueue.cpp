@@ -1,0 +1,37 @@
+#include "service/app/SendQueue.h"
+
+namespace btservice {
+namespace {
+
+/// Signals are small: this is some hundred kilobytes.
+constexpr guint32 kMostUnsent = 1000;
+
+}  // namespace
+
+SendQueue::SendQueue(GDBusConnection* connection)
+    : m_connection(G_DBUS_CONNECTION(g_object_ref(connection))),
+      m_filter(g_dbus_connection_add_filter(
+          connection, &SendQueue::OnMessage, new std::shared_ptr<Serial>(m_lastSent),
+          [](gpointer lastSent) { delete static_cast<std::shared_ptr<Serial>*>(lastSent); })) {}
+
+SendQueue::~SendQueue() {
+  g_dbus_connection_remove_filter(m_connection, m_filter);
+  g_object_unref(m_connection);
+}
+
+bool SendQueue::HasRoom() const {
+  // Serials are given out in the order in which messages are queued.
+  const guint32 lastQueued = g_dbus_connection_get_last_serial(m_connection);
+  const guint32 lastSent = *m_lastSent;
+  return lastQueued <= lastSent || lastQueued - lastSent <= kMostUnsent;
+}
+
+GDBusMessage* SendQueue::OnMessage(GDBusConnection*, GDBusMessage* message, gboolean incoming,
+                                   gpointer self) {
+  if (incoming == FALSE) {
+    **static_cast<std::shared_ptr<Serial>*>(lastSent) = g_dbus_message_get_serial(message);
+  }
+  return message;
+}
+
+}  // namespace btservice
