@@ -27,7 +27,7 @@ bool SendQueue::HasRoom() const {
 }
 
 GDBusMessage* SendQueue::OnMessage(GDBusConnection*, GDBusMessage* message, gboolean incoming,
-                                   gpointer self) {
+                                   gpointer lastSent) {
   if (incoming == FALSE) {
     **static_cast<std::shared_ptr<Serial>*>(lastSent) = g_dbus_message_get_serial(message);
   }
