@@ -63,6 +63,7 @@ class Handlers : public testing::Test {
 TEST_F(Handlers, AreConnectedByTheseNamesInThisOrder) {
   ASSERT_TRUE(connected);
   std::vector<std::string> names;
+  names.reserve(g_connections.size());
   for (const SignalConnection& connection : g_connections) {
     names.push_back(connection.signal);
   }
