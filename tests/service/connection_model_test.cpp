@@ -167,6 +167,28 @@ TEST_F(ConnectionModelTest, PairedDevicesAreConnectedAfterPowerUpIfTheSettingsSa
   EXPECT_THAT(StatesOf(kAccessory, BT_PROFILE_SPP), IsEmpty());
 }
 
+// Power goes off and on again at any moment of the start and of what comes of it, for as long as that takes.
+TEST_F(ConnectionModelTest, PairedDevicesAreConnectedAgainWheneverPowerWentOffAndOn) {
+  world.settings.capabilities[BT_CAP_POWER_SWITCH] = 1;
+  world.settings.capabilities[BT_CAP_AUTO_CONNECT] = 1;
+  for (Milliseconds off = 0ms; off < 6s; off += 50ms) {
+    for (const Milliseconds pause :
+         {0ms, world.delays.powerOff / 2, world.delays.powerOff, 10 * world.delays.powerOff}) {
+      stack.reset();
+      Stack().Start();
+      Pass(off);
+      ASSERT_TRUE(Stack().Adapter().SetPower(false));
+      Pass(pause);
+      ASSERT_TRUE(Stack().Adapter().SetPower(true));
+      Pass(10s);
+      EXPECT_EQ(Devices().Connection(BT_PROFILE_HFP).status, BT_CONN_CONNECTED)
+          << "off after " << off.count() << " ms, for " << pause.count() << " ms";
+      EXPECT_EQ(Devices().Connection(BT_PROFILE_A2DP).status, BT_CONN_CONNECTED)
+          << "off after " << off.count() << " ms, for " << pause.count() << " ms";
+    }
+  }
+}
+
 TEST_F(ConnectionModelTest, ACapablePhoneAsksForProjection) {
   PowerOn();
   Devices().Connect(kSmartphone, BT_PROFILE_HFP, false);

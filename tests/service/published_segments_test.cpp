@@ -183,6 +183,25 @@ TEST(OddSegmentsTest, SettingsThatAClientWasKilledOverAreRepaired) {
   EXPECT_EQ(Word(SH_BT_PARAMETER, PARAMETER_LOADED), 1);
 }
 
+// The client says that all is loaded before it loads: a service that believed it took "do not connect by
+// yourself" for the setting, as long as it ran.
+TEST(OddSegmentsTest, PhonesAreConnectedAlthoughAClientWasLoadingAtTheStart) {
+  bttest::CreateSegment(SH_BT_PARAMETER, kSegmentCatalogue[SH_BT_PARAMETER].size);
+  const std::int32_t one = 1;
+  std::vector<unsigned char> bytes(sizeof(one));
+  std::memcpy(bytes.data(), &one, sizeof(one));
+  bttest::WriteSegment(SH_BT_PARAMETER, PARAMETER_LOADED, bytes);
+  bttest::WriteSegment(SH_BT_PARAMETER, PARAMETER_POWER_SWITCH, bytes);  // no more is loaded yet
+  RunningService service({"--world", "one-phone", "--speed", "50"});
+  ASSERT_TRUE(service.WaitFor("OnOpenBtStatusChanged (byte 0x01,)"));
+  ASSERT_EQ(service.Ask("SetPower", g_variant_new("(y)", 0)), "(1,)");
+  ASSERT_TRUE(service.WaitFor("OnOpenBtStatusChanged (byte 0x00,)"));
+  service.ForgetSignals();
+  ASSERT_EQ(service.Ask("SetPower", g_variant_new("(y)", 1)), "(1,)");
+  EXPECT_TRUE(
+      service.WaitFor("OnConnectStatusChanged ('" + std::string(kPhone) + "', byte 0x01, byte 0x02)"));
+}
+
 TEST(OddSegmentsTest, SettingsSurviveTheService) {
   {
     RunningService service({"--remove-segments"});
