@@ -11,9 +11,9 @@
 /// list. More is what an absurd segment has left, and would stay for as long as the caller keeps its list.
 template <typename Container>
 void GiveBackExcess(Container& container, std::size_t count) {
-  constexpr std::size_t kWorthKeeping = 4096;
-  if (container.capacity() * sizeof(typename Container::value_type) > kWorthKeeping &&
-      container.capacity() > 2 * count) {
+  constexpr std::size_t kWorthKeeping = 4096 / sizeof(typename Container::value_type);
+  // The hint keeps the release out of the way of the reading: this is asked for each text of a list.
+  if (__builtin_expect(container.capacity() > kWorthKeeping, 0) && container.capacity() > 2 * count) {
     Container().swap(container);
   }
 }
