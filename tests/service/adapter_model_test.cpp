@@ -45,6 +45,8 @@ TEST_F(AdapterModelTest, StartsOffUnlessTheSettingsSayOtherwise) {
   Stack().Start();
   Pass(10s);
   EXPECT_EQ(Stack().Adapter().Power(), BT_POWER_OFF);
+  EXPECT_THAT(log.Values(&PowerChanged::status), ElementsAre(BT_POWER_OFF))
+      << "the one before may have been on";
 }
 
 TEST_F(AdapterModelTest, PowersUpAtStartIfTheSettingsSaySo) {
