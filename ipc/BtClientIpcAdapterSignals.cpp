@@ -104,7 +104,7 @@ gboolean CallBackOnScanStatusChanged(ComZelkLinuxBluetooth*, guchar status, gpoi
   return Deliver(__func__, &MWPBtClient::OnScanStatusChanged, status);
 }
 
-// Nobody is told, and no client is made.
+// Not delivered to anybody, and no client is created.
 gboolean CallBackOnScanedDeviceChanged(ComZelkLinuxBluetooth*, const gchar*, const gchar*, guchar, gpointer) {
   return TRUE;
 }

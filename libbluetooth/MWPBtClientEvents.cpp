@@ -241,7 +241,7 @@ void MWPBtClient::OnMediaAudioStateChanged(const std::string& address, int start
 void MWPBtClient::OnBtMusicPlayChanged(MWPBtType::MusicPlayStatus status) {
   Tell(*this, __func__, &IMWPBtMediaListener::OnBtMusicPlayChanged, status);
 }
-// Logs once for each listener that is told.
+// Logs once for each listener, just before it is called.
 void MWPBtClient::OnAudioTrackChanged() {
   ForEachListener<IMWPBtMediaListener>(*this, __func__, [](IMWPBtMediaListener& listener) {
     MWPLogWrite(MWPLogSite{MWP_LOG_SOURCE, "OnAudioTrackChanged", 1611}, MWP_LOG_DEBUG,

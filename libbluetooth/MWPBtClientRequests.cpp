@@ -210,7 +210,7 @@ int MWPBtClient::EnableAudioDevice(int enable) {
 }
 
 // Three commands are for the audio source manager and are carried out whether or not the service is ready;
-// the caller sees 1. Every other command is the service's, which is not told the confirmation.
+// the caller sees 1. Every other command goes to the service, without the confirmation.
 int MWPBtClient::PlayMusic(int command, int confirmation) {
   MWP_LOG_AT(456, MWP_LOG_DEBUG, "MWPBtClient::PlayMusic");
   switch (command) {

@@ -20,7 +20,7 @@ class MWP_BT_API IMWPBtBleListener : public IMWPBtListenerBase {
   virtual void OnBleConnectStatusChanged(const std::string& address, int status);
   /// The services of the connected device are known.
   virtual void OnBleAllService(int count);
-  /// The Security Manager asks or tells something.
+  /// The Security Manager asks or reports something.
   virtual void OnBleSmpNotify(MWPBtType::SmpEvent event, const std::string& address,
                               unsigned char addressType, unsigned int passkey);
   /// A characteristic notified a value. The bytes are valid only during the call.

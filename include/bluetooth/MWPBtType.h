@@ -281,7 +281,7 @@ enum BleScanFilter : int {
   BT_BLE_FILTER_WHITELIST = 1,
 };
 
-/// What the low-energy Security Manager asks or tells.
+/// What the low-energy Security Manager asks or reports.
 enum SmpEvent : int {
   BT_SMP_PASSKEY_REQUEST = 0,  ///< type the digits the other device shows
   BT_SMP_PASSKEY_DISPLAY = 1,  ///< show the digits
