@@ -1,7 +1,6 @@
 #include "service/state/StateFile.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <utility>
 
 #include <glib.h>
@@ -11,6 +10,9 @@
 #include <mwp/MWPLog.h>
 
 #include "service/model/DeviceTable.h"
+#include "service/world/FieldReader.h"
+#include "service/world/InputFile.h"
+#include "service/world/Limits.h"
 
 namespace btservice {
 namespace {
@@ -21,6 +23,8 @@ constexpr int kFormat = 1;
 constexpr const char* kFormatMember = "format";
 constexpr const char* kAttributesMember = "attributes";
 constexpr const char* kPairedMember = "paired";
+constexpr const char* kAddressMember = "address";
+constexpr const char* kNameMember = "name";
 
 /// The attributes that are kept, and the members of the adapter's data they come from.
 struct KeptAttribute {
@@ -35,6 +39,12 @@ const KeptAttribute kAttributes[] = {
     {BT_ATTR_CLASS_OF_DEVICE, "classOfDevice", &AdapterData::classOfDevice},
     {BT_ATTR_DOWNLOAD_FOLDER, "downloadFolder", &AdapterData::downloadFolder},
 };
+
+void Unpair(World& world) {
+  for (DeviceData& device : world.devices) {
+    device.paired = false;
+  }
+}
 
 /// A device of the world, or, if it has left the world, one that is never in range.
 DeviceData TakeDevice(std::vector<DeviceData>& devices, const std::string& address, const std::string& name) {
@@ -54,54 +64,89 @@ DeviceData TakeDevice(std::vector<DeviceData>& devices, const std::string& addre
   return device;
 }
 
-/// Throws if the state is not of the expected form; the world is untouched then.
-World Restored(const World& world, const Json& state) {
-  World restored = world;
-  if (state.at(kFormatMember).get<int>() != kFormat) {
-    throw std::runtime_error("its format is not " + std::to_string(kFormat));
-  }
+/// A paired device as the file has it.
+struct KeptDevice {
+  std::string address;
+  std::string name;
+};
+
+/// What the file holds.
+struct KeptState {
+  int format = kFormat;
+  AdapterData adapter;
+  std::vector<KeptDevice> paired;
+};
+
+struct KeptAttributes {
+  AdapterData& adapter;
+};
+
+void DescribeFields(FieldReader& reader, KeptDevice& device) {
+  reader.Required(kAddressMember, AddressText{device.address}, "");
+  reader.Required(kNameMember, device.name, "");
+}
+
+void DescribeFields(FieldReader& reader, KeptAttributes& attributes) {
   for (const KeptAttribute& kept : kAttributes) {
-    restored.adapter.*kept.member = state.at(kAttributesMember).at(kept.name).get<std::string>();
+    reader.Required(kept.name, attributes.adapter.*kept.member, "");
+  }
+}
+
+void DescribeFields(FieldReader& reader, KeptState& state) {
+  reader.Required(kFormatMember, BoundedInt{state.format, kFormat, kFormat}, "");
+  reader.Required(kAttributesMember, KeptAttributes{state.adapter}, "");
+  reader.Required(kPairedMember, state.paired, "");
+}
+
+/// Throws FileError.
+KeptState ParseState(const std::string& text, const std::string& fileName) {
+  const JsonNode root = ParseJson(text, fileName);
+  KeptState state;
+  FieldReader reader(root, fileName, "");
+  DescribeFields(reader, state);
+  reader.RefuseOthers();
+  return state;
+}
+
+void Apply(const KeptState& state, World& world) {
+  for (const KeptAttribute& kept : kAttributes) {
+    world.adapter.*kept.member = state.adapter.*kept.member;
   }
   // The order of the paired devices is that of the file, so they come first.
   std::vector<DeviceData> devices;
-  for (DeviceData& device : restored.devices) {
-    device.paired = false;
+  Unpair(world);
+  for (const KeptDevice& kept : state.paired) {
+    devices.push_back(TakeDevice(world.devices, kept.address, kept.name));
   }
-  for (const Json& entry : state.at(kPairedMember)) {
-    const std::string address = entry.at("address").get<std::string>();
-    if (!IsDeviceAddress(address)) {
-      throw std::runtime_error("'" + address + "' is not a Bluetooth address");
-    }
-    devices.push_back(TakeDevice(restored.devices, address, entry.at("name").get<std::string>()));
-  }
-  devices.insert(devices.end(), restored.devices.begin(), restored.devices.end());
-  restored.devices = std::move(devices);
-  return restored;
-}
-
-void PutAside(const std::string& path, const char* reason) {
-  const std::string aside = path + ".broken";
-  std::error_code failed;
-  std::filesystem::rename(path, aside, failed);
-  MWP_LOG(MWP_LOG_ERROR, "%s: not a state of this service (%s); %s %s", path.c_str(), reason,
-          failed ? "it could not be moved to" : "it is now", aside.c_str());
+  devices.insert(devices.end(), world.devices.begin(), world.devices.end());
+  world.devices = std::move(devices);
 }
 
 }  // namespace
 
 void StateFile::Restore(World& world) {
-  gchar* contents = nullptr;
-  if (m_path.empty() || g_file_get_contents(m_path.c_str(), &contents, nullptr, nullptr) == FALSE) {
+  if (m_path.empty()) {
     return;
   }
-  m_saved = contents;
-  g_free(contents);
   try {
-    world = Restored(world, Json::parse(m_saved));
-  } catch (const std::exception& problem) {
-    PutAside(m_path, problem.what());
+    m_saved = ReadFile(m_path, kMostJsonBytes);
+    Apply(ParseState(m_saved, m_path), world);
+  } catch (const UnreadableFile& problem) {
+    if (!problem.IsMissing()) {
+      GiveUp(problem.what(), world);
+    }
+  } catch (const FileError& problem) {
+    GiveUp(problem.what(), world);
   }
+}
+
+void StateFile::GiveUp(const char* problem, World& world) {
+  MWP_LOG(MWP_LOG_ERROR,
+          "%s; the service starts without paired devices, and leaves this file as it is: nothing is kept of "
+          "this run",
+          problem);
+  Unpair(world);
+  m_path.clear();
 }
 
 void StateFile::Follow(BluetoothStack& stack) {
@@ -126,7 +171,7 @@ void StateFile::Save() {
   }
   Json paired = Json::array();
   for (const DeviceInfo& device : m_stack->Devices().PairedDevices()) {
-    paired.push_back({{"address", device.address}, {"name", device.name}});
+    paired.push_back({{kAddressMember, device.address}, {kNameMember, device.name}});
   }
   const std::string text =
       Json{{kFormatMember, kFormat}, {kAttributesMember, attributes}, {kPairedMember, paired}}.dump(2) + "\n";

@@ -16,8 +16,9 @@ class StateFile : public StackObserver {
   explicit StateFile(const std::string& path) : m_path(path) {}
 
   /// Brings a world to the state that was kept: the file alone decides who is paired. Paired devices that the
-  /// world does not have are added, out of range. Without a file the world stays as it is. A file that makes
-  /// no sense is put aside beside it, with an error in the log.
+  /// world does not have are added, out of range. Without a file the world stays as it is. If the file is
+  /// there and cannot be read or makes no sense, nothing is paired, an error in the log says why, and the
+  /// file is not written in this run: it may hold pairings that somebody can still save.
   void Restore(World& world);
   /// From now on changes of this stack are kept.
   void Follow(BluetoothStack& stack);
@@ -26,8 +27,9 @@ class StateFile : public StackObserver {
 
  private:
   void Save();
+  void GiveUp(const char* problem, World& world);
 
-  std::string m_path;
+  std::string m_path;  ///< empty: nothing is kept
   BluetoothStack* m_stack = nullptr;
   std::string m_saved;  ///< what the file holds
 };

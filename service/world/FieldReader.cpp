@@ -4,6 +4,8 @@
 #include <regex>
 
 #include "service/model/DeviceTable.h"
+#include "service/world/Limits.h"
+#include "service/world/Quote.h"
 
 namespace btservice {
 
@@ -12,6 +14,11 @@ FieldReader::FieldReader(const JsonNode& node, const std::string& fileName, cons
   if (node.kind != JsonNode::Kind::OBJECT) {
     Fail(node, place.empty() ? "the file" : place, "an object");
   }
+}
+
+std::string FieldReader::Place(const std::string& name) const {
+  const std::string shown = name.empty() ? Quote(name) : Visible(name);
+  return m_place.empty() ? shown : m_place + "." + shown;
 }
 
 void FieldReader::RefuseOthers() const {
@@ -86,7 +93,9 @@ void FieldReader::Read(const JsonNode& node, const std::string& place, AddressTe
 }
 
 void FieldReader::Read(const JsonNode& node, const std::string& place, PatternText value) {
-  if (!std::regex_match(TextOf(node, place, value.meaning), std::regex(value.pattern))) {
+  // The matcher calls itself for each character.
+  if (TextOf(node, place, value.meaning).size() > kLongestPattern ||
+      !std::regex_match(node.text, std::regex(value.pattern))) {
     Fail(node, place, value.meaning);
   }
   value.value = node.text;
@@ -99,7 +108,7 @@ void FieldReader::Read(const JsonNode& node, const std::string& place,
   }
   value.clear();
   for (const auto& [name, member] : node.members) {
-    Read(member, (place + ".").append(name), value[name]);
+    Read(member, (place + ".").append(Visible(name)), value[name]);
   }
 }
 

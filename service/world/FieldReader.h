@@ -35,7 +35,7 @@ class FieldReader {
  private:
   const JsonNode* Take(const char* name);
   const JsonNode& Expect(const char* name);
-  std::string Place(const std::string& name) const { return m_place.empty() ? name : m_place + "." + name; }
+  std::string Place(const std::string& name) const;
   [[noreturn]] void Fail(const JsonNode& node, const std::string& place, const std::string& expected) const;
   const std::string& TextOf(const JsonNode& node, const std::string& place,
                             const std::string& expected) const;

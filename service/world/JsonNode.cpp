@@ -1,15 +1,15 @@
 #include "service/world/JsonNode.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <iterator>
-#include <memory>
+#include <set>
+#include <string_view>
 
 #include <nlohmann/json.hpp>
+
+#include "service/world/Limits.h"
+#include "service/world/Quote.h"
 
 namespace btservice {
 namespace {
@@ -73,23 +73,25 @@ class NodeBuilder : public nlohmann::json_sax<nlohmann::json> {
   }
   bool number_unsigned(number_unsigned_t value) override {
     if (value > static_cast<number_unsigned_t>(INT64_MAX)) {
-      return number_float(static_cast<double>(value), {});
+      return number_float(0, std::to_string(value));
     }
     return number_integer(static_cast<number_integer_t>(value));
   }
-  bool number_float(number_float_t value, const string_t&) override {
-    Add(JsonNode::Kind::FRACTION)->fraction = value;
+  bool number_float(number_float_t, const string_t& written) override {
+    Add(JsonNode::Kind::FRACTION)->text = written;
     return true;
   }
   bool string(string_t& value) override {
+    RefuseLong(value);
     Add(JsonNode::Kind::TEXT)->text = std::move(value);
     return true;
   }
   bool binary(binary_t&) override { return false; }
   bool start_object(std::size_t) override { return Enter(JsonNode::Kind::OBJECT); }
   bool key(string_t& value) override {
-    if (m_open.back()->Find(value) != nullptr) {
-      throw FileError(m_fileName, m_lines.lastSolid, "'" + value + "' is there twice");
+    RefuseLong(value);
+    if (!m_open.back().names.insert(value).second) {
+      throw Error(Quote(value) + " is there twice");
     }
     m_key = std::move(value);
     return true;
@@ -98,19 +100,53 @@ class NodeBuilder : public nlohmann::json_sax<nlohmann::json> {
   bool start_array(std::size_t) override { return Enter(JsonNode::Kind::LIST); }
   bool end_array() override { return Leave(); }
   bool parse_error(std::size_t, const std::string& token, const nlohmann::detail::exception& error) override {
-    // The parser's own text is "[json.exception...] parse error at line 3, column 5: what is wrong".
-    const std::string text = error.what();
-    const std::size_t colon = text.find(": ");
-    throw FileError(m_fileName, m_lines.lastSolid,
-                    (colon != std::string::npos ? text.substr(colon + 2) : text) +
-                        (token.empty() ? " (the file ends too early)" : ""));
+    constexpr int kNumberTooLarge = 406;
+    if (error.id == kNumberTooLarge) {
+      throw Error("the number " + Visible(token) + " is too large");
+    }
+    // What the parser expected is known from its text alone; only this much of it matters to a reader.
+    const bool isAtEnd =
+        std::string_view(error.what()).find("unexpected end of input") != std::string_view::npos;
+    throw Error(isAtEnd ? "the text ends too early" : "this is not JSON: " + Quote(EndOf(token)));
   }
 
  private:
+  /// A list or an object that has not ended yet.
+  struct Open {
+    JsonNode* node;  ///< nothing is added beside the last one, so that it stays where it is
+    std::set<std::string> names;
+  };
+
+  /// The parser hands over all that it has read since the last value; the fault is at its end.
+  static std::string_view EndOf(std::string_view token) {
+    constexpr std::size_t kLongest = 40;
+    token.remove_prefix(token.size() > kLongest ? token.size() - kLongest : 0);
+    const auto isBlankOrInsideACharacter = [](char c) {
+      return std::isspace(static_cast<unsigned char>(c)) != 0 ||
+             (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+    };
+    while (token.size() > 1 && isBlankOrInsideACharacter(token.front())) {
+      token.remove_prefix(1);
+    }
+    return token;
+  }
+
+  FileError Error(const std::string& what) const { return FileError(m_fileName, m_lines.lastSolid, what); }
+
+  void RefuseLong(const std::string& text) const {
+    if (text.size() > kLongestText) {
+      throw Error("expected a text of at most " + std::to_string(kLongestText >> 10) + " KiB, got " +
+                  std::to_string(text.size()) + " bytes that begin with " + Quote(text));
+    }
+  }
+
   JsonNode* Add(JsonNode::Kind kind) {
+    if (++m_values > kMostValues) {
+      throw Error("expected at most " + std::to_string(kMostValues) + " values");
+    }
     JsonNode* node = &m_root;
     if (!m_open.empty()) {
-      JsonNode& parent = *m_open.back();
+      JsonNode& parent = *m_open.back().node;
       if (parent.kind == JsonNode::Kind::LIST) {
         node = &parent.items.emplace_back();
       } else {
@@ -122,7 +158,11 @@ class NodeBuilder : public nlohmann::json_sax<nlohmann::json> {
     return node;
   }
   bool Enter(JsonNode::Kind kind) {
-    m_open.push_back(Add(kind));
+    if (m_open.size() == kDeepestNesting) {
+      throw Error("expected at most " + std::to_string(kDeepestNesting) +
+                  " lists and objects within each other");
+    }
+    m_open.push_back({Add(kind), {}});
     return true;
   }
   bool Leave() {
@@ -133,7 +173,8 @@ class NodeBuilder : public nlohmann::json_sax<nlohmann::json> {
   const std::string& m_fileName;
   const CountingIterator::Lines& m_lines;
   JsonNode m_root;
-  std::vector<JsonNode*> m_open;  ///< lists and objects not yet ended; nothing is added beside the last one
+  std::vector<Open> m_open;
+  std::size_t m_values = 0;
   std::string m_key;
 };
 
@@ -154,9 +195,9 @@ std::string Describe(const JsonNode& node) {
     case JsonNode::Kind::INTEGER:
       return std::to_string(node.integer);
     case JsonNode::Kind::FRACTION:
-      return "a number with a fraction";
+      return Visible(node.text);
     case JsonNode::Kind::TEXT:
-      return "'" + node.text + "'";
+      return Quote(node.text);
     case JsonNode::Kind::LIST:
       return "a list";
     case JsonNode::Kind::OBJECT:
@@ -172,25 +213,6 @@ JsonNode ParseJson(const std::string& text, const std::string& fileName) {
                             CountingIterator(text.data() + text.size(), &lines), &builder,
                             nlohmann::json::input_format_t::json, true, true);
   return builder.TakeRoot();
-}
-
-std::string ReadFile(const std::string& fileName) {
-  const auto refuse = [&fileName]() -> std::runtime_error {
-    return std::runtime_error(fileName + ": cannot be read: " + std::strerror(errno));
-  };
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(fileName.c_str(), "rb"), std::fclose);
-  if (file == nullptr) {
-    throw refuse();
-  }
-  std::string contents;
-  std::array<char, 65536> part{};
-  while (const std::size_t size = std::fread(part.data(), 1, part.size(), file.get())) {
-    contents.append(part.data(), size);
-  }
-  if (std::ferror(file.get()) != 0) {
-    throw refuse();  // a directory can be opened, but not be read
-  }
-  return contents;
 }
 
 }  // namespace btservice

@@ -18,14 +18,14 @@ class FileError : public std::runtime_error {
 
 /// A value of a JSON text that knows on which line it stands.
 struct JsonNode {
+  /// FRACTION is a number that no std::int64_t holds.
   enum class Kind { NOTHING, TRUTH, INTEGER, FRACTION, TEXT, LIST, OBJECT };
 
   Kind kind = Kind::NOTHING;
   int line = 1;
   bool truth = false;
   std::int64_t integer = 0;
-  double fraction = 0;
-  std::string text;
+  std::string text;  ///< of a text; of a FRACTION, the number as it is written
   std::vector<JsonNode> items;
   std::vector<std::pair<std::string, JsonNode>> members;
 
@@ -33,15 +33,12 @@ struct JsonNode {
   const JsonNode* Find(const std::string& name) const;
 };
 
-/// The kind of a value in words: "a number".
+/// A value in words, as a message about it quotes it: "an object", "'12'", "7".
 std::string Describe(const JsonNode& node);
 
 /// Parses a JSON text; // and /* */ comments are allowed. Throws FileError, also for a member that is there
-/// twice.
+/// twice, and for a text that exceeds one of the limits.
 JsonNode ParseJson(const std::string& text, const std::string& fileName);
-
-/// The contents of a file. Throws std::runtime_error with the reason if it cannot be read.
-std::string ReadFile(const std::string& fileName);
 
 }  // namespace btservice
 

@@ -7,6 +7,7 @@
 #include "service/model/Contacts.h"
 #include "service/world/AsciiCase.h"
 #include "service/world/Charset.h"
+#include "service/world/Quote.h"
 #include "service/world/VCardProperty.h"
 
 namespace btservice {
@@ -14,17 +15,6 @@ namespace {
 
 constexpr std::string_view kVCard = "VCARD";
 constexpr std::size_t kMostProblems = 20;
-constexpr std::size_t kLongestQuotation = 60;  // bytes
-
-/// What is quoted of a file that makes no sense: short, and fit for a log.
-std::string Quote(std::string_view bytes) {
-  std::string text(bytes.substr(0, kLongestQuotation));
-  for (char& c : text) {
-    c = g_ascii_iscntrl(c) != FALSE ? '?' : c;
-  }
-  g_autofree gchar* valid = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
-  return "'" + std::string(valid) + (text.size() < bytes.size() ? "...'" : "'");
-}
 
 std::string DecodeQuotedPrintable(std::string_view text) {
   std::string plain;

@@ -3,14 +3,19 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 #include <utility>
+
+#include <glib.h>
 
 #define MWP_LOG_SOURCE "service/world/WorldFile"
 #include <mwp/MWPLog.h>
 
 #include "service/model/Contacts.h"
-#include "service/model/DeviceTable.h"
 #include "service/world/FieldReader.h"
+#include "service/world/InputFile.h"
+#include "service/world/Limits.h"
+#include "service/world/Quote.h"
 #include "service/world/VCard.h"
 #include "service/world/WorldFields.h"
 
@@ -44,7 +49,7 @@ std::string FindWorld(const std::string& nameOrPath) {
   for (const std::string& name : ShippedWorlds()) {
     names += (names.empty() ? "" : ", ") + name;
   }
-  throw std::runtime_error("there is neither a file nor a shipped world '" + nameOrPath + "'; " +
+  throw std::runtime_error("there is neither a file nor a shipped world " + Quote(nameOrPath) + "; " +
                            (names.empty() ? "no worlds are in " + folder.string() : "shipped are: " + names));
 }
 
@@ -69,7 +74,7 @@ Contact ToContact(const PhoneBookSource::Person& person) {
 
 /// The contacts of a vCard file. The log names the cards that are skipped.
 std::vector<Contact> ReadVCards(const std::string& file) {
-  VCards cards = ParseVCards(ReadFile(file), file);
+  VCards cards = ParseVCards(ReadFile(file, kMostVCardBytes), file);
   for (const std::string& problem : cards.problems) {
     MWP_LOG(MWP_LOG_WARNING, "%s; this card is skipped", problem.c_str());
   }
@@ -92,6 +97,10 @@ std::vector<Contact> ToContacts(const PhoneBookSource& source, const fs::path& f
   }
   const std::vector<Contact> madeUp = MadeUpContacts(source.generate);
   contacts.insert(contacts.end(), madeUp.begin(), madeUp.end());
+  if (contacts.size() > kMostContacts) {
+    throw std::runtime_error("expected at most " + std::to_string(kMostContacts) +
+                             " contacts in a phone book, got " + std::to_string(contacts.size()));
+  }
   for (std::size_t i = 0; i < contacts.size(); ++i) {
     contacts[i].id = static_cast<int>(i) + 1;
   }
@@ -105,29 +114,44 @@ DeviceData ToDevice(const DeviceSource& source, const fs::path& folder) {
   return device;
 }
 
-void RefuseTwins(const WorldSource& source, const JsonNode& root, const std::string& fileName) {
-  for (std::size_t i = 0; i < source.devices.size(); ++i) {
-    for (std::size_t before = 0; before < i; ++before) {
-      if (SameAddress(source.devices[i].device.address, source.devices[before].device.address)) {
-        throw FileError(fileName, root.Find("devices")->items[i].line,
-                        "devices[" + std::to_string(i) +
-                            "].address: expected one of its own, got that of devices[" +
-                            std::to_string(before) + "]");
-      }
-    }
+/// The devices of a world by their addresses in lower case, with their places in its list.
+using DevicePlaces = std::map<std::string, std::size_t>;
+
+std::string LowerCase(std::string address) {
+  std::transform(address.begin(), address.end(), address.begin(), g_ascii_tolower);
+  return address;
+}
+
+void RefuseTooMany(const WorldSource& source, const JsonNode& root, const std::string& fileName) {
+  if (source.devices.size() > kMostDevices) {
+    throw FileError(fileName, root.Find("devices")->line,
+                    "devices: expected at most " + std::to_string(kMostDevices) + ", got " +
+                        std::to_string(source.devices.size()));
   }
 }
 
-void RefuseStrangers(const WorldSource& source, const JsonNode& root, const std::string& fileName) {
+DevicePlaces RefuseTwins(const WorldSource& source, const JsonNode& root, const std::string& fileName) {
+  DevicePlaces places;
+  for (std::size_t i = 0; i < source.devices.size(); ++i) {
+    const auto [place, isNew] = places.emplace(LowerCase(source.devices[i].device.address), i);
+    if (!isNew) {
+      throw FileError(fileName, root.Find("devices")->items[i].line,
+                      "devices[" + std::to_string(i) +
+                          "].address: expected one of its own, got that of devices[" +
+                          std::to_string(place->second) + "]");
+    }
+  }
+  return places;
+}
+
+void RefuseStrangers(const WorldSource& source, const DevicePlaces& known, const JsonNode& root,
+                     const std::string& fileName) {
   for (std::size_t i = 0; i < source.timeline.size(); ++i) {
     const std::string& address = source.timeline[i].device;
-    const bool known =
-        std::any_of(source.devices.begin(), source.devices.end(),
-                    [&](const DeviceSource& device) { return SameAddress(device.device.address, address); });
-    if (!known) {
+    if (known.count(LowerCase(address)) == 0) {
       throw FileError(fileName, root.Find("timeline")->items[i].line,
                       "timeline[" + std::to_string(i) +
-                          "].device: expected the address of one of the devices, got '" + address + "'");
+                          "].device: expected the address of one of the devices, got " + Quote(address));
     }
   }
 }
@@ -149,14 +173,15 @@ std::set<std::string> ShippedWorlds() {
 WorldSource ParseWorld(const std::string& json, const std::string& fileName) {
   const JsonNode root = ParseJson(json, fileName);
   WorldSource source = ReadSource<WorldSource>(root, fileName);
-  RefuseTwins(source, root, fileName);
-  RefuseStrangers(source, root, fileName);
+  RefuseTooMany(source, root, fileName);
+  const DevicePlaces known = RefuseTwins(source, root, fileName);
+  RefuseStrangers(source, known, root, fileName);
   return source;
 }
 
 WorldFile LoadWorld(const std::string& nameOrPath) {
   const std::string fileName = FindWorld(nameOrPath);
-  const WorldSource source = ParseWorld(ReadFile(fileName), fileName);
+  const WorldSource source = ParseWorld(ReadFile(fileName, kMostJsonBytes), fileName);
   WorldFile file{source.world, source.timeline};
   for (const DeviceSource& device : source.devices) {
     file.world.devices.push_back(ToDevice(device, fs::path(fileName).parent_path()));
@@ -166,6 +191,9 @@ WorldFile LoadWorld(const std::string& nameOrPath) {
 
 DeviceData ParseDevice(const std::string& json) {
   const std::string name = "device";
+  if (json.size() > kMostJsonBytes) {
+    throw FileError(name, 1, "expected at most " + std::to_string(kMostJsonBytes >> 20) + " MiB");
+  }
   return ToDevice(ReadSource<DeviceSource>(ParseJson(json, name), name), fs::current_path());
 }
 

@@ -20,7 +20,7 @@ bt_add_test(NAME service_model_test
   LABELS service)
 
 bt_add_test(NAME service_files_test
-  SOURCES state_file_test.cpp vcard_test.cpp world_file_test.cpp
+  SOURCES state_file_test.cpp vcard_test.cpp world_file_test.cpp world_limits_test.cpp
   LIBS bt_model_fixture btservice_world btservice_state
   LABELS service)
 target_compile_definitions(service_files_test PRIVATE

@@ -1,8 +1,10 @@
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 #include "service/state/StateFile.h"
-#include "service/world/JsonNode.h"
+#include "service/world/InputFile.h"
+#include "service/world/Limits.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryDirectory.h"
 #include "tests/service/model_fixture.h"
@@ -100,24 +102,65 @@ TEST_F(StateFileTest, WithoutAPathNothingIsKept) {
   EXPECT_TRUE(std::filesystem::is_empty(directory.Path()));
 }
 
-TEST_F(StateFileTest, AFileWithoutSenseIsPutAside) {
-  std::filesystem::create_directories(directory.Path().string() + "/deep");
-  for (const char* const text :
-       {"nonsense", "{}", "[1]", R"({"format": 2, "attributes": {}, "paired": []})",
-        R"({"format": 1, "attributes": {"name": 3}, "paired": []})",
-        R"({"format": 1, "attributes": {"name": "n", "pin": "1", "classOfDevice": "340408",
-            "downloadFolder": "/"}, "paired": [{"address": "x", "name": "y"}]})"}) {
-    std::ofstream(Path()) << text;
+/// A start with a file that cannot be used: nothing is paired, the file stays, and the log says why.
+class UnusableStateFileTest : public StateFileTest {
+ protected:
+  UnusableStateFileTest() { std::filesystem::create_directories(directory.Path() / "deep"); }
+
+  std::string ProblemAtStart() {
     bttest::LogCapture capture;
+    StateFile file(Path());
     World again = BuiltInWorld();
-    StateFile(Path()).Restore(again);
-    EXPECT_EQ(again.adapter.name, "Head Unit") << text;
-    EXPECT_EQ(again.devices.size(), 3U) << text;
-    EXPECT_FALSE(std::filesystem::exists(Path())) << text;
-    EXPECT_EQ(ReadFile(Path() + ".broken"), text);
-    ASSERT_EQ(capture.OfLevel(100).size(), 1U) << text;
-    EXPECT_THAT(capture.OfLevel(100)[0].message, HasSubstr(Path() + ": not a state of this service")) << text;
+    again.devices[0].paired = true;
+    file.Restore(again);
+    EXPECT_EQ(again.adapter.name, "Head Unit");
+    EXPECT_EQ(again.devices.size(), 3U);
+    EXPECT_FALSE(again.devices[0].paired);
+    file.Follow(Stack());
+    Stack().Adapter().SetAttribute(BT_ATTR_LOCAL_NAME, "Car " + std::to_string(++m_starts));
+    const auto errors = capture.OfLevel(100);
+    EXPECT_EQ(errors.size(), 1U);
+    return errors.empty() ? ""
+                          : errors[0].message.substr(0, errors[0].message.find(';')).substr(Path().size());
   }
+
+ private:
+  int m_starts = 0;
+};
+
+TEST_F(UnusableStateFileTest, AFileWithoutSenseIsLeftAsItIs) {
+  const std::string attributes =
+      R"("attributes": {"name": "n", "pin": "1", "classOfDevice": "340408", "downloadFolder": "/"})";
+  const std::pair<std::string, std::string> cases[] = {
+      {"nonsense", ":1: this is not JSON: 'no'"},
+      {"{}", ":1: format: is missing"},
+      {"[1]", ":1: the file: expected an object, got a list"},
+      {R"({"format": 2, "attributes": {}, "paired": []})",
+       ":1: format: expected a whole number from 1 to 1, got 2"},
+      {R"({"format": 1, "attributes": {"name": 3}, "paired": []})",
+       ":1: attributes.name: expected a text, got 3"},
+      {R"({"format": 1, )" + attributes + R"(, "paired": [{"address": "x", "name": "y"}]})",
+       ":1: paired[0].address: expected a Bluetooth address such as 00:1A:7D:DA:71:13, got 'x'"},
+      {R"({"format": 1, )" + attributes + R"(, "paired": [], "more": 1})",
+       ":1: more: there is no such member"},
+  };
+  for (const auto& [text, problem] : cases) {
+    std::ofstream(Path()) << text;
+    EXPECT_EQ(ProblemAtStart(), problem);
+    EXPECT_EQ(ReadFile(Path(), kMostJsonBytes), text);
+  }
+}
+
+TEST_F(UnusableStateFileTest, WhatIsNoFileIsLeftAsItIs) {
+  std::filesystem::create_directory(Path());
+  EXPECT_EQ(ProblemAtStart(), ": is a directory, not a file");
+  EXPECT_TRUE(std::filesystem::is_directory(Path()));
+}
+
+TEST_F(UnusableStateFileTest, ALinkThatLeadsNowhereNearAFileIsLeftAsItIs) {
+  std::filesystem::create_symlink(Path(), Path());
+  EXPECT_THAT(ProblemAtStart(), HasSubstr(": cannot be read: "));
+  EXPECT_TRUE(std::filesystem::is_symlink(Path()));
 }
 
 TEST_F(StateFileTest, AFileThatCannotBeWrittenIsToldSo) {
