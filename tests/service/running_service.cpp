@@ -79,6 +79,12 @@ bool RunningService::WaitFor(const std::string& beginning) {
   });
 }
 
+void RunningService::ForgetSignals() {
+  IsOwned();  // what the bus has sent before its answer has arrived, too
+  bttest::RunPending();
+  m_signals.clear();
+}
+
 void RunningService::OnSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* name,
                               GVariant* arguments, gpointer self) {
   static_cast<RunningService*>(self)->m_signals.push_back(std::string(name) + " " +

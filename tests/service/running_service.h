@@ -49,7 +49,8 @@ class RunningService {
   const std::vector<std::string>& Signals() const { return m_signals; }
   /// Waits for a signal whose text begins like this.
   bool WaitFor(const std::string& beginning);
-  void ForgetSignals() { m_signals.clear(); }
+  /// Forgets those that were sent so far, also if they have not come yet.
+  void ForgetSignals();
 
  private:
   static void OnSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* name,
