@@ -39,7 +39,7 @@ WorldFile Service::Prepare(WorldFile file) {
 
 void Service::BindMethods(ComZelkLinuxBluetooth* object, BluetoothSim* controlObject) {
   BindAllMethods(ServiceBinder(object, &m_answers), m_stack, m_publisher);
-  ControlBinder controls(controlObject);
+  ControlBinder controls(controlObject, &m_controlLimit);
   BindWorldMethods(controls, m_stack.Controls());
   BindFaultMethods(controls,
                    {m_answers, m_segments,

@@ -4,6 +4,7 @@
 #include "service/app/GLibScheduler.h"
 #include "service/app/Options.h"
 #include "service/app/ServiceBus.h"
+#include "service/control/CallLimit.h"
 #include "service/control/ControlMethods.h"
 #include "service/dbus/Methods.h"
 #include "service/dbus/SignalEmitter.h"
@@ -44,6 +45,7 @@ class Service {
   Timeline m_timeline;
   Publisher m_publisher;
   AnswerFaults m_answers;
+  CallLimit m_controlLimit;
 };
 
 }  // namespace btservice

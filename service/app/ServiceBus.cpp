@@ -7,6 +7,8 @@
 #include <mwp/MWPLog.h>
 
 #include "service/app/BusNames.h"
+#include "service/dbus/WireLimits.h"
+#include "service/world/Quote.h"
 
 namespace btservice {
 
@@ -53,8 +55,8 @@ void ServiceBus::OwnName() {
 
 void ServiceBus::EmitSignal(const std::string& name, GVariant* tuple) {
   g_autoptr(GVariant) values = g_variant_ref_sink(tuple);
-  if (g_dbus_is_member_name(name.c_str()) == FALSE) {
-    throw std::invalid_argument("'" + name + "' cannot be the name of a signal");
+  if (name.size() > kLongestName || g_dbus_is_member_name(name.c_str()) == FALSE) {
+    throw std::invalid_argument(Quote(name) + " cannot be the name of a signal");
   }
   g_dbus_connection_emit_signal(m_connection, nullptr, kServicePath, kServiceInterface, name.c_str(), values,
                                 nullptr);

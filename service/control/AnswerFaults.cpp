@@ -6,10 +6,14 @@
 
 #include <bt_dbus.h>
 
+#include "service/dbus/WireLimits.h"
+#include "service/world/Quote.h"
+
 namespace btservice {
 namespace {
 
 constexpr const char* kAnyMethod = "*";
+constexpr std::size_t kMostFaults = 1000;
 
 void Require(bool condition, const std::string& problem) {
   if (!condition) {
@@ -43,8 +47,8 @@ void AnswerFaults::Delay(const std::string& method, unsigned count, unsigned mil
 
 void AnswerFaults::Fail(const std::string& method, unsigned count, const std::string& errorName,
                         const std::string& message) {
-  Require(g_dbus_is_interface_name(errorName.c_str()) != FALSE,
-          "'" + errorName + "' is not a D-Bus error name");
+  Require(errorName.size() <= kLongestName && g_dbus_is_interface_name(errorName.c_str()) != FALSE,
+          Quote(errorName) + " is not a D-Bus error name");
   Fault fault{Kind::FAIL, method, count};
   fault.errorName = errorName;
   fault.message = message;
@@ -63,7 +67,10 @@ void AnswerFaults::Add(Fault fault) {
   const bool exists = fault.method == kAnyMethod ||
                       g_dbus_interface_info_lookup_method(com_zelk_linux_bluetooth_interface_info(),
                                                           fault.method.c_str()) != nullptr;
-  Require(exists, "the service has no method '" + fault.method + "'");
+  Require(exists, "the service has no method " + Quote(fault.method));
+  Require(m_faults.size() < kMostFaults,
+          "there are " + std::to_string(kMostFaults) +
+              " faults already that wait for a call; AnswerAgain removes them");
   if (fault.count > 0) {
     m_faults.push_back(std::make_shared<Fault>(std::move(fault)));
   }

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include "service/control/ControlMethods.h"
+#include "service/dbus/WireLimits.h"
 
 namespace btservice {
 namespace {
@@ -34,7 +35,15 @@ GVariant* ToTuple(GVariant* values) {
     g_variant_builder_add_value(&builder, value);
     g_variant_unref(value);
   }
-  return g_variant_builder_end(&builder);
+  GVariant* const tuple = g_variant_builder_end(&builder);
+  const std::size_t signature = std::strlen(g_variant_get_type_string(tuple)) - std::strlen("()");
+  if (signature > kLongestSignature) {
+    g_variant_unref(g_variant_ref_sink(tuple));
+    throw std::invalid_argument("expected values whose types take at most " +
+                                std::to_string(kLongestSignature) + " characters, got " +
+                                std::to_string(signature));
+  }
+  return tuple;
 }
 
 }  // namespace

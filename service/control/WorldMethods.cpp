@@ -1,4 +1,6 @@
 #include "service/control/ControlMethods.h"
+#include "service/world/Limits.h"
+#include "service/world/Quote.h"
 #include "service/world/Words.h"
 #include "service/world/WorldFile.h"
 
@@ -9,7 +11,7 @@ template <typename Enum>
 Enum FromWord(const gchar* word) {
   const Enum* const value = FindWord<Enum>(word);
   if (value == nullptr) {
-    throw std::invalid_argument(std::string("expected one of ") + Choices<Enum>() + ", got '" + word + "'");
+    throw std::invalid_argument(std::string("expected one of ") + Choices<Enum>() + ", got " + Quote(word));
   }
   return *value;
 }
@@ -43,8 +45,12 @@ GVariant* ToVariant(const std::vector<Outside::Glimpse>& devices) {
 
 void BindWorldMethods(ControlBinder binder, Outside& outside) {
   using O = Outside;
-  binder.Bind(SIM_METHOD(add_device),
-              [&outside](const gchar* json) { return outside.AddDevice(DeviceFromJson(json)); });
+  binder.Bind(SIM_METHOD(add_device), [&outside](const gchar* json) {
+    if (outside.Devices().size() >= kMostDevices) {
+      throw std::invalid_argument("there are " + std::to_string(kMostDevices) + " devices already");
+    }
+    return outside.AddDevice(DeviceFromJson(json));
+  });
   binder.Bind(SIM_METHOD(set_in_range), outside, &O::SetInRange);
   binder.Bind(SIM_METHOD(lose_link), outside, &O::LoseLink);
   binder.Bind(SIM_METHOD(request_pairing), outside, &O::RequestPairing);

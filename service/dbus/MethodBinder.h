@@ -92,6 +92,10 @@ class MethodBinder {
       } catch (const std::invalid_argument& problem) {
         g_dbus_method_invocation_return_error_literal(invocation, G_DBUS_ERROR, G_DBUS_ERROR_INVALID_ARGS,
                                                       problem.what());
+      } catch (const std::exception& problem) {
+        // Such as no memory for what was asked: that must not end the service.
+        g_dbus_method_invocation_return_error_literal(invocation, G_DBUS_ERROR, G_DBUS_ERROR_FAILED,
+                                                      problem.what());
       }
       return TRUE;
     }

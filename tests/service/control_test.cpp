@@ -186,6 +186,33 @@ TEST_F(ControlTest, OrdersWithoutSenseAreRefused) {
   EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
 }
 
+TEST_F(ControlTest, OrdersThatTheBusOrTheMachineCouldNotTakeAreRefused) {
+  const std::string name = "a" + std::string(255, 'b');
+  EXPECT_THAT(ProblemOf("EmitSignal", g_variant_new("(s@av)", name.c_str(), Values({}))),
+              HasSubstr("bbb...' cannot be the name of a signal"));
+  EXPECT_THAT(ProblemOf("FailAnswers", g_variant_new("(suss)", "*", 1, ("a." + name).c_str(), "")),
+              HasSubstr("bbb...' is not a D-Bus error name"));
+  std::vector<GVariant*> many;
+  for (int i = 0; i < 256; ++i) {
+    many.push_back(g_variant_new_byte(0));
+  }
+  EXPECT_THAT(ProblemOf("EmitSignal", g_variant_new("(s@av)", "OnHangupCallChanged", Values(many))),
+              HasSubstr("expected values whose types take at most 255 characters, got 256"));
+  EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", std::string(1000000, '[').c_str())),
+              HasSubstr("device:1: expected at most 64 lists and objects within each other"));
+  EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", std::string(18 << 20, ' ').c_str())),
+              HasSubstr("expected arguments of at most 17 MiB"));
+  EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", R"({"address": "00:00:00:00:00:01", "name": "A",
+                  "phoneBook": {"vcard": "/dev/zero"}})")),
+              HasSubstr("/dev/zero: is not a regular file"));
+  for (int i = 0; i < 1000; ++i) {
+    Control("DropAnswers", g_variant_new("(su)", "DialCall", 1));
+  }
+  EXPECT_THAT(ProblemOf("DropAnswers", g_variant_new("(su)", "DialCall", 1)),
+              HasSubstr("there are 1000 faults already"));
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+}
+
 TEST_F(ControlTest, AnySignalIsSentWithAnyValues) {
   Control("EmitSignal",
           g_variant_new("(s@av)", "OnCallStatusChanged",
