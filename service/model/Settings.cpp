@@ -5,7 +5,8 @@
 namespace btservice {
 namespace {
 
-constexpr std::size_t kLongestName = 248;  // bytes of a device name on the air
+constexpr std::size_t kLongestName = 248;   // bytes of a device name on the air
+constexpr std::size_t kLongestPath = 4096;  // bytes, as of the file system
 
 bool IsPin(const std::string& text) {
   return !text.empty() && text.size() <= 16 && text.find_first_not_of("0123456789") == std::string::npos;
@@ -24,7 +25,7 @@ bool IsAllowed(Attribute attribute, const std::string& value) {
     case BT_ATTR_CLASS_OF_DEVICE:
       return IsClassOfDevice(value);
     case BT_ATTR_DOWNLOAD_FOLDER:
-      return !value.empty() && value.front() == '/';
+      return !value.empty() && value.front() == '/' && value.size() <= kLongestPath;
     case BT_ATTR_LOCAL_ADDRESS:
     case BT_ATTR_STACK_VERSION:
       break;

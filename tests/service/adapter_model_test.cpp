@@ -151,6 +151,7 @@ TEST_F(AdapterModelTest, AttributesWithoutSenseAreRefused) {
   EXPECT_FALSE(adapter.SetAttribute(BT_ATTR_PIN_CODE, "12345678901234567"));
   EXPECT_FALSE(adapter.SetAttribute(BT_ATTR_CLASS_OF_DEVICE, "xyz"));
   EXPECT_FALSE(adapter.SetAttribute(BT_ATTR_DOWNLOAD_FOLDER, "relative"));
+  EXPECT_FALSE(adapter.SetAttribute(BT_ATTR_DOWNLOAD_FOLDER, "/" + std::string(4096, 'x')));
   EXPECT_EQ(log.Count<AttributeChanged>(), 0U);
 }
 
