@@ -93,7 +93,7 @@ std::string CallWithoutHandler(const char* interface, const char* method, GVaria
   const bttest::VariantPtr reply(g_dbus_connection_call_sync(
       connection.get(), g_dbus_connection_get_unique_name(connection.get()), "/com/zelk/linux/bluetooth",
       interface, method, arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, &failure));
-  const std::string message = failure != nullptr ? failure->message : "no error";
+  std::string message = failure != nullptr ? failure->message : "no error";
   g_clear_error(&failure);
   g_dbus_interface_skeleton_unexport(skeleton);
   g_object_unref(skeleton);

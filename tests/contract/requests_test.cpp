@@ -95,7 +95,7 @@ std::string Preset(const MethodDescription& method) {
     } else if (argument.signature == "a(yy)") {
       out.PlayModes({});
     } else {
-      out.Int(kPresetOne.count(method.name));
+      out.Int(kPresetOne.count(method.name) != 0 ? 1 : 0);
     }
   }
   return ToText(Own(out.Tuple()).get());

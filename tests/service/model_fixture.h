@@ -26,7 +26,7 @@ constexpr const char* kNobody = "AA:BB:CC:DD:EE:FF";
 class EventLog : public StackObserver {
  public:
   EventLog();
-  ~EventLog();
+  ~EventLog() override;
   void OnStackEvent(const StackEvent& event) override;
 
   template <typename Event>
