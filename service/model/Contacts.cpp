@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 namespace btservice {
 namespace {
@@ -46,13 +47,13 @@ std::string FullName(const Contact& contact) {
   return contact.firstName + (both ? " " : "") + contact.familyName;
 }
 
-void AddNumber(Contact& contact, NumberType type, const std::string& number) {
+void AddNumber(Contact& contact, NumberType type, std::string number) {
   auto group = std::find_if(contact.numbers.begin(), contact.numbers.end(),
                             [type](const ContactNumbers& one) { return one.type == type; });
   if (group == contact.numbers.end()) {
     group = contact.numbers.insert(group, ContactNumbers{type, {}});
   }
-  group->numbers.push_back(number);
+  group->numbers.push_back(std::move(number));
 }
 
 std::vector<Contact> MadeUpContacts(int count) {

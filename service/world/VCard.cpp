@@ -1,5 +1,6 @@
 #include "service/world/VCard.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -14,6 +15,7 @@ namespace btservice {
 namespace {
 
 constexpr std::string_view kVCard = "VCARD";
+constexpr std::size_t kUsualCard = 128;  // bytes
 constexpr std::size_t kMostProblems = 20;
 
 std::string DecodeQuotedPrintable(std::string_view text) {
@@ -38,8 +40,18 @@ std::string DecodeBase64(std::string_view text) {
   return std::string(reinterpret_cast<const char*>(bytes), size);
 }
 
+bool IsPrintableAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
+}
+
 /// Takes the part up to the separator off the text, and the backslashes out of the part.
 std::string TakePart(std::string_view& rest, char separator) {
+  const std::size_t end = std::min(rest.find(separator), rest.size());
+  const std::string_view raw = rest.substr(0, end);
+  if (raw.find('\\') == std::string_view::npos) {
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+    return std::string(raw);
+  }
   std::string part;
   std::size_t i = 0;
   for (; i < rest.size() && rest[i] != separator; ++i) {
@@ -53,27 +65,27 @@ std::string TakePart(std::string_view& rest, char separator) {
 
 std::string Unescape(std::string_view text) {
   constexpr char kNoSeparator = '\0';  // there is no control character in the text
-  return TakePart(text, kNoSeparator);
+  return text.find('\\') == std::string_view::npos ? std::string(text) : TakePart(text, kNoSeparator);
 }
 
 NumberType TypeOf(const VCardProperty& telephone) {
-  if (telephone.HasType("CELL")) {
+  if (telephone.isCell) {
     return NUMBER_MOBILE;
   }
-  if (telephone.HasType("HOME")) {
+  if (telephone.isHome) {
     return NUMBER_HOME;
   }
-  return telephone.HasType("WORK") ? NUMBER_WORK : NUMBER_OTHER;
+  return telephone.isWork ? NUMBER_WORK : NUMBER_OTHER;
 }
 
-void AddTelephone(Contact& contact, const VCardProperty& telephone, const std::string& value) {
+void AddTelephone(Contact& contact, const VCardProperty& telephone, std::string_view value) {
   constexpr std::string_view kScheme = "tel:";  // version 4 writes a number as a URI
   std::string number = Unescape(value);
   if (IsSameWord(std::string_view(number).substr(0, kScheme.size()), kScheme)) {
     number.erase(0, kScheme.size());
   }
   if (!number.empty()) {
-    AddNumber(contact, TypeOf(telephone), number);
+    AddNumber(contact, TypeOf(telephone), std::move(number));
   }
 }
 
@@ -87,6 +99,7 @@ struct Card {
 class BookReader {
  public:
   BookReader(const std::string& text, const std::string& fileName) : m_fileName(fileName), m_reader(text) {
+    m_cards.contacts.reserve(text.size() / kUsualCard);
     Advance();
   }
 
@@ -144,7 +157,7 @@ class BookReader {
     if (m_property.name.empty()) {
       card.problem = Problem(m_property.line, Expected("a property such as TEL:112"));
     } else if (isName || isFullName || m_property.Is("TEL")) {
-      const std::optional<std::string> value = Decoded();
+      const std::optional<std::string_view> value = Decoded();
       if (!value) {
         const std::string charset = m_property.charset.empty() ? "UTF-8" : Quote(m_property.charset);
         card.problem =
@@ -161,16 +174,23 @@ class BookReader {
     }
   }
 
-  std::optional<std::string> Decoded() {
+  /// The value as it is meant; it holds until the next one is asked for.
+  std::optional<std::string_view> Decoded() {
     switch (m_property.encoding) {
       case VCardProperty::Encoding::QUOTED_PRINTABLE:
-        return m_charset.ToUtf8(DecodeQuotedPrintable(m_property.value), m_property.charset);
+        m_decoded = m_charset.ToUtf8(DecodeQuotedPrintable(m_property.value), m_property.charset);
+        return m_decoded;
       case VCardProperty::Encoding::BASE64:
-        return m_charset.ToUtf8(DecodeBase64(m_property.value), m_property.charset);
+        m_decoded = m_charset.ToUtf8(DecodeBase64(m_property.value), m_property.charset);
+        return m_decoded;
       case VCardProperty::Encoding::NONE:
         break;
     }
-    return m_charset.ToUtf8(m_property.value, m_property.charset);
+    if (m_property.charset.empty() && IsPrintableAscii(m_property.value)) {
+      return m_property.value;  // most are, and a copy of each would be felt
+    }
+    m_decoded = m_charset.ToUtf8(m_property.value, m_property.charset);
+    return m_decoded;
   }
 
   void Finish(Card& card) {
@@ -205,6 +225,7 @@ class BookReader {
   VCardPropertyReader m_reader;
   VCardProperty m_property;  ///< the one that is looked at
   bool m_isThere = false;    ///< false at the end of the text
+  std::optional<std::string> m_decoded;
   Charset m_charset;
   VCards m_cards;
 };

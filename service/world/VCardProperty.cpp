@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "service/world/AsciiCase.h"
+#include <glib.h>
 
 namespace btservice {
 namespace {
@@ -10,7 +10,11 @@ namespace {
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kBlanks = " \t";
 
-bool IsBlank(std::string_view line) { return line.find_first_not_of(kBlanks) == std::string_view::npos; }
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+bool IsBlankLine(std::string_view line) {
+  return std::all_of(line.begin(), line.end(), [](char c) { return IsBlank(c); });
+}
 
 std::string_view WithoutBlanksAtEnd(std::string_view line) {
   return line.substr(0, line.find_last_not_of(kBlanks) + 1);
@@ -36,10 +40,34 @@ std::size_t FindOutsideQuotes(std::string_view text, char wanted) {
   return std::string_view::npos;
 }
 
-/// The place of the colon before the value. A quotation mark may be alone: it means nothing then.
-std::size_t FindColon(std::string_view line) {
-  const std::size_t outside = FindOutsideQuotes(line, ':');
-  return outside != std::string_view::npos ? outside : line.find(':');
+/// Where the parts of a line are: "item1.TEL;TYPE=CELL:112".
+struct Head {
+  std::size_t colon = std::string_view::npos;      ///< before the value; npos if the line is no property
+  std::size_t semicolon = std::string_view::npos;  ///< before the parameters; npos if there are none
+  std::size_t name = 0;                            ///< behind the group
+};
+
+/// One pass over the few letters before the value: this is done for each line of a book.
+Head FindHead(std::string_view line) {
+  Head head;
+  bool inQuotes = false;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    const char c = line[i];
+    if (c == '"') {
+      inQuotes = !inQuotes;
+    } else if (inQuotes) {
+      continue;
+    } else if (c == ':') {
+      head.colon = i;
+      return head;
+    } else if (c == ';' && head.semicolon == std::string_view::npos) {
+      head.semicolon = i;
+    } else if (c == '.' && head.semicolon == std::string_view::npos) {
+      head.name = i + 1;
+    }
+  }
+  head.colon = line.find(':');  // a quotation mark may be alone: it means nothing then
+  return head;
 }
 
 /// Takes what is before the separator, and the separator, off the rest.
@@ -77,36 +105,37 @@ VCardProperty::Encoding EncodingOf(std::string_view word) {
                                                              : VCardProperty::Encoding::NONE;
 }
 
-/// Sets all but the value and the line.
-void ParseHead(std::string_view head, VCardProperty& property) {
-  property.name = TakePart(head, ';');
-  property.name.remove_prefix(property.name.find('.') + 1);
-  property.parameters = head;
-  property.charset = std::string_view();
-  property.encoding = VCardProperty::Encoding::NONE;
-  ForEachParameter(head, [&](std::string_view name, std::string_view value) {
+void TakeTypes(std::string_view types, VCardProperty& property) {
+  while (!types.empty()) {
+    const std::string_view type = TakePart(types, ',');
+    property.isCell |= IsSameWord(type, "CELL");
+    property.isHome |= IsSameWord(type, "HOME");
+    property.isWork |= IsSameWord(type, "WORK");
+  }
+}
+
+/// Takes name and parameters from the line.
+void ParseHead(std::string_view line, const Head& head, VCardProperty& property) {
+  const std::size_t end = std::min(head.colon, head.semicolon);
+  property.name = line.substr(head.name, std::max(end, head.name) - head.name);
+  if (head.semicolon >= head.colon) {
+    return;
+  }
+  const std::string_view parameters = line.substr(head.semicolon + 1, head.colon - head.semicolon - 1);
+  ForEachParameter(parameters, [&](std::string_view name, std::string_view value) {
     if (IsSameWord(name, "CHARSET")) {
       property.charset = value;
     } else if (IsSameWord(name, "ENCODING") || (name.empty() && value.size() > 1)) {
       const VCardProperty::Encoding encoding = EncodingOf(value);
       property.encoding = encoding != VCardProperty::Encoding::NONE ? encoding : property.encoding;
     }
+    if (name.empty() || IsSameWord(name, "TYPE")) {
+      TakeTypes(value, property);
+    }
   });
 }
 
 }  // namespace
-
-bool VCardProperty::Is(std::string_view wanted) const { return IsSameWord(name, wanted); }
-
-bool VCardProperty::HasType(std::string_view wanted) const {
-  bool found = false;
-  ForEachParameter(parameters, [&](std::string_view parameter, std::string_view values) {
-    while ((parameter.empty() || IsSameWord(parameter, "TYPE")) && !values.empty()) {
-      found |= IsSameWord(TakePart(values, ','), wanted);
-    }
-  });
-  return found;
-}
 
 VCardPropertyReader::VCardPropertyReader(std::string_view text) : m_text(text) {
   if (m_text.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
@@ -120,19 +149,20 @@ bool VCardPropertyReader::Next(VCardProperty& property) {
       return false;
     }
     m_current = TakeLine();
-  } while (IsBlank(m_current));
+  } while (IsBlankLine(m_current));
   property = VCardProperty();
   property.line = m_line;
-  if (FindColon(m_current) == std::string_view::npos) {
+  Head head = FindHead(m_current);
+  if (head.colon == std::string_view::npos && IsFolded()) {
     Unfold();
+    head = FindHead(m_current);
   }
-  const std::size_t colon = FindColon(m_current);
-  if (colon == std::string_view::npos) {
+  if (head.colon == std::string_view::npos) {
     property.value = m_current;
     return true;
   }
   const char* const place = m_current.data();
-  ParseHead(m_current.substr(0, colon), property);
+  ParseHead(m_current, head, property);
   if (property.encoding == VCardProperty::Encoding::QUOTED_PRINTABLE) {
     JoinQuotedPrintable();
   } else {
@@ -142,28 +172,29 @@ bool VCardPropertyReader::Next(VCardProperty& property) {
     }
   }
   if (m_current.data() != place) {
-    ParseHead(m_current.substr(0, colon), property);
+    ParseHead(m_current, head, property);
   }
-  property.value = m_current.substr(colon + 1);
+  property.value = m_current.substr(head.colon + 1);
   return true;
 }
 
-std::string_view VCardPropertyReader::PeekLine() const {
-  const std::size_t end = std::min(m_text.find('\n', m_place), m_text.size());
-  const std::string_view line = m_text.substr(m_place, end - m_place);
+std::string_view VCardPropertyReader::PeekLine() const { return LineUpTo(m_text.find('\n', m_place)); }
+
+/// The line that ends there, or at the end of the text, without what ends it.
+std::string_view VCardPropertyReader::LineUpTo(std::size_t end) const {
+  const std::string_view line = m_text.substr(m_place, std::min(end, m_text.size()) - m_place);
   return !line.empty() && line.back() == '\r' ? line.substr(0, line.size() - 1) : line;
 }
 
 std::string_view VCardPropertyReader::TakeLine() {
-  const std::string_view line = PeekLine();
-  m_place = std::min(m_text.find('\n', m_place), m_text.size()) + 1;
+  const std::size_t end = m_text.find('\n', m_place);
+  const std::string_view line = LineUpTo(end);
+  m_place = std::min(end, m_text.size()) + 1;
   ++m_line;
   return line;
 }
 
-bool VCardPropertyReader::IsFolded() const {
-  return !IsAtEnd() && kBlanks.find(m_text[m_place]) != std::string_view::npos;
-}
+bool VCardPropertyReader::IsFolded() const { return !IsAtEnd() && IsBlank(m_text[m_place]); }
 
 void VCardPropertyReader::Unfold() {
   while (IsFolded()) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "service/world/AsciiCase.h"
+
 namespace btservice {
 
 /// A property of a vCard as it stands in the file: "item1.TEL;TYPE=CELL:112".
@@ -11,16 +13,17 @@ struct VCardProperty {
   enum class Encoding { NONE, QUOTED_PRINTABLE, BASE64 };
 
   /// Whether its name is this one, in upper or lower case.
-  bool Is(std::string_view wanted) const;
-  /// Whether its types name this one: "TYPE=CELL,VOICE", or "CELL" as old cards have it.
-  bool HasType(std::string_view wanted) const;
+  bool Is(std::string_view wanted) const { return IsSameWord(name, wanted); }
 
-  int line = 1;                 ///< where it begins
-  std::string_view name;        ///< without its group. Empty if the line is no property: it is the value then
-  std::string_view parameters;  ///< "TYPE=CELL;CHARSET=UTF-8"
-  std::string_view charset;     ///< empty if none is named
-  std::string_view value;       ///< in one piece, but still encoded
+  int line = 1;              ///< where it begins
+  std::string_view name;     ///< without its group. Empty if the line is no property: it is the value then
+  std::string_view charset;  ///< empty if none is named
+  std::string_view value;    ///< in one piece, but still encoded
   Encoding encoding = Encoding::NONE;
+  // Whether it is of these types: "TYPE=CELL,VOICE", or "CELL" as old cards have it.
+  bool isCell = false;
+  bool isHome = false;
+  bool isWork = false;
 };
 
 /// Takes a text apart into properties, one for each logical line. What belongs together is joined: folded
@@ -38,6 +41,7 @@ class VCardPropertyReader {
  private:
   bool IsAtEnd() const { return m_place >= m_text.size(); }
   std::string_view PeekLine() const;
+  std::string_view LineUpTo(std::size_t end) const;
   std::string_view TakeLine();
   bool IsFolded() const;
   /// Puts the folded lines that come next behind the line.
