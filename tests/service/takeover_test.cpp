@@ -20,10 +20,7 @@ namespace btservice {
 namespace {
 
 using bttest::ChildProcess;
-using testing::AllOf;
-using testing::Contains;
 using testing::Each;
-using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
