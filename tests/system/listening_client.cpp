@@ -81,7 +81,7 @@ bool Start(bool waits) {
       return false;
     }
     if (isFirst) {
-      Print("waiting\n");
+      Print("%s\n", "waiting");
     }
     g_usleep(10000);
   }
