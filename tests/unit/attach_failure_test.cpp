@@ -16,12 +16,16 @@ namespace {
 
 void* const kAttachFailure = reinterpret_cast<void*>(-1);
 bool g_attachFails = false;
+const void* g_askedAddress = kAttachFailure;  ///< of the last attachment
+int g_askedFlags = -1;
 
 }  // namespace
 
 // Takes the place of the C library's function for the library under test.
 extern "C" __attribute__((visibility("default"))) void* shmat(int shmid, const void* shmaddr,
                                                               int shmflg) noexcept {
+  g_askedAddress = shmaddr;
+  g_askedFlags = shmflg;
   if (g_attachFails) {
     errno = ENOMEM;
     return kAttachFailure;
@@ -32,6 +36,12 @@ extern "C" __attribute__((visibility("default"))) void* shmat(int shmid, const v
 }
 
 namespace {
+
+TEST(Attachment, LeavesTheAddressToTheSystemAndIsForReadingAndWriting) {
+  ASSERT_TRUE(ShareMemory::InitShareMemory(SH_PAIRED_LIST, 2048));
+  EXPECT_EQ(g_askedAddress, nullptr);
+  EXPECT_EQ(g_askedFlags, 0);
+}
 
 class AttachFailure : public testing::Test {
  protected:

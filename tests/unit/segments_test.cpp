@@ -1,6 +1,8 @@
 // The segments shared with the service, looked at from outside.
 
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -9,6 +11,7 @@
 #include "ipc/BtClientIpcAdapter.h"
 #include "ipc/ShareMemory/SegmentCatalogue.h"
 #include "ipc/ShareMemory/ShareMemory.h"
+#include "ipc/ShareMemory/ShmUnPackUtils.h"
 #include "support/LogCapture.h"
 #include "support/Segments.h"
 
@@ -100,6 +103,20 @@ TEST(Segments, ASegmentThatIsLargerIsAttached) {
   bttest::CreateSegment(SH_CALL_INFO_LIST, 8192);
   BtClientIpcAdapter adapter;
   EXPECT_NE(ShareMemory::GetShareMemory(SH_CALL_INFO_LIST), nullptr);
+}
+
+TEST(Segments, ASegmentThatWasAskedForWithASmallerSizeIsReadToItsEndAndNoFurther) {
+  constexpr int kSize = 4096;
+  ASSERT_TRUE(ShareMemory::InitShareMemory(SH_CONTACT_LIST, kSize));
+  std::vector<unsigned char> content(kSize, 'x');
+  const int count = 1;
+  std::memcpy(content.data(), &count, sizeof count);
+  bttest::WriteSegment(SH_CONTACT_LIST, 0, content);
+  ShmUnPackUtils unpack;
+  EXPECT_EQ(unpack.StartShmUnPackList(SH_CONTACT_LIST), 1);
+  std::string text = "as it was";
+  EXPECT_FALSE(unpack.UnPackDataFromShareMemory(text));
+  EXPECT_EQ(text, "as it was");
 }
 
 TEST(Segments, DestroyingTheAdapterForgetsAllButTheCallTable) {

@@ -46,10 +46,13 @@ TEST(BuildVariant, CopiesTheBytes) {
 
 TEST(BuildVariant, OfANullBufferWithALengthIsLoggedAndEmpty) {
   bttest::LogCapture log;
-  const VariantPtr variant = Own(bt_build_variant_data(nullptr, 5));
-  char out[8];
-  EXPECT_EQ(bt_extract_variant_data(out, variant.get()), 0);
-  EXPECT_EQ(log.OfLevel(100).size(), 1u);
+  for (const int length : {5, 1}) {
+    log.Clear();
+    const VariantPtr variant = Own(bt_build_variant_data(nullptr, length));
+    char out[8];
+    EXPECT_EQ(bt_extract_variant_data(out, variant.get()), 0);
+    EXPECT_EQ(log.OfLevel(100).size(), 1u);
+  }
   EXPECT_TRUE(log.Complaints().empty());
 }
 
@@ -58,6 +61,14 @@ TEST(ExtractVariant, OfAnEmptyArrayWritesNothing) {
   char out = 'x';
   EXPECT_EQ(bt_extract_variant_data(&out, variant.get()), 0);
   EXPECT_EQ(out, 'x');
+}
+
+TEST(ExtractVariant, OfASingleByteWritesThatByte) {
+  char data = 'a';
+  const VariantPtr variant = Own(bt_build_variant_data(&data, 1));
+  char out[] = "xy";
+  EXPECT_EQ(bt_extract_variant_data(out, variant.get()), 1);
+  EXPECT_STREQ(out, "ay");
 }
 
 TEST(ExtractVariant, RoundTripKeepsEveryByteZerosIncluded) {
