@@ -33,7 +33,7 @@ std::string ThisExecutable() {
 }
 
 /// Becomes this executable once more, in the sandbox, with the service of the same build if that is there.
-int EnterSandbox(char** argv) {
+int EnterSandbox(int argc, char** argv) {
   setenv(kIsInSandbox, "1", 1);
   // GLib's locks are its own, so ThreadSanitizer cannot see how it orders what it does for several threads:
   // it is to judge our code alone, in this process and in those that it starts.
@@ -41,6 +41,7 @@ int EnterSandbox(char** argv) {
   const char* const service = access(BTTEST_SERVICE, X_OK) == 0 ? BTTEST_SERVICE : "empty";
   std::vector<std::string> command{BTTEST_SANDBOX, "--service", service, ThisExecutable()};
   std::vector<char*> pointers;
+  pointers.reserve(command.size() + static_cast<std::size_t>(argc));
   for (std::string& word : command) {
     pointers.push_back(word.data());
   }
@@ -57,7 +58,7 @@ int EnterSandbox(char** argv) {
 
 int main(int argc, char** argv) {
   if (!OnlyLists(argc, argv) && std::getenv(kIsInSandbox) == nullptr) {
-    return EnterSandbox(argv);
+    return EnterSandbox(argc, argv);
   }
   testing::InitGoogleMock(&argc, argv);
   return RUN_ALL_TESTS();

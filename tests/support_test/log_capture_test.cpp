@@ -45,17 +45,20 @@ TEST(LogCapture, CollectsOnlyWhileItLives) {
   EXPECT_THAT(second.Messages(), ElementsAre("within"));
 }
 
+void LogLines(int count) {
+  for (int line = 0; line < count; ++line) {
+    MWP_LOG(MWP_LOG_DEBUG, "line %d", line);
+  }
+}
+
 TEST(LogCapture, LosesNothingOfSeveralThreads) {
   constexpr int kThreads = 4;
   constexpr int kLines = 500;
   LogCapture log;
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int i = 0; i < kThreads; ++i) {
-    threads.emplace_back([] {
-      for (int line = 0; line < kLines; ++line) {
-        MWP_LOG(MWP_LOG_DEBUG, "line %d", line);
-      }
-    });
+    threads.emplace_back(LogLines, kLines);
   }
   for (std::thread& thread : threads) {
     thread.join();
