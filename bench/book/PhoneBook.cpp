@@ -125,13 +125,14 @@ std::vector<unsigned char> PackForSegment(const PhoneBook& book) {
 }
 
 std::string PackAsVCards(const PhoneBook& book) {
+  constexpr const char* kTypes[] = {"VOICE", "CELL", "HOME", "WORK"};
   std::string cards;
   for (const MWPTypeContact& contact : book) {
     cards += "BEGIN:VCARD\r\nVERSION:2.1\r\nUID:" + std::to_string(contact.nContactId) +
-             "\r\nFN:" + contact.strText1 + "\r\nORG:" + contact.strText2 + "\r\n";
+             "\r\nN:" + contact.strText2 + ";" + contact.strText1 + "\r\n";
     for (const MWPTypeContactNumber& group : contact.listNumbers) {
       for (const std::string& value : group.vecValues) {
-        cards += "TEL;X-" + std::to_string(group.nType) + ":" + value + "\r\n";
+        cards += std::string("TEL;") + kTypes[group.nType] + ":" + value + "\r\n";
       }
     }
     cards += "END:VCARD\r\n";

@@ -1,7 +1,6 @@
 #include "bench/peers/BookCards.h"
 
 #include <cstdlib>
-#include <cstring>
 #include <string_view>
 
 #define NORCSID
@@ -21,18 +20,23 @@ MWPTypeContactNumber& GroupOfType(MWPTypeContact& contact, int type) {
   return group;
 }
 
+int TypeOf(std::string_view word) {
+  if (word == "CELL") {
+    return 1;
+  }
+  return word == "HOME" ? 2 : 3;
+}
+
 void TakeProperty(VF_PROP_T* property, MWPTypeContact& contact) {
   const std::string_view name = vf_get_prop_name_string(property, 0);
   const char* const value = vf_get_prop_value_string(property, 0);
   if (name == VFP_UNIQUESTRING) {
     contact.nContactId = std::atoi(value);
-  } else if (name == VFP_FULLNAME) {
-    contact.strText1 = value;
-  } else if (name == VFP_ORG) {
+  } else if (name == VFP_NAME) {
     contact.strText2 = value;
+    contact.strText1 = vf_get_prop_value_string(property, VFP_NAME_GIVEN);
   } else if (name == VFP_TELEPHONE) {
-    const int type = std::atoi(vf_get_prop_name_string(property, 1) + std::strlen("X-"));
-    GroupOfType(contact, type).vecValues.emplace_back(value);
+    GroupOfType(contact, TypeOf(vf_get_prop_name_string(property, 1))).vecValues.emplace_back(value);
   }
 }
 

@@ -18,6 +18,7 @@
 #include "ipc/ShareMemory/ShareMemory.h"
 #ifdef BENCH_HAS_VFORMAT
 #include "bench/peers/BookCards.h"
+#include "service/world/VCard.h"
 #endif
 
 namespace {
@@ -28,6 +29,7 @@ constexpr clockid_t kWall = CLOCK_MONOTONIC;
 constexpr clockid_t kProcessor = CLOCK_THREAD_CPUTIME_ID;
 constexpr double kLimitIntoEmptyList = 9;
 constexpr double kLimitIntoPreviousList = 3.5;
+constexpr double kLimitOfCards = 0.1;
 
 /// Finds the end of every string of a book in its segment, and no more. Answers the number of bytes walked.
 /// Not inline: whoever does not look at the answer still has it worked out.
@@ -129,6 +131,40 @@ void CompareDecoders(Report& report, const PhoneBook& book) {
   g_variant_unref(message);
 }
 
+#ifdef BENCH_HAS_VFORMAT
+PhoneBook ToBook(const std::vector<btservice::Contact>& contacts) {
+  PhoneBook book;
+  for (const btservice::Contact& contact : contacts) {
+    MWPTypeContact& record = book.emplace_back();
+    record.nContactId = contact.id;
+    record.strText1 = contact.firstName;
+    record.strText2 = contact.familyName;
+    for (const btservice::ContactNumbers& group : contact.numbers) {
+      record.listNumbers.push_back({group.type, group.numbers});
+    }
+  }
+  return book;
+}
+
+/// The reader of the simulated service's vCard files, next to a library made for them.
+void CompareCardReaders(Report& report, const PhoneBook& book) {
+  const std::string cards = PackAsVCards(book);
+  Require(AreEqual(ToBook(btservice::ParseVCards(cards, "book.vcf").contacts), book),
+          "btservice reads another phone book");
+  const Way own = {"vCard text, parsed by btservice", [&cards] {
+                     btservice::VCards read;
+                     return Cost(kProcessor, [&] { read = btservice::ParseVCards(cards, "book.vcf"); });
+                   }};
+  // Not in turn: the peer leaves a heap full of holes, and who comes after it would pay for that.
+  const double ownCost = RunInTurn({own}, kRounds).Least(0);
+  const Way peer =
+      Filling("libvformat", kProcessor, book, [&cards](PhoneBook& list) { list = ParseVCards(cards); });
+  const double peerCost = RunInTurn({peer}, kPeerRounds).Least(0);
+  report.Add({own.name, Milliseconds(ownCost), peer.name, Milliseconds(peerCost), Times(ownCost / peerCost),
+              kLimitOfCards});
+}
+#endif
+
 /// From the request to the records, with the service's part and the bus's, by wall time.
 void CompareFetches(Report& report, const PhoneBook& book, Responder& responder) {
   PhoneBook previous;
@@ -152,6 +188,9 @@ void MeasureContacts(Report& report, Responder& responder) {
   PhoneBook published;
   FetchFromSegment(published);  // has the responder fill the segment
   CompareWithYardstick(report, book);
+#ifdef BENCH_HAS_VFORMAT
+  CompareCardReaders(report, book);
+#endif
   CompareDecoders(report, book);
   CompareFetches(report, book, responder);
 }

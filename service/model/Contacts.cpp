@@ -8,6 +8,8 @@
 namespace btservice {
 namespace {
 
+constexpr std::size_t kUsualNumbers = 2;  // of one kind
+
 // The lengths have no common divisor, so that first and family names meet in every combination.
 constexpr std::array<const char*, 23> kFirstNames{
     "Ada", "Ben",  "Chiara", "David", "Elif", "Finn",  "Grace", "Hiro",  "Inés", "Jörg",   "Kaya",   "Lena",
@@ -52,6 +54,9 @@ void AddNumber(Contact& contact, NumberType type, std::string number) {
                             [type](const ContactNumbers& one) { return one.type == type; });
   if (group == contact.numbers.end()) {
     group = contact.numbers.insert(group, ContactNumbers{type, {}});
+  }
+  if (group->numbers.empty()) {
+    group->numbers.reserve(kUsualNumbers);
   }
   group->numbers.push_back(std::move(number));
 }

@@ -32,10 +32,10 @@ bool IsBase64(std::string_view line) {
 std::size_t FindOutsideQuotes(std::string_view text, char wanted) {
   bool inQuotes = false;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    inQuotes ^= text[i] == '"';
     if (text[i] == wanted && !inQuotes) {
       return i;
     }
+    inQuotes ^= text[i] == '"';
   }
   return std::string_view::npos;
 }
@@ -53,6 +53,9 @@ Head FindHead(std::string_view line) {
   bool inQuotes = false;
   for (std::size_t i = 0; i < line.size(); ++i) {
     const char c = line[i];
+    if (c != '"' && c != ':' && c != ';' && c != '.') {
+      continue;  // most of them
+    }
     if (c == '"') {
       inQuotes = !inQuotes;
     } else if (inQuotes) {
@@ -83,35 +86,53 @@ std::string_view WithoutQuotes(std::string_view text) {
   return isQuoted ? text.substr(1, text.size() - 2) : text;
 }
 
-/// Calls visit with name and value of each parameter. Old cards have values alone: the name is empty then.
-template <typename Visit>
-void ForEachParameter(std::string_view parameters, Visit visit) {
-  while (!parameters.empty()) {
-    const std::string_view parameter = TakePart(parameters, ';');
-    const std::size_t equals = parameter.find('=');
-    if (equals == std::string_view::npos) {
-      visit(std::string_view(), parameter);
-    } else {
-      visit(parameter.substr(0, equals), WithoutQuotes(parameter.substr(equals + 1)));
+void TakeEncoding(std::string_view word, VCardProperty& property) {
+  if (IsSameWord(word, "QUOTED-PRINTABLE")) {
+    property.encoding = VCardProperty::Encoding::QUOTED_PRINTABLE;
+  } else if (IsSameWord(word, "BASE64") || IsSameWord(word, "B")) {
+    property.encoding = VCardProperty::Encoding::BASE64;
+  }
+}
+
+void TakeType(std::string_view type, VCardProperty& property) {
+  property.isCell |= IsSameWord(type, "CELL");
+  property.isHome |= IsSameWord(type, "HOME");
+  property.isWork |= IsSameWord(type, "WORK");
+}
+
+/// A parameter has a name, "TYPE=CELL,VOICE", or is a word alone, as in old cards: "CELL".
+void TakeParameter(std::string_view parameter, VCardProperty& property) {
+  const std::size_t equals = parameter.find('=');
+  if (equals == std::string_view::npos) {
+    TakeType(parameter, property);
+    if (parameter != "B") {  // short for base64 only where the encoding is named
+      TakeEncoding(parameter, property);
+    }
+    return;
+  }
+  const std::string_view name = parameter.substr(0, equals);
+  std::string_view value = WithoutQuotes(parameter.substr(equals + 1));
+  if (IsSameWord(name, "CHARSET")) {
+    property.charset = value;
+  } else if (IsSameWord(name, "ENCODING")) {
+    TakeEncoding(value, property);
+  } else if (IsSameWord(name, "TYPE")) {
+    while (!value.empty()) {
+      TakeType(TakePart(value, ','), property);
     }
   }
 }
 
-VCardProperty::Encoding EncodingOf(std::string_view word) {
-  if (IsSameWord(word, "QUOTED-PRINTABLE")) {
-    return VCardProperty::Encoding::QUOTED_PRINTABLE;
-  }
-  return IsSameWord(word, "BASE64") || IsSameWord(word, "B") ? VCardProperty::Encoding::BASE64
-                                                             : VCardProperty::Encoding::NONE;
-}
-
-void TakeTypes(std::string_view types, VCardProperty& property) {
-  while (!types.empty()) {
-    const std::string_view type = TakePart(types, ',');
-    property.isCell |= IsSameWord(type, "CELL");
-    property.isHome |= IsSameWord(type, "HOME");
-    property.isWork |= IsSameWord(type, "WORK");
-  }
+/// Forgets what the property was before. Member by member: to copy a new one over it is a tenth of the time
+/// that a book takes.
+void Begin(VCardProperty& property, int line) {
+  property.line = line;
+  property.name = std::string_view();
+  property.charset = std::string_view();
+  property.encoding = VCardProperty::Encoding::NONE;
+  property.isCell = false;
+  property.isHome = false;
+  property.isWork = false;
 }
 
 /// Takes name and parameters from the line.
@@ -121,18 +142,10 @@ void ParseHead(std::string_view line, const Head& head, VCardProperty& property)
   if (head.semicolon >= head.colon) {
     return;
   }
-  const std::string_view parameters = line.substr(head.semicolon + 1, head.colon - head.semicolon - 1);
-  ForEachParameter(parameters, [&](std::string_view name, std::string_view value) {
-    if (IsSameWord(name, "CHARSET")) {
-      property.charset = value;
-    } else if (IsSameWord(name, "ENCODING") || (name.empty() && value.size() > 1)) {
-      const VCardProperty::Encoding encoding = EncodingOf(value);
-      property.encoding = encoding != VCardProperty::Encoding::NONE ? encoding : property.encoding;
-    }
-    if (name.empty() || IsSameWord(name, "TYPE")) {
-      TakeTypes(value, property);
-    }
-  });
+  std::string_view parameters = line.substr(head.semicolon + 1, head.colon - head.semicolon - 1);
+  while (!parameters.empty()) {
+    TakeParameter(TakePart(parameters, ';'), property);
+  }
 }
 
 }  // namespace
@@ -150,8 +163,7 @@ bool VCardPropertyReader::Next(VCardProperty& property) {
     }
     m_current = TakeLine();
   } while (IsBlankLine(m_current));
-  property = VCardProperty();
-  property.line = m_line;
+  Begin(property, m_line);
   Head head = FindHead(m_current);
   if (head.colon == std::string_view::npos && IsFolded()) {
     Unfold();
