@@ -21,10 +21,15 @@ using bttest::RandomRecords;
 // Together a million. The large segments are tried mostly with ones behind the mutation, where a corrupt
 // count ends the reading soon: in zeros, as they are in life, it can stand for a hundred thousand empty
 // records.
-constexpr int kContactSegmentsInZeros = 500;  // of each of the two kinds
-constexpr int kContactSegments = 99'500;
-constexpr int kCallLogSegments = 400'000;
-constexpr int kCallInfoSegments = 400'000;
+#ifdef BTTEST_UNDER_EMULATOR
+constexpr int kShare = 20;  // It is some twenty times as slow.
+#else
+constexpr int kShare = 1;
+#endif
+constexpr int kContactSegmentsInZeros = 500 / kShare;  // of each of the two kinds
+constexpr int kContactSegments = 99'500 / kShare;
+constexpr int kCallLogSegments = 400'000 / kShare;
+constexpr int kCallInfoSegments = 400'000 / kShare;
 
 constexpr unsigned char kZeros = 0;
 constexpr unsigned char kOnes = 0xff;
@@ -118,6 +123,7 @@ void TryMutations(ListWorld& world, ShareMemID id, int segments, unsigned char f
 template <typename MakeSample>
 std::vector<Bytes> MakeSamples(MakeSample makeSample) {
   std::vector<Bytes> samples;
+  samples.reserve(kSamples);
   for (int i = 0; i < kSamples; ++i) {
     samples.push_back(makeSample());
   }

@@ -51,7 +51,8 @@ bt_add_test(NAME service_system_test
     takeover_test.cpp
     ../recorder/ZeroValue.cpp
   LIBS btservice_segments
-  LABELS service system)
+  LABELS service system
+  SEPARATE)
 target_compile_definitions(service_system_test PRIVATE
   BTTEST_LIBRARY="$<TARGET_FILE:bt>"
   BTTEST_CONTROLS_XML="${CMAKE_SOURCE_DIR}/service/com.zelk.linux.bluetooth.sim.xml"

@@ -19,7 +19,7 @@ target_compile_definitions(system_two_clients PRIVATE
   BTTEST_LISTENING_CLIENT="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/listening_client")
 add_dependencies(system_two_clients listening_client)
 bt_add_test(NAME system_concurrency SOURCES concurrent_client_test.cpp concurrent_events_test.cpp
-            concurrent_requests_test.cpp tsan_options.cpp LABELS concurrency)
+            concurrent_requests_test.cpp tsan_options.cpp LABELS concurrency SEPARATE)
 bt_add_test(NAME system_memory SOURCES memory_test.cpp)
 if(BT_BUILD_SIMULATION)
   bt_add_test(NAME system_end_to_end SOURCES end_to_end_test.cpp)

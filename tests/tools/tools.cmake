@@ -12,7 +12,8 @@ bt_add_test(NAME tools_parts_test SOURCES command_line_test.cpp completion_test.
 
 bt_add_test(NAME tools_btctl_test
   SOURCES bad_worlds_test.cpp command_rows.cpp commands_test.cpp coverage_test.cpp json_test.cpp outcome_test.cpp
-  LIBS bt_tools_support)
+  LIBS bt_tools_support
+  SEPARATE)
 target_compile_definitions(tools_btctl_test PRIVATE BT_PUBLIC_HEADERS="${CMAKE_SOURCE_DIR}/include/bluetooth")
 
 bt_add_test(NAME tools_shell_test SOURCES shell_test.cpp LIBS bt_tools_support)
