@@ -171,7 +171,7 @@ struct MemoryOfSuccesses : Started {
     // A contact is an id, two texts and the number of its numbers; a call log is three integers and five
     // texts.
     WriteSegment(SH_CONTACT_LIST, 0, TenRecords(4, 1 + 4));
-    WriteSegment(SH_CALL_LOG_LIST, 0, TenRecords(3 * 4, 4));
+    WriteSegment(SH_CALL_LOG_LIST, 0, TenRecords(12, 4));
   }
 };
 
