@@ -11,7 +11,8 @@ bt_add_test(NAME contract_events_memory
   SOURCES ShortOfMemory.cpp events_fixture.cpp events_memory_test.cpp
   LIBS bt_test_contract)
 bt_add_test(NAME contract_fanout
-  SOURCES EventCases.cpp fanout_changes_test.cpp fanout_kinds_test.cpp fanout_lock_test.cpp)
+  SOURCES EventCases.cpp fanout_changes_test.cpp fanout_kinds_test.cpp fanout_lock_test.cpp
+          fanout_walks_test.cpp)
 
 # The client's and the facades' tests share one table of all requests.
 add_library(bt_test_requests STATIC
