@@ -1,4 +1,5 @@
-// Segments that are full to the last byte of the smallest items, and counts that promise one more.
+// Segments that are full to the last byte, counts that promise one record more, and what is cut off by the
+// end.
 
 #include <list>
 #include <string>
@@ -93,6 +94,30 @@ TEST_F(Lists, AreReadInFullWhenTheSmallestCallLogsFillTheSegment) {
       EXPECT_TRUE(log.OfLevel(100).empty());
     }
   }
+}
+
+TEST_F(Lists, EndBeforeARecordWhoseLastIntegerIsCutOff) {
+  constexpr int kRoomForTheSecond = kSmallestContact - 2;
+  const std::size_t text =
+      kSegmentCatalogue[SH_CONTACT_LIST].size - kCountBytes - kSmallestContact - kRoomForTheSecond;
+  Packer()
+      .Int(2)
+      .Int(1)
+      .Text(std::string(text, 'x'))
+      .Text("")
+      .Int(0)
+      .Int(2)
+      .Text("")
+      .Text("")
+      .Publish(SH_CONTACT_LIST);
+  bttest::LogCapture log;
+  std::list<MWPTypeContact> contacts;
+  EXPECT_EQ(m_adapter.GetContactList(contacts), 1);
+  ASSERT_EQ(contacts.size(), 1u);
+  EXPECT_EQ(contacts.front().strText1.size(), text);
+  const std::vector<bttest::LogRecord> errors = log.OfLevel(100);
+  ASSERT_EQ(errors.size(), 1u);
+  EXPECT_NE(errors[0].message.find("an integer is cut off"), std::string::npos) << errors[0];
 }
 
 }  // namespace
