@@ -15,8 +15,16 @@ namespace btctl {
 std::string HelpOfGroup(const std::string& group) { return "The commands of " + group; }
 
 const std::vector<Command>& AllCommands() {
+  static const auto shape = [](const std::string& path, const std::vector<Argument>& arguments) {
+    Command command;
+    command.path = path;
+    command.help = "Has arguments of this shape";
+    command.arguments = arguments;
+    return command;
+  };
   static const auto many = [](Argument argument) {
     argument.isMany = true;
+    argument.isOptional = true;
     return argument;
   };
   static const auto optional = [](Argument argument) {
@@ -24,30 +32,18 @@ const std::vector<Command>& AllCommands() {
     return argument;
   };
   static const std::vector<Command> commands{
-      {"status", "No argument", {}, {}},
-      {"call dial", "A text", {arg::Number()}, {}},
-      {"call tone", "A tone", {arg::Text("TONE", "to send")}, {}},
-      {"call action",
-       "A word and a number",
-       {arg::OneOf("ACTION", WordsOf<MWPBtType::CallAction>()),
-        arg::Or(arg::Whole("ID", "of the call"), "1")},
-       {}},
-      {"connect",
-       "A fixed value and a flag",
-       {arg::Address(), arg::Fixed("3"), arg::Flag("--only", "alone")},
-       {}},
-      {"power set", "A switch", {arg::Switch()}, {}},
-      {"spp send", "Bytes", {arg::Address(), arg::Bytes("BYTES", "to send")}, {}},
-      {"sim",
-       "As many as there are",
-       {optional(arg::Text("CONTROL", "of the simulation")),
-        many(optional(arg::Text("VALUE", "of an argument")))},
-       {}},
-      {"wait",
-       "Options with values",
-       {arg::Text("EVENT", "to wait for"), many(optional(arg::Text("--match", "NAME=VALUE"))),
-        optional(arg::Text("--seconds", "how long"))},
-       {}},
+      shape("status", {}),
+      shape("call dial", {arg::Number()}),
+      shape("call tone", {arg::Text("TONE", "to send")}),
+      shape("call action", {arg::OneOf("ACTION", WordsOf<MWPBtType::CallAction>()),
+                            arg::Or(arg::Whole("ID", "of the call"), "1")}),
+      shape("connect", {arg::Address(), arg::Fixed("3"), arg::Flag("--only", "alone")}),
+      shape("power set", {arg::Switch()}),
+      shape("spp send", {arg::Address(), arg::Bytes("BYTES", "to send")}),
+      shape("sim", {optional(arg::Text("CONTROL", "of the simulation")),
+                    many(arg::Text("VALUE", "of an argument"))}),
+      shape("wait", {arg::Text("EVENT", "to wait for"), many(arg::Text("--match", "NAME=VALUE")),
+                     optional(arg::Text("--seconds", "how long"))}),
   };
   return commands;
 }
