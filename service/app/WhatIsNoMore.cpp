@@ -6,8 +6,8 @@ namespace {
 constexpr CallAction kActions[] = {BT_CALL_RELEASE_HELD, BT_CALL_RELEASE_ACTIVE, BT_CALL_HOLD_ACTIVE,
                                    BT_CALL_CONFERENCE, BT_CALL_TRANSFER};
 
-/// The list of paired devices does not tell all profiles that were connected: one more is no change to
-/// anybody.
+/// All that there are, since the list of paired devices does not contain every profile that was connected:
+/// one more is no change to anybody.
 constexpr ProfileId kProfiles[] = {BT_PROFILE_HFP,  BT_PROFILE_A2DP, BT_PROFILE_AVRCP,
                                    BT_PROFILE_PBAP, BT_PROFILE_MAP,  BT_PROFILE_SPP,
                                    BT_PROFILE_HID,  BT_PROFILE_PAN,  BT_PROFILE_GATT};
@@ -21,6 +21,11 @@ void EndCalls(const std::vector<int>& ids, std::vector<StackEvent>& events) {
   for (const CallAction action : kActions) {
     events.emplace_back(CallActionChanged{action, false});
   }
+}
+
+/// There is sound without a call, too: voice recognition. It is in no segment.
+void EndSound(std::vector<StackEvent>& events) {
+  events.emplace_back(VoiceRecognitionChanged{false});
   events.emplace_back(CallAudioChanged{BT_AUDIO_DISCONNECTED});
 }
 
@@ -45,6 +50,9 @@ std::vector<StackEvent> WhatIsNoMore(const LeftBehind& left) {
   std::vector<StackEvent> events;
   if (!left.callIds.empty()) {
     EndCalls(left.callIds, events);
+  }
+  if (!left.callIds.empty() || !left.connectedDevices.empty()) {
+    EndSound(events);
   }
   if (!left.connectedDevices.empty()) {
     EndConnections(left.connectedDevices, events);

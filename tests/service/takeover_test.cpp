@@ -157,6 +157,18 @@ TEST_F(TakeoverTest, AfterACrashTheNextServiceSaysWhatIsNoMoreBeforeItSaysWhatTh
   }
 }
 
+TEST_F(TakeoverTest, AfterACrashVoiceRecognitionIsReportedAsEndedToo) {
+  service.Call("StartVoiceRecognition");
+  ASSERT_TRUE(service.WaitFor("OnVoiceStatusChanged (byte 0x01,)"));
+  service.Process().Kill();
+  service.ForgetSignals();
+  service.Start();
+  ASSERT_TRUE(service.WaitFor("OnOpenBtStatusChanged"));
+  const std::ptrdiff_t power = PlaceOf("OnOpenBtStatusChanged");
+  EXPECT_LT(PlaceOf("OnVoiceStatusChanged (byte 0x00,)"), power);
+  EXPECT_LT(PlaceOf("OnAudioStatusChanged (byte 0x00,)"), power);
+}
+
 TEST_F(TakeoverTest, AfterACrashTheTableOfCallsIsEmptyAtOnce) {
   HaveACall();
   service.Process().Kill();
