@@ -11,7 +11,7 @@
 #include "Show.h"
 
 /// Switches on, pairs a phone and connects it, whatever of that is still to be done. Each step is taken when
-/// the event arrives that tells of the one before.
+/// the event arrives that reports the one before.
 class PhoneConnection : public IMWPBtComListener {
  public:
   /// onConnected is called whenever the profile of the phone is connected, onFailed when the phone cannot be

@@ -65,16 +65,16 @@ class Watcher : public IMWPBtComListener {
   }
 };
 
-/// The requests. Each answers at once whether the service takes it on; what comes of it is told by events.
+/// The requests. Each answers at once whether the service accepts it; events report the result.
 bool UseBluetooth(Noted<Facts>& noted, const std::string& phone) {
   MWPBtCom bluetooth;
-  bluetooth.GetBluetoothServiceStatus();  // events tell how things stand
+  bluetooth.GetBluetoothServiceStatus();  // it reports its state as events
   ShowRequest("SetPower(1)", bluetooth.SetPower(1));
   if (!noted.Wait("power", [](const Facts& facts) { return facts.power == BT_POWER_ON; })) {
     return false;
   }
 
-  // A search. Nothing tells an application which devices it finds: this one knows the address of its phone.
+  // A search. No event names the devices that it finds: this application knows the address of its phone.
   ShowRequest("SetScanAction(1)", bluetooth.SetScanAction(1));
   if (!noted.Wait("the search", [](const Facts& facts) { return facts.scan == BT_SCAN_SCANNING; })) {
     return false;

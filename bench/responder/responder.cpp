@@ -1,5 +1,5 @@
 // The other side of the benchmarks: answers the requests that are measured as fast as it can, sends signals
-// in bulk when told to, and hands out the phone book by the roads that are compared. Runs until its standard
+// in bulk on demand, and hands out the phone book by the roads that are compared. Runs until its standard
 // input ends, so that it does not outlive the benchmark.
 
 #include <cstdio>

@@ -54,7 +54,8 @@ class MWP_BT_API MWPBtPbap {
   int GetCallLogCount(CallLogType type);
   /// Deletes a call log.
   int ClearCallLog(CallLogType type);
-  /// Makes a contact a favourite (1) or not (0). Accepted; the outcome is OnContactFavoriteChanged.
+  /// Makes a contact a favourite (1) or not (0); only the lowest byte of favorite counts, so 256 is 0.
+  /// Accepted; the outcome is OnContactFavoriteChanged.
   int SetContactFavorite(int contactId, int favorite);
 };
 

@@ -46,10 +46,9 @@ struct MWPTypeCallLog {
   std::string strText2;  ///< btservice: number of the other party
   std::string strText3;  ///< btservice: date, as in 2026-05-31
   std::string strText4;  ///< btservice: time of day, as in 18:05:00
-  std::string
-      strText5;      ///< btservice: duration of the call in seconds, as decimal text; "0" if nobody answered
-  int nValue1 = -1;  ///< btservice: nContactId of the contact with this number, -1 if there is none
-  int nValue2 = 6;   ///< btservice: the log the entry belongs to: 1 incoming, 2 outgoing, 3 missed
+  std::string strText5;  ///< btservice: duration in seconds, as decimal text; "0" if nobody answered
+  int nValue1 = -1;      ///< btservice: nContactId of the contact with this number, -1 if there is none
+  int nValue2 = 6;       ///< btservice: the log the entry belongs to: 1 incoming, 2 outgoing, 3 missed
 };
 
 /// One call.

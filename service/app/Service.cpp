@@ -23,7 +23,7 @@ Service::Service(const Options& options, WorldFile file, ComZelkLinuxBluetooth* 
       m_timeline(m_scheduler, m_stack.Controls()),
       m_publisher(m_segments, m_stack) {
   BindMethods(object, controls);
-  // Clients are told last, when all that they may look at is there.
+  // Signals to clients go out last, when everything that clients may read is there.
   m_stack.AddObserver(m_parameters);
   m_state.Follow(m_stack);
   m_stack.AddObserver(m_publisher);

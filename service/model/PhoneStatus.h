@@ -7,7 +7,7 @@
 
 namespace btservice {
 
-/// What the phone in use tells of itself and of its network.
+/// What the phone in use reports about itself and its network.
 class PhoneStatus {
  public:
   PhoneStatus(ModelContext& context, Connections& connections);

@@ -89,7 +89,7 @@ bool Publisher::Write(ShareMemID id, const Bytes& contents) {
   if (memory == nullptr) {
     return false;
   }
-  // The count comes last, so that who looks at the wrong moment sees an empty list, not a mixed one.
+  // The count comes last: a reader that comes at the wrong moment sees an empty list, not a mixed one.
   constexpr std::size_t countSize = sizeof(std::int32_t);
   std::memset(memory, 0, countSize);
   std::atomic_thread_fence(std::memory_order_seq_cst);

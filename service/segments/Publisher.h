@@ -12,8 +12,8 @@
 namespace btservice {
 
 /// Puts the lists of the stack into the segments: those that clients ask for when they are asked for, the
-/// paired devices and the calls whenever they change. Add it to the stack before the observer that tells
-/// clients, so that what they are told of is there. Results are false if the segment cannot be had.
+/// paired devices and the calls whenever they change. Add it to the stack before the observer that sends
+/// signals to clients, so that what these report is there. Results are false if the segment cannot be had.
 class Publisher : public StackObserver {
  public:
   Publisher(SegmentOwner& segments, BluetoothStack& stack);

@@ -9,7 +9,7 @@
 namespace btservice {
 
 // The records of the list segments, in the order in which their items lie there. Clients name the items by
-// kind and number only; what this service means by them is told beside each.
+// kind and number only; what this service means by them is written beside each.
 
 /// SH_PAIRED_LIST.
 void PackRecord(ListPacker& packer, const DeviceInfo& device);

@@ -6,8 +6,8 @@
 
 #include "service/stack/StackTypes.h"
 
-// What a Bluetooth stack reports, in the groups of the interfaces that it is asked through. What the members
-// mean is told where the public listener interfaces declare the event of the same name.
+// What a Bluetooth stack reports, in the groups of the interfaces through which it is asked. The public
+// listener interfaces explain the members where they declare the event of the same name.
 
 namespace btservice {
 

@@ -34,7 +34,7 @@ class StateFile : public StackObserver {
   std::string m_saved;  ///< what the file holds
 };
 
-/// Where the state is kept unless told otherwise.
+/// Where the state is kept unless an option says otherwise.
 std::string DefaultStatePath();
 
 }  // namespace btservice

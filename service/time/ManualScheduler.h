@@ -7,7 +7,7 @@
 
 namespace btservice {
 
-/// A clock that goes on only when it is told to, so that hours pass at once.
+/// A clock that advances only on demand, so that hours pass at once.
 class ManualScheduler : public Scheduler {
  public:
   Milliseconds Now() const override { return m_now; }

@@ -3,7 +3,7 @@
 
 #include <string>
 
-/// What the application manager tells of a service module.
+/// What the application manager reports about a service module.
 struct AppBootInfo {
   int nModule;  ///< a ServiceModule
   int nStatus;  ///< non-zero: the module is up

@@ -4,7 +4,7 @@
 #include <mwp/IMWPAppListener.h>
 #include <mwp/IMWPListener.h>
 
-/// The application manager, which tells its listeners when service modules come up.
+/// The application manager, which informs its listeners when service modules come up.
 ///
 /// The stand-in has nobody to ask: whoever plays the application manager (a test, a demo) calls the Notify
 /// methods. A listener that was deleted without removing itself is still in the registry; notify only while
