@@ -27,7 +27,9 @@ class MWP_BT_API IMWPBtPhoneListener : public IMWPBtListenerBase {
   /// A call changed its state; BT_CALL_IDLE means that it ended. callId identifies it (see MWPBtPhone),
   /// callCount is the number of calls after the change.
   virtual void OnCallStatusChanged(int callId, MWPBtType::CallStatus status, int callCount);
-  /// An action on two calls became possible (1) or impossible (0).
+  /// An action became possible (1) or impossible (0). btservice reports those that
+  /// MWPBtPhone::MultipleWayCall accepts with callId 0 as the calls now stand: a single active call can be
+  /// held or released, a single call on hold resumed or released.
   virtual void OnConferenceChanged(MWPBtType::CallAction action, int supported);
   /// A call was hung up.
   virtual void OnHangupCallChanged();

@@ -33,16 +33,24 @@ class MWP_BT_API MWPBtPhone {
   int AcceptCall();
   /// Rejects the incoming or waiting call.
   int RejectCall();
-  /// Ends the call.
+  /// Ends the call that is being dialed, or else the active one (a conference ends for all), or else rejects
+  /// the call that rings or waits. A call on hold is not affected and stays on hold: btservice answers 0 if
+  /// there is no other, and BT_CALL_RELEASE_HELD ends it. A waiting call is reported as BT_CALL_INCOMING when
+  /// no other call is left.
   int TerminateCall();
   /// Dials a number.
   int DialCall(const std::string& number);
   /// Dials the last number again.
   int RedialCall();
-  /// Swaps, joins or releases calls. callId is 0 for the calls that the action concerns by itself. btservice
-  /// answers 0 for an id that no call has, and heeds an id in two cases: BT_CALL_RELEASE_ACTIVE releases that
-  /// call alone, and BT_CALL_HOLD_ACTIVE of a call in a conference holds the others, to speak with that one
-  /// in private.
+  /// Swaps, joins or releases calls, as phones do on the hands-free command AT+CHLD. callId is 0 for the
+  /// calls that the action concerns by itself. A waiting call comes before those on hold, and a single call
+  /// on hold is resumed by BT_CALL_HOLD_ACTIVE or BT_CALL_RELEASE_ACTIVE. OnConferenceChanged reports which
+  /// actions are possible.
+  ///
+  /// btservice answers 0 for an action that is not possible and for an id that no call has. It heeds an id in
+  /// two cases: BT_CALL_RELEASE_ACTIVE releases that call alone if it is active, resumes no other, and
+  /// answers 0 if it is held or waiting; and BT_CALL_HOLD_ACTIVE of a call in a conference holds the others,
+  /// to speak with that one in private.
   int MultipleWayCall(MWPBtType::CallAction action, int callId);
   /// The MWPBtType::CallStatus of a call; BT_CALL_IDLE if no call has this id.
   int GetCurCallStatus(int callId);

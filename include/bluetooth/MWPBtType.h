@@ -147,11 +147,11 @@ enum CallStatus : int {
   BT_CALL_RESPONSE_HELD = 7,
 };
 
-/// What to do with two calls. The numbering is that of the HFP command AT+CHLD.
+/// What to do with the calls. The numbering is that of the HFP command AT+CHLD.
 enum CallAction : int {
   BT_CALL_RELEASE_HELD = 0,    ///< release all held calls, or reject the waiting one
-  BT_CALL_RELEASE_ACTIVE = 1,  ///< release the active calls and accept the other
-  BT_CALL_HOLD_ACTIVE = 2,     ///< hold the active calls and accept the other (swap)
+  BT_CALL_RELEASE_ACTIVE = 1,  ///< release the active calls and accept the other, waiting or held
+  BT_CALL_HOLD_ACTIVE = 2,     ///< hold the active calls and accept the other (swap, or resume)
   BT_CALL_CONFERENCE = 3,      ///< join the held call to the conversation
   BT_CALL_TRANSFER = 4,        ///< connect the two others and leave
 };

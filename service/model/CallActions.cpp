@@ -1,108 +1,127 @@
-// What can be done with two calls.
+// What can be done with the calls: what phones do on the hands-free command AT+CHLD, the numbering of which
+// the actions have.
 
 #include "service/model/CallTable.h"
 
 namespace btservice {
 
-bool CallTable::Perform(CallAction action, int callId) {
-  if (callId != 0 && FindById(callId) == nullptr) {
-    return false;
-  }
-  bool done = false;
+/// Whether phones take the action on, as the calls stand. While an outgoing call is not answered, nothing can
+/// become active beside it. A waiting call is always the last: no fourth can come, and it takes the place of
+/// the held one in what is done next.
+bool CallTable::IsPossible(CallAction action) const {
+  const bool active = Has(BT_CALL_ACTIVE);
+  const bool held = Has(BT_CALL_HELD);
+  const bool waiting = Has(BT_CALL_WAITING);
+  const bool outgoing = Has(BT_CALL_DIALING) || Has(BT_CALL_ALERTING);
   switch (action) {
     case BT_CALL_RELEASE_HELD:
-      done = ReleaseHeld();
-      break;
+      return held || waiting;
     case BT_CALL_RELEASE_ACTIVE:
-      done = ReleaseActive(callId);
-      break;
+      return !outgoing && (active || held || waiting);
     case BT_CALL_HOLD_ACTIVE:
-      return HoldActive(callId);
+      // With all three there is nowhere to put the active one.
+      return !outgoing && (active || held || waiting) && !(active && held && waiting);
     case BT_CALL_CONFERENCE:
-      done = Join();
-      break;
     case BT_CALL_TRANSFER:
-      done = Transfer();
-      break;
+      return active && held;
   }
+  return false;
+}
+
+bool CallTable::Perform(CallAction action, int callId) {
+  const bool done = callId != 0 ? PerformOn(action, callId) : PerformOnAll(action);
   if (done) {
     Commit();
   }
   return done;
 }
 
-bool CallTable::ReleaseHeld() {
+bool CallTable::PerformOn(CallAction action, int callId) {
+  Call* const call = FindById(callId);
+  if (call == nullptr) {
+    return false;
+  }
+  if (action == BT_CALL_RELEASE_ACTIVE) {
+    if (call->status != BT_CALL_ACTIVE) {
+      return false;
+    }
+    End(*call);  // and nothing else: a held call stays on hold
+    return true;
+  }
+  if (action == BT_CALL_HOLD_ACTIVE && call->multiparty && call->status == BT_CALL_ACTIVE &&
+      !Has(BT_CALL_HELD)) {
+    // A word in private with one member of the conference.
+    SetAll(BT_CALL_ACTIVE, BT_CALL_HELD);
+    call->status = BT_CALL_ACTIVE;
+    call->multiparty = false;
+    SetMultiparty();
+    return true;
+  }
+  return PerformOnAll(action);
+}
+
+bool CallTable::PerformOnAll(CallAction action) {
+  if (!IsPossible(action)) {
+    return false;
+  }
+  switch (action) {
+    case BT_CALL_RELEASE_HELD:
+      ReleaseHeld();
+      break;
+    case BT_CALL_RELEASE_ACTIVE:
+      EndAll(BT_CALL_ACTIVE);
+      TakeUpOther();
+      break;
+    case BT_CALL_HOLD_ACTIVE:
+      HoldActive();
+      break;
+    case BT_CALL_CONFERENCE:
+      Join();
+      break;
+    case BT_CALL_TRANSFER:
+      EndAll(BT_CALL_ACTIVE);
+      EndAll(BT_CALL_HELD);
+      break;
+  }
+  return true;
+}
+
+void CallTable::ReleaseHeld() {
   if (Call* const waiting = Find(BT_CALL_WAITING)) {
     waiting->rejectedHere = true;
     End(*waiting);
-    return true;
+  } else {
+    EndAll(BT_CALL_HELD);
   }
-  return EndAll(BT_CALL_HELD);
 }
 
-bool CallTable::ReleaseActive(int callId) {
-  if (Call* const call = FindById(callId)) {
-    End(*call);
-    return true;
-  }
-  if (!Has(BT_CALL_ACTIVE)) {
-    return false;
-  }
-  EndAll(BT_CALL_ACTIVE);
+/// The call that waits is meant before those on hold.
+void CallTable::TakeUpOther() {
   if (Call* const waiting = Find(BT_CALL_WAITING)) {
     Answer(*waiting);
   } else {
     SetAll(BT_CALL_HELD, BT_CALL_ACTIVE);
   }
-  return true;
 }
 
-bool CallTable::HoldActive(int callId) {
-  Call* const waiting = Find(BT_CALL_WAITING);
-  Call* const wanted = FindById(callId);
-  if (wanted != nullptr && wanted->multiparty && wanted->status == BT_CALL_ACTIVE && !Has(BT_CALL_HELD)) {
-    // A word in private with one member of the conference.
-    SetAll(BT_CALL_ACTIVE, BT_CALL_HELD);
-    wanted->status = BT_CALL_ACTIVE;
-    wanted->multiparty = false;
-    SetMultiparty();
-  } else if (waiting != nullptr) {
-    if (Has(BT_CALL_ACTIVE) && Has(BT_CALL_HELD)) {
-      return false;  // nowhere to put the active one
+void CallTable::HoldActive() {
+  std::vector<Call*> active;
+  for (const auto& call : m_calls) {
+    if (call->status == BT_CALL_ACTIVE) {
+      active.push_back(call.get());
     }
-    SetAll(BT_CALL_ACTIVE, BT_CALL_HELD);
-    Answer(*waiting);
-  } else if (Has(BT_CALL_ACTIVE) || Has(BT_CALL_HELD)) {
-    for (const auto& call : m_calls) {
-      if (call->status == BT_CALL_ACTIVE || call->status == BT_CALL_HELD) {
-        call->status = call->status == BT_CALL_ACTIVE ? BT_CALL_HELD : BT_CALL_ACTIVE;
-      }
-    }
-  } else {
-    return false;
   }
-  Commit();
-  return true;
+  TakeUpOther();
+  for (Call* const call : active) {
+    call->status = BT_CALL_HELD;
+  }
 }
 
-bool CallTable::Join() {
-  if (!Has(BT_CALL_ACTIVE) || !Has(BT_CALL_HELD)) {
-    return false;
-  }
+void CallTable::Join() {
   SetAll(BT_CALL_HELD, BT_CALL_ACTIVE);
   for (const auto& call : m_calls) {
     call->multiparty = call->status == BT_CALL_ACTIVE;
   }
-  return true;
-}
-
-bool CallTable::Transfer() {
-  if (!Has(BT_CALL_ACTIVE) || !Has(BT_CALL_HELD)) {
-    return false;
-  }
-  EndAll(BT_CALL_ACTIVE);
-  EndAll(BT_CALL_HELD);
-  return true;
 }
 
 }  // namespace btservice

@@ -7,6 +7,9 @@
 namespace btservice {
 
 void CallTable::Commit() {
+  if (m_calls.size() == 1 && m_calls.front()->status == BT_CALL_WAITING) {
+    RingAlone(*m_calls.front());
+  }
   const int count = static_cast<int>(m_calls.size());
   const std::map<int, CallStatus> before = std::exchange(m_reported, {});
   for (const auto& call : m_calls) {
@@ -36,15 +39,9 @@ void CallTable::Commit() {
 }
 
 void CallTable::ReportActions() {
-  const bool active = Has(BT_CALL_ACTIVE);
-  const bool held = Has(BT_CALL_HELD);
-  const bool waiting = Has(BT_CALL_WAITING);
-  const std::map<CallAction, bool> actions{{BT_CALL_RELEASE_HELD, active && (held || waiting)},
-                                           {BT_CALL_RELEASE_ACTIVE, active && (held || waiting)},
-                                           {BT_CALL_HOLD_ACTIVE, active && held != waiting},
-                                           {BT_CALL_CONFERENCE, active && held},
-                                           {BT_CALL_TRANSFER, active && held}};
-  for (const auto& [action, possible] : actions) {
+  for (const CallAction action : {BT_CALL_RELEASE_HELD, BT_CALL_RELEASE_ACTIVE, BT_CALL_HOLD_ACTIVE,
+                                  BT_CALL_CONFERENCE, BT_CALL_TRANSFER}) {
+    const bool possible = IsPossible(action);
     if (possible != (m_possible.count(action) != 0)) {
       possible ? static_cast<void>(m_possible.insert(action)) : static_cast<void>(m_possible.erase(action));
       m_context.Report(CallActionChanged{action, possible});

@@ -68,7 +68,7 @@ bool CallTable::Accept() {
     Commit();
     return true;
   }
-  return Has(BT_CALL_WAITING) && HoldActive(0);
+  return Has(BT_CALL_WAITING) && Perform(BT_CALL_HOLD_ACTIVE, 0);
 }
 
 bool CallTable::Reject() {
@@ -86,7 +86,7 @@ bool CallTable::Reject() {
 }
 
 bool CallTable::HangUp() {
-  for (const CallStatus status : {BT_CALL_DIALING, BT_CALL_ALERTING, BT_CALL_ACTIVE, BT_CALL_HELD}) {
+  for (const CallStatus status : {BT_CALL_DIALING, BT_CALL_ALERTING, BT_CALL_ACTIVE}) {
     if (EndAll(status)) {
       Commit();
       return true;
@@ -108,13 +108,22 @@ bool CallTable::ComeIn(RemoteDevice& device, const std::string& number) {
   if (m_settings.IsOn(BT_CAP_AUTO_REJECT_INCALL)) {
     call.rejectedHere = true;
     call.timer.Start(m_context.delays.hangUp, end);
-  } else if (m_settings.IsOn(BT_CAP_AUTO_ANSWER) && call.status == BT_CALL_INCOMING) {
-    call.timer.Start(m_context.delays.autoAnswer, [this] { Accept(); });
   } else {
     call.timer.Start(m_context.delays.ringTimeout, end);
+    if (call.status == BT_CALL_INCOMING) {
+      RingAlone(call);
+    }
   }
   Commit();
   return true;
+}
+
+/// A call that waited rings like any other once there is no other: there is nothing left to wait for.
+void CallTable::RingAlone(Call& call) {
+  call.status = BT_CALL_INCOMING;
+  if (m_settings.IsOn(BT_CAP_AUTO_ANSWER) && !call.rejectedHere) {
+    call.timer.Start(m_context.delays.autoAnswer, [this] { Accept(); });
+  }
 }
 
 bool CallTable::AnswerThere(RemoteDevice& device) {

@@ -39,7 +39,9 @@ class CallTable {
   bool Redial();
   bool Accept();
   bool Reject();
+  /// Ends the outgoing call or the active ones, or rejects the one that rings. A held call is not affected.
   bool HangUp();
+  /// callId 0: the calls that the action concerns by itself.
   bool Perform(CallAction action, int callId);
 
   /// What happens at the other end.
@@ -67,17 +69,20 @@ class CallTable {
   void End(Call& call);
   bool EndAll(CallStatus status);
   void SetMultiparty();
+  void RingAlone(Call& call);
   /// Reports what is different from the last time, once all of it has changed.
   void Commit();
   void ReportActions();
   void ReportTimes() const;
   void Tick();
 
-  bool ReleaseHeld();
-  bool ReleaseActive(int callId);
-  bool HoldActive(int callId);
-  bool Join();
-  bool Transfer();
+  bool IsPossible(CallAction action) const;
+  bool PerformOn(CallAction action, int callId);
+  bool PerformOnAll(CallAction action);
+  void ReleaseHeld();
+  void TakeUpOther();
+  void HoldActive();
+  void Join();
 
   ModelContext& m_context;
   Settings& m_settings;
