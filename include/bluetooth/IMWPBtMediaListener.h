@@ -40,7 +40,8 @@ class MWP_BT_API IMWPBtMediaListener : public IMWPBtListenerBase {
   virtual void OnSupportBrowserStatusChanged(int supported);
   /// Another player of the phone is addressed.
   virtual void OnPlayerInfoChanged();
-  /// The items of the browsed folder arrived.
+  /// Items arrived: of the browsed folder, of a search or of the queue. Do not answer it with
+  /// MWPBtMedia::GetCurMediaItemList, which with some services makes it come again at once.
   virtual void OnBrowserMediaInfoChanged();
   /// Outcome (1 or 0) of a change of folder.
   virtual void OnCurBrowserPathChanged(int success);

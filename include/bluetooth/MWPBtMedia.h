@@ -91,7 +91,9 @@ class MWP_BT_API MWPBtMedia {
   /// Puts an item into the queue. The outcome is OnMediaItemToNowPlayingStatus.
   int AddMediaItemToNowPlaying(const std::string& uid, MWPBtType::BrowserScopeType scope);
   /// Asks the service for the items of a scope. The list stays as it is: the interface has no way to carry
-  /// the items.
+  /// the items. btservice reports OnBrowserMediaInfoChanged only if the items differ from those it reported
+  /// last. Another service may report it after every request: making this request whenever that event comes
+  /// then never ends.
   int GetCurMediaItemList(std::list<MWPTypeMediaItem>& items, MWPBtType::BrowserScopeType scope);
   /// Asks for the number of items in a folder; OnBrowserFolderItemTotalChanged follows.
   int GetBrowsingFolderItemTotal(const std::string& uid);

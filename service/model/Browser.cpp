@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstddef>
+#include <tuple>
 #include <utility>
 
 namespace btservice {
@@ -78,6 +79,21 @@ void CollectMatches(const FolderData& folder, const std::string& words, std::vec
   }
 }
 
+bool SameItems(const std::vector<BrowserItem>& left, const std::vector<BrowserItem>& right) {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                    [](const BrowserItem& one, const BrowserItem& other) {
+                      return std::tie(one.uid, one.name, one.isFolder) ==
+                             std::tie(other.uid, other.name, other.isFolder);
+                    });
+}
+
+std::vector<BrowserItem> Part(const std::vector<BrowserItem>& items, ItemRange range) {
+  const std::size_t start = std::min<std::size_t>(range.start, items.size());
+  const std::size_t count = std::min<std::size_t>(range.count, items.size() - start);
+  const auto first = items.begin() + static_cast<std::ptrdiff_t>(start);
+  return {first, first + static_cast<std::ptrdiff_t>(count)};
+}
+
 bool IsRange(ItemRange range) { return range.start >= 0 && range.count > 0; }
 
 }  // namespace
@@ -89,6 +105,7 @@ Browser::Browser(ModelContext& context, Player& player, Connections& connections
       m_tasks.CancelAll();
       m_path.clear();
       m_items.clear();
+      m_queueRange.reset();
     }
   });
 }
@@ -160,17 +177,31 @@ bool Browser::Search(const std::string& uid, const std::string& words, ItemRange
 
 bool Browser::BrowseQueue(ItemRange range) {
   return IsRange(range) && Later([this, range] {
+           m_queueRange = range;
            Show(BT_BROWSER_NOW_PLAYING, ItemsOf(m_player.InUse()->Queue().Tracks()), range);
          });
 }
 
 bool Browser::Fetch(BrowserScopeType scope) {
   return scope >= BT_BROWSER_PLAYER_LIST && scope <= BT_BROWSER_NOW_PLAYING && Later([this, scope] {
-           if (scope == BT_BROWSER_PLAYER_LIST) {
-             m_items[scope] = {{"1", m_player.InUse()->Device().data.name, false}};
+           std::vector<BrowserItem> items = Fetched(scope);
+           const auto last = m_items.find(scope);
+           if (last == m_items.end() || !SameItems(last->second, items)) {
+             Arrive(scope, std::move(items));
            }
-           m_context.Report(BrowserItemsArrived{});
          });
+}
+
+/// The items of a scope as they are by now: a queue can have grown since, folders and matches stay as they
+/// are.
+std::vector<BrowserItem> Browser::Fetched(BrowserScopeType scope) const {
+  if (scope == BT_BROWSER_PLAYER_LIST) {
+    return {{"1", m_player.InUse()->Device().data.name, false}};
+  }
+  if (scope == BT_BROWSER_NOW_PLAYING && m_queueRange) {
+    return Part(ItemsOf(m_player.InUse()->Queue().Tracks()), *m_queueRange);
+  }
+  return Items(scope);
 }
 
 std::vector<BrowserItem> Browser::Items(BrowserScopeType scope) const {
@@ -178,11 +209,12 @@ std::vector<BrowserItem> Browser::Items(BrowserScopeType scope) const {
   return entry != m_items.end() ? entry->second : std::vector<BrowserItem>();
 }
 
-void Browser::Show(BrowserScopeType scope, std::vector<BrowserItem> items, ItemRange range) {
-  const std::size_t start = std::min<std::size_t>(range.start, items.size());
-  const std::size_t count = std::min<std::size_t>(range.count, items.size() - start);
-  const auto first = items.begin() + static_cast<std::ptrdiff_t>(start);
-  m_items[scope].assign(first, first + static_cast<std::ptrdiff_t>(count));
+void Browser::Show(BrowserScopeType scope, const std::vector<BrowserItem>& items, ItemRange range) {
+  Arrive(scope, Part(items, range));
+}
+
+void Browser::Arrive(BrowserScopeType scope, std::vector<BrowserItem> items) {
+  m_items[scope] = std::move(items);
   m_context.Report(BrowserItemsArrived{});
 }
 

@@ -123,6 +123,55 @@ TEST_F(BrowserModelTest, ItemsAreFetchedByScope) {
   EXPECT_FALSE(Music().FetchItems(static_cast<BrowserScopeType>(9)));
 }
 
+TEST_F(BrowserModelTest, ItemsThatWereReportedAreNotReportedAgain) {
+  Do(Music().FolderDown("f1", kAll));
+  ASSERT_EQ(log.Count<BrowserItemsArrived>(), 1U);
+  for (int i = 0; i < 3; ++i) {
+    Do(Music().FetchItems(BT_BROWSER_FILE_SYSTEM));
+  }
+  EXPECT_EQ(log.Count<BrowserItemsArrived>(), 1U);
+  Do(Music().FetchItems(BT_BROWSER_SEARCH));
+  Do(Music().FetchItems(BT_BROWSER_SEARCH));
+  EXPECT_EQ(log.Count<BrowserItemsArrived>(), 2U) << "of each scope once, also if it is empty";
+}
+
+/// Fetches the items whenever it hears of them, as a screen does.
+struct FetchingScreen : StackObserver {
+  explicit FetchingScreen(SimulatedStack& aStack) : stack(aStack) { stack.AddObserver(*this); }
+  void OnStackEvent(const StackEvent& event) override {
+    if (std::holds_alternative<BrowserItemsArrived>(event)) {
+      stack.Music().FetchItems(BT_BROWSER_FILE_SYSTEM);
+    }
+  }
+  SimulatedStack& stack;
+};
+
+TEST_F(BrowserModelTest, AScreenThatFetchesItemsWhenItHearsOfThemDoesNotSpin) {
+  FetchingScreen screen(Stack());
+  Do(Music().ToRootFolder(kAll));
+  Pass(world.delays.browse * 100);
+  EXPECT_EQ(log.Count<BrowserItemsArrived>(), 1U);
+}
+
+TEST_F(BrowserModelTest, BrowsingReportsTheSameItemsEachTime) {
+  for (int i = 0; i < 2; ++i) {
+    Do(Music().ToRootFolder(kAll));
+    Do(Music().Search("", "lights", kAll));
+    Do(Music().BrowseQueue(kAll));
+  }
+  EXPECT_EQ(log.Count<BrowserItemsArrived>(), 6U);
+}
+
+TEST_F(BrowserModelTest, AQueueThatHasGrownIsReportedWhenItIsFetched) {
+  Do(Music().BrowseQueue(kAll));
+  Do(Music().QueueItem("k4", BT_BROWSER_FILE_SYSTEM));
+  EXPECT_EQ(log.Count<BrowserItemsArrived>(), 1U);
+  Do(Music().FetchItems(BT_BROWSER_NOW_PLAYING));
+  Do(Music().FetchItems(BT_BROWSER_NOW_PLAYING));
+  EXPECT_EQ(log.Count<BrowserItemsArrived>(), 2U);
+  EXPECT_EQ(Names(BT_BROWSER_NOW_PLAYING).size(), 13U);
+}
+
 TEST_F(BrowserModelTest, WithoutAPlayerThereIsNothingToBrowse) {
   Music().FolderDown("f1", kAll);
   Stack().Controls().LoseLink(kSmartphone);
