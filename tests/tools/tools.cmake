@@ -8,7 +8,9 @@ target_compile_definitions(bt_tools_support PUBLIC BTCTL_EXECUTABLE="$<TARGET_FI
 target_link_libraries(bt_tools_support PUBLIC bt_test_support bt_internal btctl_parts util PRIVATE bt_warnings)
 add_dependencies(bt_tools_support btctl)
 
-bt_add_test(NAME tools_parts_test SOURCES command_line_test.cpp completion_test.cpp events_test.cpp LIBS bt_tools_support)
+bt_add_test(NAME tools_parts_test
+  SOURCES command_line_test.cpp command_rows.cpp completion_test.cpp events_test.cpp terminal_safety_test.cpp
+  LIBS bt_tools_support)
 
 bt_add_test(NAME tools_btctl_test
   SOURCES bad_worlds_test.cpp command_rows.cpp commands_test.cpp coverage_test.cpp json_test.cpp outcome_test.cpp

@@ -2,8 +2,8 @@
 //   base/      exit codes, failures, JSON
 //   words/     words for the values of enumerations
 //   events/    the seven listener interfaces, turned into one kind of event
-//   session/   the library in use: requests beside a main loop, and what is wrong if it does not work
 //   output/    text for people, JSON for programs
+//   session/   the library in use: requests beside a main loop, and what is wrong if it does not work
 //   commands/  one line for each facade method: how it is told, read, called and shown
 //   composed/  commands that are more than one request
 //   sim/       the controls of the simulated service
@@ -51,10 +51,11 @@ int main(int argc, char** argv) {
     return std::find(words.begin(), words.end(), word) != words.end();
   };
   const bool isVerbose = has("--verbose");
-  AnswerStream answers(isVerbose);
-  LibraryLog::Take(isVerbose);
+  const bool isJson = has("--json");
+  AnswerStream answers(isVerbose && !isJson);
+  LibraryLog::Take({isVerbose, isJson});
   Session session;
-  const ExitCode code = Run(session, answers, words, has("--json"));
+  const ExitCode code = Run(session, answers, words, isJson);
   if (session.HasLeftThreads()) {
     std::_Exit(code);  // a thread is still inside the library: nothing can be cleared up under it
   }

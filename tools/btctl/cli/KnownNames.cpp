@@ -1,6 +1,9 @@
 #include "btctl/cli/KnownNames.h"
 
 #include <algorithm>
+#include <iterator>
+
+#include "btctl/output/TerminalSafe.h"
 
 namespace btctl {
 
@@ -13,8 +16,13 @@ void KnownNames::Learn(const Event& event) {
 
 void KnownNames::AddAddress(const std::string& address) {
   if (!address.empty()) {
-    m_addresses.insert(address);
+    m_addresses.insert(TerminalSafe(address));
   }
+}
+
+void KnownNames::SetContacts(const std::set<std::string>& names) {
+  m_contacts.clear();
+  std::transform(names.begin(), names.end(), std::inserter(m_contacts, m_contacts.end()), TerminalSafe);
 }
 
 }  // namespace btctl

@@ -8,13 +8,14 @@
 
 namespace btctl {
 
-/// The names that the shell has come across, to complete with.
+/// The names that the shell has come across, to complete with: as they are shown, since they come
+/// from outside and are put into the line.
 class KnownNames {
  public:
   /// Any event may name a device.
   void Learn(const Event& event);
   void AddAddress(const std::string& address);
-  void SetContacts(std::set<std::string> names) { m_contacts = std::move(names); }
+  void SetContacts(const std::set<std::string>& names);
 
   const std::set<std::string>& Addresses() const { return m_addresses; }
   const std::set<std::string>& Contacts() const { return m_contacts; }

@@ -8,16 +8,16 @@
 
 #include "btctl/base/Failure.h"
 #include "btctl/commands/Request.h"
+#include "btctl/output/TerminalSafe.h"
 
 namespace btctl {
 namespace {
 
 constexpr std::size_t kSuggestions = 5;
 
-/// For comparisons that do not see the case of letters, in any script.
+/// For comparisons that do not see the case of letters, in any script. A name can be given as it is shown.
 std::string Folded(const std::string& text) {
-  g_autofree char* valid = g_utf8_make_valid(text.c_str(), -1);
-  g_autofree char* folded = g_utf8_casefold(valid, -1);
+  g_autofree char* folded = g_utf8_casefold(TerminalSafe(text).c_str(), -1);
   return folded;
 }
 

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "btctl/output/PlainText.h"
+#include "btctl/output/TerminalSafe.h"
 
 namespace btctl {
 namespace {
@@ -78,11 +79,12 @@ void Output::ShowAnswer(const Json& answer) {
   } else {
     std::size_t width = 0;
     for (const auto& [name, value] : answer.items()) {
-      width = IsLabel(name) ? width : std::max(width, WidthOf(name));
+      width = IsLabel(name) ? width : std::max(width, WidthOf(TerminalSafe(name)));
     }
     for (const auto& [name, value] : answer.items()) {
       if (!IsLabel(name)) {
-        m_answers.Write(m_style.Heading(Padded(name, width)) + "  " + ToText(name, value) + "\n");
+        m_answers.Write(m_style.Heading(Padded(TerminalSafe(name), width)) + "  " + ToText(name, value) +
+                        "\n");
       }
     }
   }
@@ -144,7 +146,8 @@ void Output::ShowText(const std::string& text) { m_answers.Write(text); }
 
 void Output::Note(const std::string& text) {
   EndProgress();
-  WriteError(m_json ? ToLine(Json{{"kind", "note"}, {"message", text}}) + "\n" : "btctl: " + text + "\n");
+  WriteError(m_json ? ToLine(Json{{"kind", "note"}, {"message", text}}) + "\n"
+                    : "btctl: " + TerminalSafe(text) + "\n");
 }
 
 void Output::Complain(const Failure& failure) {

@@ -4,19 +4,10 @@
 
 #include <glib.h>
 
+#include "btctl/output/TerminalSafe.h"
+
 namespace btctl {
 namespace {
-
-std::string WithoutControls(const std::string& text) {
-  g_autofree char* valid = g_utf8_make_valid(text.c_str(), static_cast<gssize>(text.size()));
-  std::string clean;
-  for (const char *at = valid, *next = at; *at != '\0'; at = next) {
-    next = g_utf8_next_char(at);
-    const bool isControl = g_unichar_iscntrl(g_utf8_get_char(at)) != FALSE;
-    clean += isControl ? "\uFFFD" : std::string(at, next);
-  }
-  return clean;
-}
 
 constexpr const char* kMilliseconds[] = {"duration", "position", "totalLength"};
 
@@ -55,7 +46,7 @@ std::string ToText(const std::string& name, const Json& value) {
 
 std::string ToText(const Json& value) {
   if (value.is_string()) {
-    return WithoutControls(value.get<std::string>());
+    return TerminalSafe(value.get<std::string>());
   }
   if (value.is_boolean()) {
     return value.get<bool>() ? "yes" : "no";

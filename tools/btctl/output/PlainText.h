@@ -10,8 +10,7 @@
 
 namespace btctl {
 
-/// A value in one line. Control characters, which a phone may have put into a name, do not reach the
-/// terminal.
+/// A value in one line, safe for a terminal.
 std::string ToText(const Json& value);
 
 /// The same for a value of that name: a length of time is shown in minutes and seconds.

@@ -6,12 +6,14 @@
 
 #include <glib.h>
 
+#include "btctl/output/TerminalSafe.h"
+
 namespace btctl {
 namespace {
 
 constexpr int kError = 100;  // a level of the library's log
 
-bool isShown = false;
+LibraryLog::Display display;
 thread_local LibraryLog::Errors* collector = nullptr;
 
 std::string FieldOf(const GLogField* fields, gsize count, const char* key) {
@@ -25,27 +27,58 @@ std::string FieldOf(const GLogField* fields, gsize count, const char* key) {
   return {};
 }
 
+const char* NameOf(GLogLevelFlags level) {
+  if ((level & G_LOG_LEVEL_ERROR) != 0) {
+    return "error";
+  }
+  if ((level & G_LOG_LEVEL_CRITICAL) != 0) {
+    return "critical";
+  }
+  return (level & G_LOG_LEVEL_WARNING) != 0 ? "warning" : "message";
+}
+
+void Show(const Json& line, const std::string& text) {
+  std::fprintf(stderr, "%s\n", (display.isJson ? ToLine(line) : TerminalSafe(text)).c_str());
+}
+
+/// What GLib and others complain of.
+void ShowOthers(GLogLevelFlags level, const GLogField* fields, gsize count) {
+  const std::string domain = FieldOf(fields, count, "GLIB_DOMAIN");
+  if (g_log_writer_default_would_drop(level, domain.c_str()) != FALSE) {
+    return;
+  }
+  const std::string message = FieldOf(fields, count, "MESSAGE");
+  Show({{"kind", "log"}, {"from", domain}, {"level", NameOf(level)}, {"message", message}},
+       domain + " " + NameOf(level) + ": " + message);
+}
+
 }  // namespace
 
-void LibraryLog::Take(bool show) {
-  isShown = show;
+void LibraryLog::Take(Display wanted) {
+  display = wanted;
   const auto write = [](GLogLevelFlags level, const GLogField* fields, gsize count, gpointer) {
     const std::string libraryLevel = FieldOf(fields, count, "ZLOG_LEVEL");
     if (libraryLevel.empty()) {
-      return g_log_writer_default(level, fields, count, nullptr);  // GLib's own complaints
+      ShowOthers(level, fields, count);
+      return G_LOG_WRITER_HANDLED;
     }
     const std::string message = FieldOf(fields, count, "MESSAGE");
     if (std::atoi(libraryLevel.c_str()) >= kError) {
       Note(message);
     }
-    if (isShown) {
-      std::fprintf(stderr, "libbt %s %s %s: %s\n", libraryLevel.c_str(),
-                   FieldOf(fields, count, "CODE_FILE").c_str(), FieldOf(fields, count, "CODE_FUNC").c_str(),
-                   message.c_str());
+    if (display.isShown) {
+      const std::string file = FieldOf(fields, count, "CODE_FILE");
+      const std::string function = FieldOf(fields, count, "CODE_FUNC");
+      Show({{"kind", "log"},
+            {"from", "libbt"},
+            {"level", libraryLevel},
+            {"file", file},
+            {"function", function},
+            {"message", message}},
+           "libbt " + libraryLevel + " " + file + " " + function + ": " + message);
     }
     return G_LOG_WRITER_HANDLED;
   };
-  g_log_writer_default_set_use_stderr(TRUE);
   g_log_set_writer_func(write, nullptr, nullptr);
 }
 

@@ -12,9 +12,14 @@ namespace btctl {
 /// nothing arrives here, and a failure is told by the state of the bus alone.
 class LibraryLog {
  public:
-  /// Takes the lines from now on, and shows them on standard error if that is wanted. To be called once,
-  /// before there is a second thread.
-  static void Take(bool show);
+  struct Display {
+    bool isShown;  ///< on standard error; what GLib complains of is shown always
+    bool isJson;
+  };
+
+  /// Takes the lines from now on, and those of GLib and others that use its log. To be called once, before
+  /// there is a second thread.
+  static void Take(Display display);
 
   /// Collects the errors that are logged on this thread while the object lives.
   class Errors {

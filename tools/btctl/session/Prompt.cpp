@@ -5,6 +5,7 @@
 #include <glib-unix.h>
 #include <unistd.h>
 
+#include "btctl/output/TerminalSafe.h"
 #include "btctl/session/Source.h"
 
 namespace btctl {
@@ -35,7 +36,7 @@ gboolean Take(gint file, GIOCondition, gpointer data) {
 bool CanPrompt() { return isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0; }
 
 std::string Prompt(Session& session, const std::string& question) {
-  std::fputs(question.c_str(), stderr);
+  std::fputs(TerminalSafe(question).c_str(), stderr);
   std::fflush(stderr);
   Input input;
   const Source reading(
