@@ -1,9 +1,13 @@
 // A line is read as if it were the first one.
 
+#include <regex>
+#include <sstream>
+
 #include <gtest/gtest.h>
 
 #include "btctl/base/Failure.h"
 #include "btctl/cli/CommandLine.h"
+#include "btctl/commands/Tables.h"
 
 namespace {
 
@@ -49,6 +53,31 @@ TEST(CommandLine, NeitherDoesOneThatIsRefusedOrAsksForHelp) {
   EXPECT_EQ(ParseLine("").command, nullptr);
   EXPECT_TRUE(ParseLine("--version").help);
   EXPECT_EQ(ParseLine("# a comment").command, nullptr);
+}
+
+TEST(CommandLine, AnEmptyTimeoutIsRefused) {
+  EXPECT_THROW(ParseLine("power status --timeout ''"), btctl::Failure);
+  EXPECT_THROW(ParseLine("--timeout='' power status"), btctl::Failure);
+}
+
+TEST(CommandLine, HelpHasNoLineThatATerminalBreaksAndNamesTheValuesOfOptions) {
+  for (const btctl::Command& command : btctl::AllCommands()) {
+    std::istringstream help(*ParseLine(command.path + " --help").help);
+    for (std::string line; std::getline(help, line);) {
+      EXPECT_LE(line.size(), 100U) << command.path << ": " << line;
+      EXPECT_EQ(line.find_last_not_of(' ') + 1, line.size()) << line;
+    }
+    for (const btctl::Argument& argument : command.arguments) {
+      const std::string value = argument.isFlag ? "" : " [A-Z=]+";
+      EXPECT_TRUE(!argument.IsOption() ||
+                  std::regex_search(help.str(), std::regex("\n  " + argument.name + value)))
+          << command.path << " " << argument.name;
+    }
+  }
+  std::istringstream help(*ParseLine("--help").help);
+  for (std::string line; std::getline(help, line);) {
+    EXPECT_LE(line.size(), 100U) << line;
+  }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include "btctl/events/FieldWords.h"
 #include "btctl/events/ListenerClasses.h"
 #include "tools/Btctl.h"
 
@@ -80,6 +81,65 @@ TEST_F(Monitoring, EverySignalIsShownWithEachOfItsValues) {
   EXPECT_EQ(seen, expected);
 }
 
+/// A value for a signal of 0 or 1, as that type.
+GVariant* BitValue(const std::string& signature, int bit) {
+  if (signature == "s") {
+    return g_variant_new_string("text");
+  }
+  if (signature == "b") {
+    return g_variant_new_boolean(bit);
+  }
+  if (signature == "v") {
+    return g_variant_new_variant(g_variant_new_parsed("[byte 0x00]"));
+  }
+  return signature == "y" ? g_variant_new_byte(static_cast<guint8>(bit)) : g_variant_new_int32(bit);
+}
+
+/// What a field shows of 0 and 1 must be among the words that it is said to know.
+void ExpectKnown(const btctl::EventDescription& event, const std::string& field, const Json& shown, int bit) {
+  const btctl::WordTable* const words = btctl::WordsOfField(event, field);
+  if (shown.is_number()) {
+    EXPECT_TRUE(words == nullptr || words->Show(bit).is_number()) << event.name << " " << field;
+    return;
+  }
+  ASSERT_NE(words, nullptr) << event.name << " " << field;
+  EXPECT_EQ(words->Find(shown.is_boolean() ? (shown ? "yes" : "no") : shown.get<std::string>()), bit)
+      << event.name << " " << field;
+}
+
+TEST_F(Monitoring, ShowsNoWordThatAMatchWouldRefuse) {
+  ChildProcess monitor(CommandLine({"monitor", "--json"}));
+  ASSERT_TRUE(Listens(monitor));
+  for (const int bit : {0, 1}) {
+    for (const SignalDescription& signal : BluetoothInterface().signals) {
+      std::vector<GVariant*> values;
+      for (const ArgumentDescription& argument : signal.arguments) {
+        values.push_back(BitValue(argument.signature, bit));
+      }
+      service.Emit(signal.name, g_variant_new_tuple(values.data(), values.size()));
+    }
+  }
+  constexpr int kEvents = 2 * 57;
+  WaitUntil([&] {
+    const std::string output = monitor.Output();
+    return std::count(output.begin(), output.end(), '\n') >= kEvents;
+  });
+  monitor.Signal(SIGINT);
+  const std::vector<Json> events = Ended(monitor).Objects();
+  ASSERT_EQ(events.size(), static_cast<std::size_t>(kEvents));
+  for (std::size_t i = 0; i < events.size(); ++i) {
+    const btctl::EventDescription& event = btctl::FindEvent(events[i]["event"]);
+    for (const auto& [field, shown] : events[i]["values"].items()) {
+      const bool isText = shown == "text" || shown == "00";
+      if (isText) {
+        EXPECT_EQ(btctl::WordsOfField(event, field), nullptr) << event.name << " " << field;
+      } else {
+        ExpectKnown(event, field, shown, i < events.size() / 2 ? 0 : 1);
+      }
+    }
+  }
+}
+
 TEST_F(Monitoring, ShowsAnEventToPeopleInOneLineWithWords) {
   ChildProcess monitor(CommandLine({"monitor"}));
   ASSERT_TRUE(Listens(monitor));
@@ -152,6 +212,16 @@ TEST_F(Waiting, TakesANumberForAWord) {
   const auto wait = Start({"OnOpenBtStatusChanged", "--match", "status=1"});
   Emit(1);
   EXPECT_EQ(wait->Wait(), 0);
+}
+
+TEST_F(Waiting, RefusesAWordThatTheFieldDoesNotKnowWithThoseItKnows) {
+  const Ran word = RunBtctl({"wait", "OnCallStatusChanged", "--match", "status=activ", "--timeout", "5"});
+  EXPECT_EQ(word.code, 8);
+  EXPECT_THAT(word.errors, testing::HasSubstr("Did you mean 'active'? It can be: "));
+  EXPECT_THAT(word.errors, testing::HasSubstr(", incoming"));
+  const Ran flag = RunBtctl({"wait", "OnMobileService", "--match", "onService=maybe", "--timeout", "5"});
+  EXPECT_EQ(flag.code, 8);
+  EXPECT_THAT(flag.errors, testing::HasSubstr("yes, no"));
 }
 
 TEST_F(Waiting, NeedsAllMatchesToBeTrue) {

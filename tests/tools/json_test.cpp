@@ -1,5 +1,8 @@
 // The JSON objects have the members that docs/btctl.md tells.
 
+#include <algorithm>
+#include <sstream>
+
 #include <gmock/gmock.h>
 
 #include "tools/Btctl.h"
@@ -88,6 +91,37 @@ TEST_F(JsonOutput, OfAnErrorIsOneObjectOnStandardError) {
 
 TEST_F(JsonOutput, OfAWrongCommandLineIsOneObjectAsWell) {
   EXPECT_EQ(RunBtctl({"--json", "nonsense"}).Error()["name"], "usage");
+}
+
+TEST_F(JsonOutput, OfHelpIsOneObjectWithItsText) {
+  for (const Words& words :
+       {Words{"--json", "--help"}, {"call", "dial", "--help", "--json"}, {"--version", "--json"}}) {
+    Words plain = words;
+    plain.erase(std::find(plain.begin(), plain.end(), "--json"));
+    const Ran ran = RunBtctl(words);
+    EXPECT_EQ(ran.code, 0);
+    EXPECT_EQ(ran.Object()["kind"], "help");
+    EXPECT_EQ(ran.Object()["text"], RunBtctl(plain).output);
+  }
+}
+
+TEST_F(JsonOutput, OfTheLogsIsOneObjectALine) {
+  const Ran ran = RunBtctl({"call", "accept", "--json", "--verbose"},
+                           {{"MWP_LOG_LEVEL", "debug"}, {"G_MESSAGES_DEBUG", "all"}});
+  std::istringstream lines(ran.errors);
+  int logged = 0;
+  for (std::string line; std::getline(lines, line);) {
+    logged += Json::parse(line)["kind"] == "log" ? 1 : 0;
+  }
+  EXPECT_GT(logged, 1) << ran.errors;
+}
+
+TEST_F(JsonOutput, OfAClosedStandardOutputIsAnError) {
+  ChildProcess process({"sh", "-c", "exec \"$0\" --json call redial >&-", BTCTL_EXECUTABLE});
+  const Ran ran = Ended(process);
+  EXPECT_EQ(ran.code, 9);
+  EXPECT_EQ(ran.Error()["message"], "standard output is closed");
+  EXPECT_THAT(service.TakeCallTexts(), testing::IsEmpty());
 }
 
 TEST_F(JsonOutput, OfAnEventTellsTimeNameAndValues) {

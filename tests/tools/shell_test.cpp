@@ -234,5 +234,13 @@ TEST_F(FromAPipe, CommandsAreCarriedOutLineByLineUntilOneFails) {
   EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("RedialCall()", "AcceptCall()"));
 }
 
+TEST_F(FromAPipe, LinesMayEndAsInWindows) {
+  Accept("RedialCall");
+  ChildProcess shell(
+      {"sh", "-c", "printf 'call redial\\r\\n\\r\\nquit\\r\\ncall accept\\r\\n' | \"$0\"", BTCTL_EXECUTABLE});
+  EXPECT_EQ(shell.Wait(), 0) << shell.Errors();
+  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("RedialCall()"));
+}
+
 }  // namespace
 }  // namespace bttest

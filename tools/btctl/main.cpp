@@ -24,6 +24,7 @@ using namespace btctl;
 
 ExitCode Run(Session& session, AnswerStream& answers, const std::vector<std::string>& words, bool json) {
   try {
+    answers.ThrowIfFailed();  // before anything is done whose answer nobody would see
     const Parsed parsed = ParseCommandLine(words);
     if (parsed.help || parsed.command != nullptr) {
       session.ObserveService([&](bool isThere) {

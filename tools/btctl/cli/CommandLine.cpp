@@ -4,6 +4,7 @@
 #include <deque>
 #include <iterator>
 #include <map>
+#include <sstream>
 
 #include <glib.h>
 #include <CLI/CLI.hpp>
@@ -26,6 +27,45 @@ std::string ExitCodeHelp() {
     text += "  " + std::to_string(code.code) + (code.code < 10 ? "    " : "  ") + code.meaning + "\n";
   }
   return text;
+}
+
+constexpr std::size_t kHelpColumns = 100;
+
+/// Where the text after the last gap of two blanks begins: there, its lines go on.
+std::size_t ColumnOfText(const std::string& line) {
+  const std::size_t begin = line.find_first_not_of(' ');
+  const std::size_t gap = begin == std::string::npos ? begin : line.find("  ", begin);
+  const std::size_t text = gap == std::string::npos ? gap : line.find_first_not_of(' ', gap);
+  return text == std::string::npos ? 2 : text;
+}
+
+/// The help with its lines broken where a terminal would break them within words.
+std::string Wrapped(const std::string& help) {
+  std::istringstream lines(help);
+  std::string wrapped;
+  for (std::string line; std::getline(lines, line);) {
+    const std::size_t column = ColumnOfText(line);
+    while (line.size() > kHelpColumns) {
+      const std::size_t blank = line.rfind(' ', kHelpColumns);
+      if (blank == std::string::npos || blank <= column) {
+        break;
+      }
+      wrapped += line.substr(0, blank) + "\n";
+      line.replace(0, blank + 1, column, ' ');
+    }
+    wrapped += line + "\n";
+  }
+  return wrapped;
+}
+
+/// What the help calls the value of an option: SECONDS for --seconds.
+std::string NameOfValue(const Argument& argument) {
+  if (argument.name == "--match") {
+    return "NAME=VALUE";
+  }
+  std::string name = argument.Thing();
+  std::transform(name.begin(), name.end(), name.begin(), g_ascii_toupper);
+  return name;
 }
 
 constexpr char kGuard = '\001';
@@ -81,17 +121,19 @@ class Parser {
       m_app.parse(words);
     } catch (const CLI::CallForHelp&) {
       const CLI::App& app = Deepest();
-      parsed.help = app.help(app.get_parent() != nullptr ? CommandOf(*app.get_parent()) : "");
+      parsed.help = Wrapped(app.help(app.get_parent() != nullptr ? CommandOf(*app.get_parent()) : ""));
+      parsed.options = m_options;
       return parsed;
     } catch (const CLI::CallForVersion& version) {
       parsed.help = std::string(version.what()) + "\n";
+      parsed.options = m_options;
       return parsed;
     } catch (const CLI::ExtrasError&) {
       throw Unexpected(written);
     } catch (const CLI::ParseError& error) {
       throw Failure(EXIT_USAGE, error.what(), "Try '" + CommandOf(Deepest()) + " --help'.");
     }
-    if (!m_timeout.empty()) {
+    if (m_app.count("--timeout") > 0) {
       m_options.timeoutSeconds = ParseSeconds(m_timeout, "--timeout");
     }
     m_options.waits = !m_doesNotWait;
@@ -145,7 +187,7 @@ class Parser {
       } else if (!argument.isFixed) {
         const std::string preset = argument.preset.empty() ? "" : " (" + argument.preset + ")";
         CLI::Option* const option = app.add_option(argument.name, values, argument.help + preset);
-        option->required(!argument.isOptional)->type_name("");
+        option->required(!argument.isOptional)->type_name(argument.IsOption() ? NameOfValue(argument) : "");
         SetCount(*option, argument);
       }
     }

@@ -14,7 +14,7 @@ namespace {
 constexpr std::chrono::seconds kQuestionsOfItsOwn{5};  // what nobody asked for may take no longer
 
 std::string Trimmed(const std::string& text) {
-  static constexpr char kBlanks[] = " \t";
+  static constexpr char kBlanks[] = " \t\r";
   const std::size_t begin = text.find_first_not_of(kBlanks);
   return begin == std::string::npos ? "" : text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
 }

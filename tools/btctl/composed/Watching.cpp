@@ -3,6 +3,7 @@
 #include "btctl/base/Failure.h"
 #include "btctl/commands/FromText.h"
 #include "btctl/composed/Composed.h"
+#include "btctl/events/FieldWords.h"
 
 namespace btctl {
 namespace {
@@ -71,6 +72,7 @@ void Wait(Context& context, const Given& given) {
                     std::string(wanted.name) + " has no value '" + matches.back().first + "'",
                     "'btctl events' lists the fields of each event.");
     }
+    CheckCanHave(wanted, matches.back().first, matches.back().second);
   }
   long long missing = ParseWhole(given[COUNT], Whole("--count", ""), 1, 1000000);
   const EventHub::Subscription events(context.session.Events(), [&](const Event& event) {
@@ -103,7 +105,7 @@ std::vector<Command> EventCommands() {
       {"wait",
        "Wait for an event",
        {EventName("EVENT", "its name, such as OnOpenBtStatusChanged"),
-        Many(Text("--match", "name=value; count only events with that value")),
+        Many(Text("--match", "count only events with that value")),
         Or(Whole("--count", "how many events to wait for"), "1")},
        {},
        Patience::FOR_EVER,

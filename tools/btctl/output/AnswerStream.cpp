@@ -12,18 +12,24 @@ namespace btctl {
 
 AnswerStream::AnswerStream(bool showOthers) : m_file(fdopen(dup(STDOUT_FILENO), "w")) {
   const int elsewhere = showOthers ? dup(STDERR_FILENO) : open("/dev/null", O_WRONLY | O_CLOEXEC);
-  dup2(elsewhere, STDOUT_FILENO);
-  close(elsewhere);
-  if (m_file == nullptr) {
-    throw Failure(EXIT_INTERNAL, "there is no standard output");
+  if (elsewhere != STDOUT_FILENO) {  // as it is if standard output was closed: it was the first free number
+    dup2(elsewhere, STDOUT_FILENO);
+    close(elsewhere);
   }
 }
 
-AnswerStream::~AnswerStream() { std::fclose(m_file); }
+AnswerStream::~AnswerStream() {
+  if (m_file != nullptr) {
+    std::fclose(m_file);
+  }
+}
 
-bool AnswerStream::IsTerminal() const { return isatty(fileno(m_file)) != 0; }
+bool AnswerStream::IsTerminal() const { return m_file != nullptr && isatty(fileno(m_file)) != 0; }
 
 void AnswerStream::Write(const std::string& text) {
+  if (m_file == nullptr) {
+    return;
+  }
   const bool isWritten =
       std::fwrite(text.data(), 1, text.size(), m_file) == text.size() && std::fflush(m_file) == 0;
   if (!isWritten && errno == EPIPE) {
@@ -35,6 +41,9 @@ void AnswerStream::Write(const std::string& text) {
 }
 
 void AnswerStream::ThrowIfFailed() const {
+  if (m_file == nullptr) {
+    throw Failure(EXIT_INTERNAL, "standard output is closed");
+  }
   if (std::ferror(m_file) != 0) {
     throw Failure(EXIT_INTERNAL, "standard output cannot be written to");
   }

@@ -142,7 +142,9 @@ void Output::ShowEvent(const Event& event) {
   m_answers.Write(m_style.Faint(LocalTime(event.time)) + "  " + TextOf(event, m_style) + "\n");
 }
 
-void Output::ShowText(const std::string& text) { m_answers.Write(text); }
+void Output::ShowText(const std::string& text) {
+  m_answers.Write(m_json ? ToLine(Json{{"kind", "help"}, {"text", text}}) + "\n" : text);
+}
 
 void Output::Note(const std::string& text) {
   EndProgress();

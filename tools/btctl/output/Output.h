@@ -22,7 +22,7 @@ class Output {
   /// The items, each an object; `kind` is what one is called.
   void ShowList(const std::string& kind, const Json& items);
   void ShowEvent(const Event& event);
-  /// Text that is meant for people alone, such as help. It is the answer, so that it can be piped.
+  /// Help, as it is or as the "text" of a JSON object. It is the answer, so that it can be piped.
   void ShowText(const std::string& text);
 
   /// Something about what is going on.
