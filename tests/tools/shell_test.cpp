@@ -115,6 +115,91 @@ TEST_F(InTheShell, CtrlCDiscardsTheLineAndEndsACommand) {
   EXPECT_THAT(service.TakeCallTexts(), testing::IsEmpty());
 }
 
+TEST_F(InTheShell, CtrlCLeavesTheSearchInTheHistory) {
+  Start();
+  terminal->Type("call hangup\n");
+  ASSERT_TRUE(terminal->WaitFor("accepted"));
+  ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  terminal->Type("\022hang");
+  ASSERT_TRUE(terminal->WaitFor("g': call ")) << terminal->Screen();
+  terminal->Type("\003");
+  ASSERT_TRUE(terminal->WaitFor("^C"));
+  ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  terminal->Type("\n");
+  ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  terminal->Type("call redial\n");
+  ASSERT_TRUE(terminal->WaitFor("accepted"));
+  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("TerminateCall()", "RedialCall()"));
+}
+
+TEST_F(InTheShell, PastedLinesAreCommandsOneAfterTheOther) {
+  Start();
+  terminal->Type("\033[200~call redial\ncall accept\n\033[201~\n");
+  ASSERT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  ASSERT_TRUE(terminal->WaitFor("btctl> call accept")) << terminal->Screen();
+  ASSERT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("RedialCall()", "AcceptCall()"));
+}
+
+TEST_F(InTheShell, AWordInQuotesIsCompleted) {
+  Start();
+  service.Emit("OnConnectStatusChanged", g_variant_new("(syy)", kPhone, 1, 0));
+  ASSERT_TRUE(terminal->WaitFor("disconnected"));
+  terminal->Type("connect \"00\t --no-wait\n");
+  ASSERT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  EXPECT_THAT(service.TakeCallTexts(),
+              testing::ElementsAre("Connect('00:1A:7D:DA:71:13', byte 0x03, byte 0x00)"));
+}
+
+TEST_F(InTheShell, NamesThatShareNothingButTheirQuoteLeaveTheLineAlone) {
+  Start();
+  for (const char* const name : {"one blank", "two \"blanks\""}) {
+    service.Emit("OnConnectStatusChanged", g_variant_new("(syy)", name, 1, 0));
+    ASSERT_TRUE(terminal->WaitFor("disconnected"));
+  }
+  terminal->Type("connect \t\t");
+  ASSERT_TRUE(terminal->WaitFor("\"one blank\"")) << terminal->Screen();
+  ASSERT_TRUE(terminal->WaitFor(R"("two \"blanks\"")")) << terminal->Screen();
+  terminal->Type(std::string(kPhone) + " --no-wait\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+}
+
+TEST_F(InTheShell, HasWordsOfItsOwnThatItsHelpNames) {
+  Start();
+  for (const char* const line : {"help\n", "?\n"}) {
+    terminal->Type(line);
+    EXPECT_TRUE(terminal->WaitFor("watch on, watch off")) << terminal->Screen();
+    EXPECT_TRUE(terminal->WaitFor("quit, exit"));
+    ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  }
+  terminal->Type("clear\n");
+  EXPECT_TRUE(terminal->WaitFor("\033[H\033[2J"));
+  EXPECT_TRUE(terminal->WaitFor(kPrompt));
+}
+
+TEST_F(InTheShell, HintsNameCommandsAsTheyAreTypedThere) {
+  Start();
+  for (const char* const line : {"xylophone\n", "call xylophone\n", "call dial\n", "call --help\n"}) {
+    terminal->Type(line);
+    ASSERT_TRUE(terminal->WaitFor("help'")) << terminal->Screen();
+    ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  }
+  EXPECT_THAT(terminal->Screen(), testing::HasSubstr("there is no command 'xylophone'"));
+  EXPECT_THAT(terminal->Screen(), testing::Not(testing::HasSubstr("'btctl")));
+}
+
+TEST_F(InTheShell, ANoteIsShownAboveThePromptAsWell) {
+  Start();
+  terminal->Type("call red");
+  ASSERT_TRUE(terminal->WaitFor("call red"));
+  service.ReleaseName();
+  ASSERT_TRUE(terminal->WaitFor("btctl: the service went away"));
+  const std::string before = terminal->Screen().substr(0, terminal->Screen().find("btctl: the service went"));
+  EXPECT_THAT(before.substr(before.size() - 10), testing::HasSubstr("\r\033[K"))
+      << "the prompt is wiped first";
+  EXPECT_TRUE(terminal->WaitFor("btctl> call red")) << terminal->Screen();
+}
+
 TEST_F(InTheShell, AMonitorShowsAnEventOnce) {
   Start();
   terminal->Type("monitor\n");

@@ -13,7 +13,7 @@ namespace {
 using Names = std::set<std::string>;
 using Words = std::vector<std::string>;
 
-const Names kShellWords{"exit", "help", "quit", "watch"};
+const Names kShellWords{"clear", "exit", "help", "quit", "watch"};
 const Names kGlobalOptions{"--help", "--json", "--no-wait", "--timeout", "--verbose"};
 
 bool IsOption(const std::string& word) { return word.rfind("--", 0) == 0; }
@@ -146,6 +146,9 @@ Names Candidates(const Words& before, const std::string& start, const KnownNames
   Names candidates = line.rest.empty() ? NextWords(line.path) : Names();
   if (before.empty()) {
     candidates.insert(kShellWords.begin(), kShellWords.end());
+  }
+  if (before == Words{"watch"}) {
+    candidates = {"off", "on"};
   }
   if (line.command != nullptr && !isHelp) {
     if (const Argument* const argument = NextArgument(*line.command, line.rest)) {

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <sstream>
 
 #include <glib-unix.h>
 #include <glib/gstdio.h>
@@ -39,6 +40,33 @@ std::vector<std::string> WordsOf(const std::string& text) {
   return {};
 }
 
+/// A text as it is written between quotes of that kind.
+std::string Escaped(const std::string& text, char quote) {
+  std::string escaped;
+  for (const char c : text) {
+    if (quote == '\'' && c == '\'') {
+      escaped += "'\\''";
+    } else {
+      escaped += quote == '"' && std::strchr("\"\\$`", c) != nullptr ? "\\" : "";
+      escaped += c;
+    }
+  }
+  return escaped;
+}
+
+/// What is typed of a word, after the quote with which it begins.
+std::string Typed(const std::string& start, char quote) {
+  if (quote == '\0') {
+    return start;
+  }
+  const std::vector<std::string> words = WordsOf(quote + start);
+  return words.empty() ? "" : words.front();
+}
+
+bool NeedsQuotes(const std::string& word) {
+  return word.find_first_of(" \t\"'\\$`#&;|<>()*?[]~") != std::string::npos;
+}
+
 /// As readline wants it: a list that it frees, the longest common start first.
 char** ToMatches(const std::string& start, const std::vector<std::string>& candidates) {
   static const std::vector<std::string>* remaining = nullptr;
@@ -52,16 +80,19 @@ char** ToMatches(const std::string& start, const std::vector<std::string>& candi
 
 char** Attempt(const char* start, int begin, int) {
   rl_attempted_completion_over = 1;  // no file names
-  std::vector<std::string> matches =
-      (*completer)(WordsOf(std::string(rl_line_buffer, static_cast<std::size_t>(begin))), start);
-  if (rl_completion_quote_character == 0) {
-    for (std::string& match : matches) {
-      if (match.find(' ') != std::string::npos) {
-        match.insert(0, 1, '"').push_back('"');
-      }
-    }
+  const char quote = static_cast<char>(rl_completion_quote_character);
+  // The quote with which the word begins is no word of its own.
+  const int end = quote != '\0' && begin > 0 ? begin - 1 : begin;
+  std::vector<std::string> words =
+      (*completer)(WordsOf(std::string(rl_line_buffer, static_cast<std::size_t>(end))), Typed(start, quote));
+  for (std::string& word : words) {
+    word = quote != '\0' ? Escaped(word, quote) : NeedsQuotes(word) ? '"' + Escaped(word, '"') + '"' : word;
   }
-  return ToMatches(start, matches);
+  char** const matches = ToMatches(start, words);
+  if (matches != nullptr && std::strcmp(matches[0], "\"") == 0) {
+    matches[0][0] = '\0';  // all that they share is the quote, which says nothing
+  }
+  return matches;
 }
 
 gboolean TakeKey(gint, GIOCondition, gpointer) {
@@ -95,6 +126,12 @@ LineEditor::~LineEditor() {
 std::optional<std::string> LineEditor::ReadLine(const std::string& prompt,
                                                 const std::function<void()>& meanwhile) {
   m_line.reset();
+  if (!m_pasted.empty()) {
+    m_line = m_pasted.front();
+    m_pasted.pop_front();
+    m_terminal.Write(prompt + *m_line + "\n");
+    return m_line;
+  }
   rl_callback_handler_install(prompt.c_str(), [](char* line) { editor->TakeLine(line); });
   m_isReading = true;
   {
@@ -118,12 +155,22 @@ void LineEditor::TakeLine(char* line) {
     m_terminal.Write("\n");
     return;
   }
-  m_line = line;
+  std::istringstream lines(line);
   std::free(line);
+  m_line.emplace();
+  std::getline(lines, *m_line);
+  Remember(*m_line);
+  for (std::string pasted; std::getline(lines, pasted);) {
+    Remember(pasted);
+    m_pasted.push_back(pasted);
+  }
+}
+
+void LineEditor::Remember(const std::string& line) {
   const HIST_ENTRY* const last =
       history_length > 0 ? history_get(history_base + history_length - 1) : nullptr;
-  if (!m_line->empty() && (last == nullptr || *m_line != last->line)) {
-    add_history(m_line->c_str());
+  if (!line.empty() && (last == nullptr || line != last->line)) {
+    add_history(line.c_str());
   }
 }
 
@@ -133,13 +180,17 @@ void LineEditor::PrintAbove(const std::function<void()>& print) {
     return;
   }
   rl_clear_visible_line();
+  std::fflush(rl_outstream);  // what is printed may go another way, to standard error
   print();
   rl_on_new_line();
   rl_redisplay();
 }
 
 void LineEditor::Discard() {
+  m_pasted.clear();
   if (m_isReading) {
+    rl_callback_sigcleanup();  // ends a search, which would else take the next keys
+    using_history();           // the search went to where it found something
     m_terminal.Write("^C\n");
     rl_replace_line("", 0);
     rl_on_new_line();

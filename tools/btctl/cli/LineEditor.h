@@ -1,6 +1,7 @@
 #ifndef TOOLS_BTCTL_CLI_LINEEDITOR_H
 #define TOOLS_BTCTL_CLI_LINEEDITOR_H
 
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -22,16 +23,18 @@ class LineEditor {
   LineEditor& operator=(const LineEditor&) = delete;
 
   /// Shows the prompt, and iterates the loop until a line is complete; nothing at the end of the input.
+  /// Lines that were pasted together come one after the other, once Enter was pressed after the last.
   /// Between two lines the terminal is as it was, so that a command may ask for something by itself.
   /// `meanwhile` is called whenever something has happened, and may iterate the loop itself.
   std::optional<std::string> ReadLine(const std::string& prompt, const std::function<void()>& meanwhile);
   /// Runs what prints something, above the prompt if there is one.
   void PrintAbove(const std::function<void()>& print);
-  /// Gives up what has been typed.
+  /// Gives up what has been typed or pasted, and a search of the history.
   void Discard();
 
  private:
   void TakeLine(char* line);
+  void Remember(const std::string& line);
 
   AnswerStream& m_terminal;
   const Completer m_completer;
@@ -39,6 +42,7 @@ class LineEditor {
   bool m_isReading = false;
   bool m_hasEnded = false;
   std::optional<std::string> m_line;
+  std::deque<std::string> m_pasted;  ///< lines that came with one that was complete
 };
 
 }  // namespace btctl

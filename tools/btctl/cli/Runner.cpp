@@ -16,9 +16,26 @@ std::optional<Session::Milliseconds> TimeoutOf(const Parsed& parsed) {
   return Session::Milliseconds(static_cast<std::int64_t>(seconds * 1000));
 }
 
-}  // namespace
+void Replace(std::string& text, const std::string& part, const std::string& replacement) {
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at)) {
+    text.replace(at, part.size(), replacement);
+    at += replacement.size();
+  }
+}
 
-ExitCode RunCommand(Session& session, AnswerStream& answers, const Parsed& parsed) {
+/// A text that names commands as they are typed where the program runs already.
+std::string WithoutProgram(std::string text) {
+  Replace(text, "'btctl --help'", "'help'");
+  Replace(text, "'btctl' has no ", "there is no ");
+  Replace(text, "'btctl ", "'");
+  return text;
+}
+
+Failure WithoutProgram(const Failure& failure) {
+  return {failure.Code(), WithoutProgram(std::string(failure.what())), WithoutProgram(failure.Hint())};
+}
+
+ExitCode Run(Session& session, AnswerStream& answers, const Parsed& parsed, bool isInShell) {
   Output output(answers, parsed.options.json);
   try {
     if (parsed.help) {
@@ -32,12 +49,18 @@ ExitCode RunCommand(Session& session, AnswerStream& answers, const Parsed& parse
     answers.ThrowIfFailed();
     return EXIT_OK;
   } catch (const Failure& failure) {
-    output.Complain(failure);
+    output.Complain(isInShell ? WithoutProgram(failure) : failure);
     return failure.Code();
   } catch (const std::exception& error) {
     output.Complain(Failure(EXIT_INTERNAL, error.what()));
     return EXIT_INTERNAL;
   }
+}
+
+}  // namespace
+
+ExitCode RunCommand(Session& session, AnswerStream& answers, const Parsed& parsed) {
+  return Run(session, answers, parsed, false);
 }
 
 ExitCode RunLine(Session& session, AnswerStream& answers, const Options& options, const std::string& line,
@@ -52,9 +75,12 @@ ExitCode RunLine(Session& session, AnswerStream& answers, const Options& options
     if (announce && parsed.command != nullptr) {
       announce(*parsed.command);
     }
-    return RunCommand(session, answers, parsed);
+    if (parsed.help) {
+      parsed.help = WithoutProgram(*parsed.help);
+    }
+    return Run(session, answers, parsed, true);
   } catch (const Failure& failure) {
-    Output(answers, options.json).Complain(failure);
+    Output(answers, options.json).Complain(WithoutProgram(failure));
     return failure.Code();
   }
 }

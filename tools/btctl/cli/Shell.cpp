@@ -13,6 +13,16 @@ namespace {
 
 constexpr std::chrono::seconds kQuestionsOfItsOwn{5};  // what nobody asked for may take no longer
 
+constexpr char kClearScreen[] = "\033[H\033[2J";
+
+constexpr char kShellHelp[] =
+    "\n"
+    "In the shell, without 'btctl':\n"
+    "  help [COMMAND], ?           Show this help, or that of a command\n"
+    "  watch on, watch off         Show or hide events\n"
+    "  clear                       Clear the screen\n"
+    "  quit, exit                  Leave the shell, as Ctrl-D does\n";
+
 std::string Trimmed(const std::string& text) {
   static constexpr char kBlanks[] = " \t\r";
   const std::size_t begin = text.find_first_not_of(kBlanks);
@@ -109,11 +119,19 @@ bool Shell::Handle(const std::string& line) {
     m_showsEvents = line == "watch on";
     return true;
   }
-  const bool isHelp = line == "help" || line.rfind("help ", 0) == 0;
-  const std::string command = isHelp ? Trimmed(line.substr(4)) + " --help" : line;
+  if (line == "clear") {
+    m_terminal.Write(kClearScreen);
+    return true;
+  }
+  const bool isGeneralHelp = line == "help" || line == "?";
+  const bool isHelp = isGeneralHelp || line.rfind("help ", 0) == 0;
+  const std::string command = isGeneralHelp ? "--help" : isHelp ? Trimmed(line.substr(4)) + " --help" : line;
   m_code = RunLine(m_session, m_terminal, m_options, command,
                    [this](const Command& named) { m_commandShowsEvents = named.showsEvents; });
   m_commandShowsEvents = false;
+  if (isGeneralHelp) {
+    m_output.ShowText(kShellHelp);
+  }
   m_isStarted = m_isStarted || m_code == EXIT_OK;
   return true;
 }
