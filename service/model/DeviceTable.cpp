@@ -8,12 +8,6 @@ namespace {
 
 constexpr std::size_t kAddressLength = 17;
 
-std::string UpperCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
-  return text;
-}
-
 }  // namespace
 
 bool IsDeviceAddress(const std::string& text) {
@@ -30,8 +24,15 @@ bool IsDeviceAddress(const std::string& text) {
   return true;
 }
 
+std::string ReportedAddress(const std::string& address) {
+  std::string text = address;
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
+  return text;
+}
+
 bool SameAddress(const std::string& left, const std::string& right) {
-  return UpperCase(left) == UpperCase(right);
+  return ReportedAddress(left) == ReportedAddress(right);
 }
 
 DeviceTable::DeviceTable(ModelContext& context, const World& world)
@@ -46,7 +47,7 @@ DeviceTable::DeviceTable(ModelContext& context, const World& world)
 }
 
 RemoteDevice* DeviceTable::Find(const std::string& address) const {
-  const std::string wanted = UpperCase(address);
+  const std::string wanted = ReportedAddress(address);
   const auto place = std::find_if(m_devices.begin(), m_devices.end(),
                                   [&](const auto& device) { return device->data.address == wanted; });
   return place != m_devices.end() ? place->get() : nullptr;
@@ -63,7 +64,7 @@ RemoteDevice* DeviceTable::Add(const DeviceData& data) {
   }
   m_devices.push_back(std::make_unique<RemoteDevice>(data));
   RemoteDevice* const device = m_devices.back().get();
-  device->data.address = UpperCase(data.address);
+  device->data.address = ReportedAddress(data.address);
   return device;
 }
 

@@ -30,7 +30,7 @@ bool Pairing::Start(const std::string& address, const std::string& pin) {
   if (device != nullptr && device->paired) {
     return false;
   }
-  Begin(device != nullptr ? device->data.address : address, pin, false);
+  Begin(ReportedAddress(address), pin, false);
   m_stage = Stage::PAGING;
   const bool answers = device != nullptr && device->inRange;
   m_tasks.After(answers ? m_context.delays.page : m_context.delays.pageTimeout, [this, answers] {
@@ -193,7 +193,7 @@ bool Pairing::SetOobLinkKey(const std::string& address, const Bytes& key) {
     if (success && !device->paired) {
       m_devices.AddPaired(*device);
     }
-    m_context.Report(OobLinkKeySet{address, success});
+    m_context.Report(OobLinkKeySet{ReportedAddress(address), success});
   });
   return true;
 }

@@ -37,6 +37,7 @@ bt_add_test(NAME service_pace_test
 
 bt_add_test(NAME service_system_test
   SOURCES
+    addresses_test.cpp
     call_table_test.cpp
     causes_test.cpp
     contract_test.cpp
