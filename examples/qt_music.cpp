@@ -1,14 +1,16 @@
 // The position in the music of a phone, in a program with Qt's main loop.
 //
-// On Linux, Qt runs its loop on GLib's default main context. So events arrive on the thread of the
-// QCoreApplication, when the library is started there, and a callback may touch the objects that live on it.
-// A request would hold the loop, and with it the screen, until the service has answered: those that the user
-// asks for are made on a thread of the pool, one after the other.
+// On Linux, Qt runs its loop on GLib's default main context, unless it was built without GLib or QT_NO_GLIB
+// is set. So events arrive on the thread of the QCoreApplication, when the library is started there, and a
+// callback may touch the objects that live on it. A request would hold the loop, and with it the screen,
+// until the service has answered: those that the user asks for are made on a thread of the pool, one after
+// the other.
 
 #include <bluetooth/IMWPBtMediaListener.h>
 #include <bluetooth/MWPBluetooth.h>
 #include <bluetooth/MWPBtMedia.h>
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QThreadPool>
 #include <QTimer>
@@ -64,6 +66,11 @@ class Screen : public QObject, public IMWPBtMediaListener {
   QThreadPool m_requests;  // comes last: its destructor waits for the requests, which use the others
 };
 
+/// Without GLib, Qt's loop does not run the context on which the library's events arrive.
+bool QtUsesGlib() {
+  return QString(QAbstractEventDispatcher::instance()->metaObject()->className()).contains("Glib");
+}
+
 int Run(const std::string& phone) {
   Screen screen;
   PhoneConnection connection(
@@ -83,6 +90,12 @@ int Run(const std::string& phone) {
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
+  if (!QtUsesGlib()) {
+    std::fprintf(stderr,
+                 "warning: Qt does not use GLib's main loop (was it built without GLib, or is QT_NO_GLIB "
+                 "set?): no Bluetooth event will arrive\n");
+    return 1;
+  }
   const int status = Run(argc > 1 ? argv[1] : "00:1A:7D:DA:71:13");
   MWP_DestroyBlueTooth();
   return status;
