@@ -22,6 +22,10 @@
 /// missed calls instead of all calls, or a list that is just being written. Fetch lists on one thread of the
 /// application, and check the log each entry belongs to (btservice: MWPTypeCallLog::nValue2), since another
 /// process may ask as well.
+///
+/// A list that does not fit into its segment is cut after the last whole record, and no event reports that:
+/// of 40,000 contacts that btservice made up, 32,371 fitted. Compare the size of the list with
+/// GetContactCount or GetCallLogCount, which answer the number of all.
 class MWP_BT_API MWPBtPbap {
  public:
   MWPBtPbap();
