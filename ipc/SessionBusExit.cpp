@@ -18,7 +18,7 @@ struct Unref {
 bool IsSessionBusAddressKnown() {
   const char* const address = g_getenv("DBUS_SESSION_BUS_ADDRESS");
   if (address != nullptr) {
-    return !g_str_has_prefix(address, "autolaunch:");
+    return g_strstr_len(address, -1, "autolaunch:") == nullptr;  // it may be one of several
   }
   const std::unique_ptr<gchar, decltype(&g_free)> socket(
       g_build_filename(g_get_user_runtime_dir(), "bus", nullptr), g_free);

@@ -18,7 +18,9 @@ class SessionBusExit {
   SessionBusExit& operator=(const SessionBusExit&) = delete;
 
   /// Switches exit-on-close off on the connection that an attempt to make a proxy has obtained: that of the
-  /// proxy, or if there is no proxy, the one that is there although no proxy came of it.
+  /// proxy, or if there is no proxy, the one that is there although no proxy came of it. The latter is left
+  /// out where GLib would have to launch a bus to answer: there, a bus that dies within the attempt is not
+  /// covered.
   static void SwitchOff(ComZelkLinuxBluetooth* proxy);
 
  private:

@@ -28,8 +28,8 @@ class MWP_BT_API MWPBtCom {
   /// - OnConnectStatusChanged for each profile that is connected
   /// - while a phone is connected for calls: its network, signal and battery; OnCallStatusChanged for each
   ///   call, OnCurrentCallInfoChanged, OnCallingTimeChanged for each call that was answered,
-  ///   OnConferenceChanged for each action that is possible; where the sound is, and voice recognition if it
-  ///   is running
+  ///   OnConferenceChanged for each action that is possible; where the sound is, its codec while the head
+  ///   unit has it, and voice recognition if it is running
   /// - while a player is connected: what it supports, and whether it is playing
   /// - while the phone book is being downloaded: OnPBDownloadStatus and OnPbDownloadCountChanged
   ///

@@ -28,7 +28,7 @@ int Process::Run() {
   }
   m_bus.OwnName();
   g_main_loop_run(m_loop);
-  // Whoever else has the name by now owns the segments, too.
+  // Without the name, the segments may be those of another service by now: they are left alone.
   if (m_service && m_bus.OwnsName()) {
     m_service->Stop();
   }

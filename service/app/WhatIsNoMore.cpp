@@ -29,6 +29,15 @@ void EndSound(std::vector<StackEvent>& events) {
   events.emplace_back(CallAudioChanged{BT_AUDIO_DISCONNECTED});
 }
 
+void EndPlayer(std::vector<StackEvent>& events) {
+  events.emplace_back(FastForwardSupported{false});
+  events.emplace_back(FastReverseSupported{false});
+  events.emplace_back(BrowsingSupported{false});
+  events.emplace_back(PlayerChanged{});
+  events.emplace_back(PlayStatusChanged{BT_MUSIC_STOPPED});
+  events.emplace_back(TrackInfoChanged{});
+}
+
 void EndConnections(const std::vector<std::string>& addresses, std::vector<StackEvent>& events) {
   for (const std::string& address : addresses) {
     for (const ProfileId profile : kProfiles) {
@@ -41,7 +50,7 @@ void EndConnections(const std::vector<std::string>& addresses, std::vector<Stack
   events.emplace_back(RoamingChanged{false});
   events.emplace_back(SignalChanged{0});
   events.emplace_back(BatteryChanged{0});
-  events.emplace_back(PlayStatusChanged{BT_MUSIC_STOPPED});
+  EndPlayer(events);
 }
 
 }  // namespace

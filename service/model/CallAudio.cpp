@@ -80,6 +80,9 @@ void CallAudio::Update() {
 }
 
 void CallAudio::ReportAll() const {
+  if (m_status == BT_AUDIO_CONNECTED) {
+    m_context.Report(CodecChanged{m_codec});
+  }
   m_context.Report(CallAudioChanged{m_status});
   if (m_voice) {
     m_context.Report(VoiceRecognitionChanged{true});

@@ -152,6 +152,8 @@ TEST_F(TakeoverTest, AfterACrashTheNextServiceSaysWhatIsNoMoreBeforeItSaysWhatTh
   EXPECT_LT(PlaceOf("OnCallStatusChanged (1, byte 0x00, 0)"), power);
   EXPECT_LT(PlaceOf("OnCurrentCallInfoChanged (0,)"), power);
   EXPECT_LT(PlaceOf("OnAudioStatusChanged (byte 0x00,)"), power);
+  EXPECT_LT(PlaceOf("OnSupportBrowserStatusChanged (false,)"), power);
+  EXPECT_LT(PlaceOf("OnBtMusicPlayChanged (byte 0x00,)"), power);
   for (const ProfileId profile : {BT_PROFILE_HFP, BT_PROFILE_A2DP, BT_PROFILE_AVRCP, BT_PROFILE_PBAP}) {
     EXPECT_LT(PlaceOf(Connection(profile, BT_CONN_DISCONNECTED)), power) << profile;
   }
