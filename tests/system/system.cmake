@@ -24,8 +24,8 @@ bt_add_test(NAME system_memory SOURCES memory_test.cpp)
 if(BT_BUILD_SIMULATION)
   bt_add_test(NAME system_end_to_end SOURCES end_to_end_test.cpp)
   add_dependencies(system_end_to_end btservice)
+  bt_add_test(NAME system_service_values SOURCES service_values_test.cpp)
+  target_compile_definitions(system_service_values PRIVATE
+    BTTEST_WORLD="${CMAKE_CURRENT_LIST_DIR}/service_values_world.json")
+  add_dependencies(system_service_values btservice)
 endif()
-bt_add_test(NAME system_service_values SOURCES service_values_test.cpp)
-target_compile_definitions(system_service_values PRIVATE
-  BTTEST_WORLD="${CMAKE_CURRENT_LIST_DIR}/service_values_world.json")
-add_dependencies(system_service_values btservice)
