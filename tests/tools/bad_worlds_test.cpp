@@ -241,6 +241,15 @@ TEST_F(WithAService, CtrlCEndsASearchThatWasBegun) {
   EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("SetScanAction(true,)", "SetScanAction(false,)"));
 }
 
+TEST_F(WithAService, CtrlCEndsASearchWhoseStartIsNotAnsweredYet) {
+  service.Delay("SetScanAction", std::chrono::milliseconds(500));
+  ChildProcess scan(CommandLine({"scan", "--seconds", "600"}));
+  ASSERT_TRUE(service.WaitForCalls(1));
+  scan.Signal(SIGINT);
+  EXPECT_EQ(scan.Wait(), INTERRUPTED);
+  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("SetScanAction(true,)", "SetScanAction(false,)"));
+}
+
 TEST_F(WithAService, WithoutSimulationControlsThatIsSaid) {
   const Ran ran = RunBtctl({"sim"});
   EXPECT_EQ(ran.code, REFUSED);

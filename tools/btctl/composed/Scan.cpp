@@ -21,8 +21,8 @@ void Scan(Context& context, const Given& given) {
     context.output.ShowEvent(event);
     hasEnded = event.Name() == "OnScanStatusChanged" && event.Has("status", "idle");
   });
-  MakeRequest(context.session, Accepted(), CallOf([] { return MWPBtCom().SetScanAction(1); }));
-  try {
+  try {  // from the request on: it may have reached the service although its answer has not come
+    MakeRequest(context.session, Accepted(), CallOf([] { return MWPBtCom().SetScanAction(1); }));
     if (!context.session.WaitUntil([&] { return hasEnded; }, atMost)) {
       EndScan(context);
       context.session.WaitUntil([&] { return hasEnded; }, std::chrono::seconds(1));
