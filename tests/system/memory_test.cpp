@@ -31,7 +31,7 @@ constexpr int kWarmUpCalls = 2000;
 /// Leaking the smallest block that malloc hands out, 32 bytes on a 64-bit machine, in every call of a kind
 /// would add 312 KiB. The heap itself takes up to 180 KiB more and then stays, which was measured over 60000
 /// calls.
-constexpr long kTolerance = 250 * 1024;
+constexpr long kTolerance = 250L * 1024;
 
 constexpr const char* kAddress = "11:22:33:44:55:66";
 
