@@ -1,3 +1,4 @@
+#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <utility>
@@ -109,7 +110,7 @@ class UnusableStateFileTest : public StateFileTest {
 
   std::string ProblemAtStart() {
     bttest::LogCapture capture;
-    StateFile file(Path());
+    StateFile& file = m_files.emplace_back(Path());
     World again = BuiltInWorld();
     again.devices[0].paired = true;
     file.Restore(again);
@@ -126,6 +127,7 @@ class UnusableStateFileTest : public StateFileTest {
 
  private:
   int m_starts = 0;
+  std::deque<StateFile> m_files;  ///< the stack reports to all of them for as long as it lives
 };
 
 TEST_F(UnusableStateFileTest, AFileWithoutSenseIsLeftAsItIs) {
