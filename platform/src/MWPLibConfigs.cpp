@@ -1,9 +1,10 @@
 #include <mwp/MWPLibConfigs.h>
 
 #include <cstdlib>
-#include <filesystem>
+#include <memory>
 
 #include <dlfcn.h>
+#include <glib.h>
 
 #include <mwp/MWPLog.h>
 
@@ -13,8 +14,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
-
 /// The file that lies where it is installed relative to this library, wherever the two were moved to. Empty
 /// if the library cannot say where it is.
 std::string FindInstalledConfigFile() {
@@ -22,9 +21,14 @@ std::string FindInstalledConfigFile() {
   if (dladdr(reinterpret_cast<const void*>(&GetLibConfigs), &library) == 0 || library.dli_fname == nullptr) {
     return "";
   }
-  std::error_code error;
-  const fs::path file = fs::canonical(library.dli_fname, error);
-  return error ? "" : (file.parent_path() / MWP_CONFIG_FROM_LIBRARY).lexically_normal().string();
+  // std::filesystem would bring in pages of the C++ runtime that an application does not need otherwise.
+  const std::unique_ptr<char, decltype(&std::free)> file(realpath(library.dli_fname, nullptr), std::free);
+  if (file == nullptr) {
+    return "";
+  }
+  g_autofree gchar* folder = g_path_get_dirname(file.get());
+  g_autofree gchar* configs = g_canonicalize_filename(MWP_CONFIG_FROM_LIBRARY, folder);
+  return configs;
 }
 
 // Found while the library is loaded: its name may be relative to the directory in which the process is now.
