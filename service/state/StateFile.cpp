@@ -98,6 +98,20 @@ void DescribeFields(FieldReader& reader, KeptState& state) {
   reader.Required(kPairedMember, state.paired, "");
 }
 
+/// A device that is paired twice would be in the world twice.
+void RefuseTwins(const KeptState& state, const JsonNode& root, const std::string& fileName) {
+  for (std::size_t i = 0; i < state.paired.size(); ++i) {
+    for (std::size_t before = 0; before < i; ++before) {
+      if (SameAddress(state.paired[i].address, state.paired[before].address)) {
+        throw FileError(fileName, root.Find(kPairedMember)->items[i].line,
+                        "paired[" + std::to_string(i) +
+                            "].address: expected one of its own, got that of paired[" +
+                            std::to_string(before) + "]");
+      }
+    }
+  }
+}
+
 /// Throws FileError.
 KeptState ParseState(const std::string& text, const std::string& fileName) {
   const JsonNode root = ParseJson(text, fileName);
@@ -105,6 +119,11 @@ KeptState ParseState(const std::string& text, const std::string& fileName) {
   FieldReader reader(root, fileName, "");
   DescribeFields(reader, state);
   reader.RefuseOthers();
+  if (state.paired.size() > kMostDevices) {
+    throw FileError(fileName, root.Find(kPairedMember)->line,
+                    "paired: expected at most " + std::to_string(kMostDevices) + " devices");
+  }
+  RefuseTwins(state, root, fileName);
   return state;
 }
 

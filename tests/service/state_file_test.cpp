@@ -143,6 +143,9 @@ TEST_F(UnusableStateFileTest, AFileWithoutSenseIsLeftAsItIs) {
        ":1: attributes.name: expected a text, got 3"},
       {R"({"format": 1, )" + attributes + R"(, "paired": [{"address": "x", "name": "y"}]})",
        ":1: paired[0].address: expected a Bluetooth address such as 00:1A:7D:DA:71:13, got 'x'"},
+      {R"({"format": 1, )" + attributes +
+           R"(, "paired": [{"address": "00:1A:7D:DA:71:13", "name": "y"}, {"address": "00:1a:7d:da:71:13", "name": "z"}]})",
+       ":1: paired[1].address: expected one of its own, got that of paired[0]"},
       {R"({"format": 1, )" + attributes + R"(, "paired": [], "more": 1})",
        ":1: more: there is no such member"},
   };
