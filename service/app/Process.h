@@ -34,8 +34,8 @@ class Process {
 
   Exported<ComZelkLinuxBluetooth> m_object;
   Exported<BluetoothSim> m_controls;
-  std::optional<Service> m_service;
   ServiceBus m_bus;
+  std::optional<Service> m_service;
 };
 
 }  // namespace btservice
