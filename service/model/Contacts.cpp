@@ -8,6 +8,7 @@
 namespace btservice {
 namespace {
 
+constexpr std::size_t kUsualKinds = 3;    // of number: mobile, home, work
 constexpr std::size_t kUsualNumbers = 2;  // of one kind
 
 // The lengths have no common divisor, so that first and family names meet in every combination.
@@ -50,6 +51,9 @@ std::string FullName(const Contact& contact) {
 }
 
 void AddNumber(Contact& contact, NumberType type, std::string number) {
+  if (contact.numbers.empty()) {
+    contact.numbers.reserve(kUsualKinds);
+  }
   auto group = std::find_if(contact.numbers.begin(), contact.numbers.end(),
                             [type](const ContactNumbers& one) { return one.type == type; });
   if (group == contact.numbers.end()) {

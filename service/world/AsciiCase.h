@@ -11,7 +11,7 @@ inline bool IsSameWord(std::string_view left, std::string_view right) {
   constexpr auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
   return left.size() == right.size() &&
          std::equal(left.begin(), left.end(), right.begin(),
-                    [lower](char one, char other) { return lower(one) == lower(other); });
+                    [lower](char one, char other) { return one == other || lower(one) == lower(other); });
 }
 
 }  // namespace btservice

@@ -103,6 +103,8 @@ struct Card {
 };
 
 class BookReader {
+  using Kind = VCardProperty::Kind;
+
  public:
   BookReader(const std::string& text, const std::string& fileName) : m_fileName(fileName), m_reader(text) {
     m_cards.contacts.reserve(text.size() / kUsualCard);
@@ -126,8 +128,10 @@ class BookReader {
  private:
   void Advance() { m_isThere = m_reader.Next(m_property); }
 
+  bool Is(VCardProperty::Kind kind) const { return m_property.kind == kind; }
+
   bool IsBegin() const {
-    return m_property.Is("BEGIN") && IsSameWord(m_property.value.substr(0, kVCard.size()), kVCard);
+    return Is(Kind::BEGIN) && IsSameWord(m_property.value.substr(0, kVCard.size()), kVCard);
   }
 
   /// Goes behind the END of the card that begins here; if it has none, to the next card.
@@ -139,16 +143,16 @@ class BookReader {
     for (Advance(); m_isThere && (!IsBegin() || isAfterAgent); Advance()) {
       if (IsBegin()) {
         ++cardsInside;
-      } else if (m_property.Is("END") && cardsInside > 0) {
+      } else if (Is(Kind::END) && cardsInside > 0) {
         --cardsInside;
-      } else if (m_property.Is("END")) {
+      } else if (Is(Kind::END)) {
         Advance();
         Finish(card);
         return;
       } else if (cardsInside == 0 && card.problem.empty()) {
         Take(card);
       }
-      isAfterAgent = m_property.Is("AGENT") && m_property.value.empty();
+      isAfterAgent = Is(Kind::AGENT) && m_property.value.empty();
     }
     Skip(!card.problem.empty()
              ? card.problem
@@ -158,21 +162,19 @@ class BookReader {
 
   /// Applies the property to the card.
   void Take(Card& card) {
-    const bool isName = m_property.Is("N");
-    const bool isFullName = m_property.Is("FN");
-    if (m_property.name.empty()) {
+    if (Is(Kind::NONE)) {
       card.problem = Problem(m_property.line, Expected("a property such as TEL:112"));
-    } else if (isName || isFullName || m_property.Is("TEL")) {
+    } else if (Is(Kind::TELEPHONE) || Is(Kind::NAME) || Is(Kind::FULL_NAME)) {
       const std::optional<std::string_view> value = Decoded();
       if (!value) {
         const std::string charset = m_property.charset.empty() ? "UTF-8" : Quote(m_property.charset);
         card.problem =
             Problem(m_property.line, "expected a text in " + charset + ", got " + Quote(m_property.value));
-      } else if (isName) {
+      } else if (Is(Kind::NAME)) {
         std::string_view parts = *value;
         card.contact.familyName = TakePart(parts, ';');
         card.contact.firstName = TakePart(parts, ';');
-      } else if (isFullName) {
+      } else if (Is(Kind::FULL_NAME)) {
         card.fullName = Unescape(*value);
       } else {
         AddTelephone(card.contact, m_property, *value);

@@ -4,18 +4,16 @@
 #include <string>
 #include <string_view>
 
-#include "service/world/AsciiCase.h"
-
 namespace btservice {
 
 /// A property of a vCard as it stands in the file: "item1.TEL;TYPE=CELL:112".
 struct VCardProperty {
+  /// What its name says, in upper or lower case. NONE: the line is no property.
+  enum class Kind { NONE, BEGIN, END, AGENT, FULL_NAME, NAME, TELEPHONE, OTHER };
   enum class Encoding { NONE, QUOTED_PRINTABLE, BASE64 };
 
-  /// Whether its name is this one, in upper or lower case.
-  bool Is(std::string_view wanted) const { return IsSameWord(name, wanted); }
-
-  int line = 1;              ///< where it begins
+  int line = 1;  ///< where it begins
+  Kind kind = Kind::NONE;
   std::string_view name;     ///< without its group. Empty if the line is no property: it is the value then
   std::string_view charset;  ///< empty if none is named
   std::string_view value;    ///< in one piece, but still encoded
