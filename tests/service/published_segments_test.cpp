@@ -14,6 +14,7 @@
 namespace btservice {
 namespace {
 
+using testing::AnyOf;
 using testing::HasSubstr;
 
 constexpr const char* kPhone = "00:1A:7D:DA:71:13";
@@ -114,7 +115,8 @@ TEST_F(PublishedSegmentsTest, TheCallTableFollowsTheCalls) {
   EXPECT_EQ(Word(SH_CALL_INFO_LIST, 0), 0);
   EXPECT_EQ(service.Ask("DialCall", g_variant_new("(s)", "112")), "(true,)");
   EXPECT_EQ(Word(SH_CALL_INFO_LIST, 0), 1);
-  EXPECT_EQ(Word(SH_CALL_INFO_LIST, 8), BT_CALL_DIALING);
+  // On a slow machine the other phone rings before the segment is read here.
+  EXPECT_THAT(Word(SH_CALL_INFO_LIST, 8), AnyOf(BT_CALL_DIALING, BT_CALL_ALERTING));
   EXPECT_THAT(Contents(SH_CALL_INFO_LIST), HasSubstr("112"));
   ASSERT_TRUE(service.WaitFor("OnCallingTimeChanged (2, 1, true)"));
   EXPECT_EQ(Word(SH_CALL_INFO_LIST, 8), BT_CALL_ACTIVE);
