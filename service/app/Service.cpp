@@ -33,7 +33,9 @@ Service::Service(const Options& options, WorldFile file, ComZelkLinuxBluetooth* 
 WorldFile Service::Prepare(WorldFile file) {
   file.world.startTime = std::time(nullptr);
   file.world.settings = m_parameters.Load();
-  m_state.Restore(file.world);
+  if (const std::optional<KeptState> kept = m_state.Load()) {
+    Restore(*kept, file.world);
+  }
   return file;
 }
 

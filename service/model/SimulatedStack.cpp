@@ -1,5 +1,7 @@
 #include "service/model/SimulatedStack.h"
 
+#include "service/model/KeptAttributes.h"
+
 namespace btservice {
 
 SimulatedStack::SimulatedStack(Scheduler& scheduler, const World& world)
@@ -46,6 +48,17 @@ void SimulatedStack::Start() {
   } else {
     m_power.Report();  // a stack before this one may have been on
   }
+}
+
+KeptState SimulatedStack::Kept() const {
+  KeptState kept;
+  for (const KeptAttribute& one : kKeptAttributes) {
+    m_settings.GetAttribute(one.attribute, kept.attributes[one.attribute]);
+  }
+  for (const RemoteDevice* const device : m_devices.Paired()) {
+    kept.paired.push_back({device->data.address, device->data.name});
+  }
+  return kept;
 }
 
 void SimulatedStack::Stop() {

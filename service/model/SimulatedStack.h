@@ -28,6 +28,7 @@ class SimulatedStack : public BluetoothStack {
 
   void AddObserver(StackObserver& observer) override { m_context.observers.push_back(&observer); }
   void Start() override;
+  KeptState Kept() const override;
   void Stop() override;
 
   /// The controls of the simulation.

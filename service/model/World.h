@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "service/model/Delays.h"
+#include "service/stack/StackStart.h"
 #include "service/stack/StackTypes.h"
 
 namespace btservice {
@@ -86,12 +87,6 @@ struct AdapterData {
   int pairedDevices = 10;  ///< how many can be remembered
 };
 
-/// The settings the adapter starts with, 0 or 1 each.
-struct SettingsData {
-  std::map<Capability, int> capabilities;
-  int autoAnswerPair = 0;
-};
-
 struct World {
   AdapterData adapter;
   SettingsData settings;
@@ -103,6 +98,10 @@ struct World {
 
 /// The world of a service that is given no other: two phones and a serial accessory.
 World BuiltInWorld();
+
+/// Brings a world to the state that was kept, which alone decides who is paired. Paired devices that the
+/// world does not have are added, out of range.
+void Restore(const KeptState& kept, World& world);
 
 }  // namespace btservice
 

@@ -2,8 +2,8 @@
 #define SERVICE_SEGMENTS_PARAMETERSEGMENT_H
 
 #include "ipc/ShareMemory/SegmentOwner.h"
-#include "service/model/World.h"
 #include "service/stack/StackEvents.h"
+#include "service/stack/StackStart.h"
 
 namespace btservice {
 

@@ -8,6 +8,7 @@
 #include "service/stack/PhoneBookControl.h"
 #include "service/stack/SerialControl.h"
 #include "service/stack/StackEvents.h"
+#include "service/stack/StackStart.h"
 
 namespace btservice {
 
@@ -32,6 +33,8 @@ class BluetoothStack {
   virtual void AddObserver(StackObserver& observer) = 0;
   /// Begins to live: powers up if the settings say so.
   virtual void Start() = 0;
+  /// What is to be kept over a restart, as it is now.
+  virtual KeptState Kept() const = 0;
   /// Ends, at once: lets go of all calls and connections, and reports that before it returns.
   virtual void Stop() = 0;
 };

@@ -1,8 +1,5 @@
 #include "service/state/StateFile.h"
 
-#include <algorithm>
-#include <utility>
-
 #include <glib.h>
 #include <nlohmann/json.hpp>
 
@@ -15,6 +12,10 @@
 #include "service/world/Limits.h"
 
 namespace btservice {
+
+// Found by the type of its argument, and hence in the namespace of that.
+static void DescribeFields(FieldReader& reader, KeptDevice& device);
+
 namespace {
 
 using Json = nlohmann::ordered_json;
@@ -26,76 +27,48 @@ constexpr const char* kPairedMember = "paired";
 constexpr const char* kAddressMember = "address";
 constexpr const char* kNameMember = "name";
 
-/// The attributes that are kept, and the members of the adapter's data they come from.
-struct KeptAttribute {
+/// The attributes that are kept, and their names in the file.
+struct AttributeName {
   Attribute attribute;
   const char* name;
-  std::string AdapterData::*member;
 };
 
-const KeptAttribute kAttributes[] = {
-    {BT_ATTR_LOCAL_NAME, "name", &AdapterData::name},
-    {BT_ATTR_PIN_CODE, "pin", &AdapterData::pin},
-    {BT_ATTR_CLASS_OF_DEVICE, "classOfDevice", &AdapterData::classOfDevice},
-    {BT_ATTR_DOWNLOAD_FOLDER, "downloadFolder", &AdapterData::downloadFolder},
-};
-
-void Unpair(World& world) {
-  for (DeviceData& device : world.devices) {
-    device.paired = false;
-  }
-}
-
-/// A device of the world, or, if it has left the world, one that is never in range.
-DeviceData TakeDevice(std::vector<DeviceData>& devices, const std::string& address, const std::string& name) {
-  const auto place = std::find_if(devices.begin(), devices.end(), [&](const DeviceData& device) {
-    return SameAddress(device.address, address);
-  });
-  DeviceData device;
-  if (place != devices.end()) {
-    device = *place;
-    devices.erase(place);
-  } else {
-    device.address = address;
-    device.name = name;
-    device.inRange = false;
-  }
-  device.paired = true;
-  return device;
-}
-
-/// A paired device as the file has it.
-struct KeptDevice {
-  std::string address;
-  std::string name;
+constexpr AttributeName kAttributes[] = {
+    {BT_ATTR_LOCAL_NAME, "name"},
+    {BT_ATTR_PIN_CODE, "pin"},
+    {BT_ATTR_CLASS_OF_DEVICE, "classOfDevice"},
+    {BT_ATTR_DOWNLOAD_FOLDER, "downloadFolder"},
 };
 
 /// What the file holds.
-struct KeptState {
+struct FileContents {
   int format = kFormat;
-  AdapterData adapter;
-  std::vector<KeptDevice> paired;
+  KeptState state;
 };
 
-struct KeptAttributes {
-  AdapterData& adapter;
+struct AttributesOf {
+  KeptState& state;
 };
 
-void DescribeFields(FieldReader& reader, KeptDevice& device) {
-  reader.Required(kAddressMember, AddressText{device.address}, "");
-  reader.Required(kNameMember, device.name, "");
-}
-
-void DescribeFields(FieldReader& reader, KeptAttributes& attributes) {
-  for (const KeptAttribute& kept : kAttributes) {
-    reader.Required(kept.name, attributes.adapter.*kept.member, "");
+void DescribeFields(FieldReader& reader, AttributesOf& attributes) {
+  for (const AttributeName& kept : kAttributes) {
+    reader.Required(kept.name, attributes.state.attributes[kept.attribute], "");
   }
 }
 
-void DescribeFields(FieldReader& reader, KeptState& state) {
-  reader.Required(kFormatMember, BoundedInt{state.format, kFormat, kFormat}, "");
-  reader.Required(kAttributesMember, KeptAttributes{state.adapter}, "");
-  reader.Required(kPairedMember, state.paired, "");
+/// An empty text is in the file for an attribute that has its default.
+void DropEmpty(std::map<Attribute, std::string>& attributes) {
+  for (const AttributeName& kept : kAttributes) {
+    if (attributes[kept.attribute].empty()) {
+      attributes.erase(kept.attribute);
+    }
+  }
+}
+
+void DescribeFields(FieldReader& reader, FileContents& contents) {
+  reader.Required(kFormatMember, BoundedInt{contents.format, kFormat, kFormat}, "");
+  reader.Required(kAttributesMember, AttributesOf{contents.state}, "");
+  reader.Required(kPairedMember, contents.state.paired, "");
 }
 
 /// A device that is paired twice would be in the world twice.
@@ -115,57 +88,48 @@ void RefuseTwins(const KeptState& state, const JsonNode& root, const std::string
 /// Throws FileError.
 KeptState ParseState(const std::string& text, const std::string& fileName) {
   const JsonNode root = ParseJson(text, fileName);
-  KeptState state;
+  FileContents contents;
   FieldReader reader(root, fileName, "");
-  DescribeFields(reader, state);
+  DescribeFields(reader, contents);
   reader.RefuseOthers();
+  DropEmpty(contents.state.attributes);
+  const KeptState& state = contents.state;
   if (state.paired.size() > kMostDevices) {
     throw FileError(fileName, root.Find(kPairedMember)->line,
                     "paired: expected at most " + std::to_string(kMostDevices) + " devices");
   }
   RefuseTwins(state, root, fileName);
-  return state;
-}
-
-void Apply(const KeptState& state, World& world) {
-  for (const KeptAttribute& kept : kAttributes) {
-    world.adapter.*kept.member = state.adapter.*kept.member;
-  }
-  // The order of the paired devices is that of the file, so they come first.
-  std::vector<DeviceData> devices;
-  Unpair(world);
-  for (const KeptDevice& kept : state.paired) {
-    devices.push_back(TakeDevice(world.devices, kept.address, kept.name));
-  }
-  devices.insert(devices.end(), world.devices.begin(), world.devices.end());
-  world.devices = std::move(devices);
+  return contents.state;
 }
 
 }  // namespace
 
-void StateFile::Restore(World& world) {
+static void DescribeFields(FieldReader& reader, KeptDevice& device) {
+  reader.Required(kAddressMember, AddressText{device.address}, "");
+  reader.Required(kNameMember, device.name, "");
+}
+
+std::optional<KeptState> StateFile::Load() {
   if (m_path.empty()) {
-    return;
+    return std::nullopt;
   }
   try {
     m_saved = ReadFile(m_path, kMostJsonBytes);
-    Apply(ParseState(m_saved, m_path), world);
+    return ParseState(m_saved, m_path);
   } catch (const UnreadableFile& problem) {
-    if (!problem.IsMissing()) {
-      GiveUp(problem.what(), world);
-    }
+    return problem.IsMissing() ? std::nullopt : std::optional(GiveUp(problem.what()));
   } catch (const FileError& problem) {
-    GiveUp(problem.what(), world);
+    return GiveUp(problem.what());
   }
 }
 
-void StateFile::GiveUp(const char* problem, World& world) {
+KeptState StateFile::GiveUp(const char* problem) {
   MWP_LOG(MWP_LOG_ERROR,
           "%s; the service starts without paired devices, and leaves this file as it is: nothing is kept of "
           "this run",
           problem);
-  Unpair(world);
   m_path.clear();
+  return {};
 }
 
 void StateFile::Follow(BluetoothStack& stack) {
@@ -182,14 +146,14 @@ void StateFile::OnStackEvent(const StackEvent& event) {
 }
 
 void StateFile::Save() {
+  const KeptState state = m_stack->Kept();
   Json attributes = Json::object();
-  for (const KeptAttribute& kept : kAttributes) {
-    std::string value;
-    m_stack->Adapter().GetAttribute(kept.attribute, value);
-    attributes[kept.name] = value;
+  for (const AttributeName& kept : kAttributes) {
+    const auto value = state.attributes.find(kept.attribute);
+    attributes[kept.name] = value != state.attributes.end() ? value->second : "";
   }
   Json paired = Json::array();
-  for (const DeviceInfo& device : m_stack->Devices().PairedDevices()) {
+  for (const KeptDevice& device : state.paired) {
     paired.push_back({{kAddressMember, device.address}, {kNameMember, device.name}});
   }
   const std::string text =

@@ -1,9 +1,9 @@
 #ifndef SERVICE_STATE_STATEFILE_H
 #define SERVICE_STATE_STATEFILE_H
 
+#include <optional>
 #include <string>
 
-#include "service/model/World.h"
 #include "service/stack/BluetoothStack.h"
 
 namespace btservice {
@@ -15,11 +15,10 @@ class StateFile : public StackObserver {
   /// An empty path: nothing is kept.
   explicit StateFile(const std::string& path) : m_path(path) {}
 
-  /// Brings a world to the state that was kept: the file alone decides who is paired. Paired devices that the
-  /// world does not have are added, out of range. Without a file the world stays as it is. If the file is
-  /// there and cannot be read or makes no sense, nothing is paired, an error in the log says why, and the
-  /// file is not written in this run: it may hold pairings that somebody can still save.
-  void Restore(World& world);
+  /// What was kept; nothing if there is no file. If the file is there and cannot be read or makes no sense,
+  /// an empty state is returned: nothing is paired. Then an error in the log says why, and the file is not
+  /// written in this run: it may hold pairings that somebody can still save.
+  std::optional<KeptState> Load();
   /// From now on changes of this stack are kept.
   void Follow(BluetoothStack& stack);
 
@@ -27,7 +26,7 @@ class StateFile : public StackObserver {
 
  private:
   void Save();
-  void GiveUp(const char* problem, World& world);
+  KeptState GiveUp(const char* problem);
 
   std::string m_path;  ///< empty: nothing is kept
   BluetoothStack* m_stack = nullptr;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -62,7 +63,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   bttest::CountErrorsFromNowOn();
   WriteFile(path, data, size);
   btservice::World world = before;
-  btservice::StateFile(path).Restore(world);
+  if (const std::optional<btservice::KeptState> kept = btservice::StateFile(path).Load()) {
+    btservice::Restore(*kept, world);
+  }
   CheckWorld(world);
   const int errors = bttest::TakeErrors();
   Check(errors <= 1, "a file makes one error at most");

@@ -1,6 +1,7 @@
 #include <deque>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <utility>
 
 #include "service/state/StateFile.h"
@@ -19,12 +20,18 @@ using testing::IsEmpty;
 
 class StateFileTest : public ModelTest {
  protected:
+  /// As a service does that starts.
+  static void RestoreFrom(StateFile& file, World& world) {
+    if (const std::optional<KeptState> kept = file.Load()) {
+      Restore(*kept, world);
+    }
+  }
   std::string Path() const { return directory.Path().string() + "/deep/state.json"; }
 
   /// Another start of the service in the same world.
   std::vector<std::string> PairedAfterRestart(World again = BuiltInWorld()) {
     StateFile file(Path());
-    file.Restore(again);
+    RestoreFrom(file, again);
     ManualScheduler clock;
     SimulatedStack next(clock, again);
     std::vector<std::string> addresses;
@@ -61,7 +68,8 @@ TEST_F(StateFileTest, AttributesSurvive) {
   Stack().Adapter().SetAttribute(BT_ATTR_LOCAL_NAME, "Änne's \"car\"");
   Stack().Adapter().SetAttribute(BT_ATTR_PIN_CODE, "4711");
   World again = BuiltInWorld();
-  StateFile(Path()).Restore(again);
+  StateFile next(Path());
+  RestoreFrom(next, again);
   EXPECT_EQ(again.adapter.name, "Änne's \"car\"");
   EXPECT_EQ(again.adapter.pin, "4711");
 }
@@ -84,7 +92,8 @@ TEST_F(StateFileTest, ADeviceThatHasLeftTheWorldStaysPaired) {
   PairByKey(kSmartphone);
   World again;
   EXPECT_THAT(PairedAfterRestart(again), ElementsAre(kSmartphone));
-  StateFile(Path()).Restore(again);
+  StateFile next(Path());
+  RestoreFrom(next, again);
   EXPECT_EQ(again.devices[0].name, "Ada's phone");
   EXPECT_FALSE(again.devices[0].inRange);
 }
@@ -97,7 +106,7 @@ TEST_F(StateFileTest, WithoutAFileTheWorldStaysAsItIs) {
 
 TEST_F(StateFileTest, WithoutAPathNothingIsKept) {
   StateFile file("");
-  file.Restore(world);
+  RestoreFrom(file, world);
   file.Follow(Stack());
   Stack().Adapter().SetAttribute(BT_ATTR_LOCAL_NAME, "Car");
   EXPECT_TRUE(std::filesystem::is_empty(directory.Path()));
@@ -113,7 +122,7 @@ class UnusableStateFileTest : public StateFileTest {
     StateFile& file = m_files.emplace_back(Path());
     World again = BuiltInWorld();
     again.devices[0].paired = true;
-    file.Restore(again);
+    RestoreFrom(file, again);
     EXPECT_EQ(again.adapter.name, "Head Unit");
     EXPECT_EQ(again.devices.size(), 3U);
     EXPECT_FALSE(again.devices[0].paired);
