@@ -12,6 +12,7 @@
 namespace btservice {
 namespace {
 
+constexpr double kLowestSpeed = 0.001;
 constexpr double kHighestSpeed = 100000;
 
 constexpr const char* kSummary =
@@ -95,8 +96,8 @@ bool ParseOptions(int argc, char** argv, Options& options, int& exitCode) {
     exitCode = Fail("there are no arguments, only options");
     return false;
   }
-  if (!std::isfinite(options.speed) || options.speed <= 0 || options.speed > kHighestSpeed) {
-    exitCode = Fail("the speed is a number above 0, at most 100000");
+  if (!std::isfinite(options.speed) || options.speed < kLowestSpeed || options.speed > kHighestSpeed) {
+    exitCode = Fail("the speed is a number from 0.001 to 100000");
     return false;
   }
   if (keepSegments != FALSE && removeSegments != FALSE) {

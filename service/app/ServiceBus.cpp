@@ -11,6 +11,45 @@
 #include "service/world/Quote.h"
 
 namespace btservice {
+namespace {
+
+/// A connection of our own, since GLib's shared one stays closed once it was: null if there is no bus.
+GDBusConnection* OpenConnection(GError** error) {
+  g_autofree gchar* address = g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, error);
+  if (address == nullptr) {
+    return nullptr;
+  }
+  const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                                       G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+  return g_dbus_connection_new_for_address_sync(address, flags, nullptr, nullptr, error);
+}
+
+bool HasOwner(GDBusConnection* connection, const char* name) {
+  g_autoptr(GVariant) reply = g_dbus_connection_call_sync(
+      connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner",
+      g_variant_new("(s)", name), G_VARIANT_TYPE("(b)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr);
+  gboolean has = FALSE;
+  if (reply != nullptr) {
+    g_variant_get(reply, "(b)", &has);
+  }
+  return has != FALSE;
+}
+
+/// Makes the bus notice the end of a closed connection, whose socket GLib leaves open, and waits until it
+/// has: until then, the names of the connection are taken.
+void Abandon(GDBusConnection* closed, GDBusConnection* other) {
+  constexpr int kMostLooks = 1000;
+  GIOStream* const stream = g_dbus_connection_get_stream(closed);
+  if (G_IS_SOCKET_CONNECTION(stream)) {
+    g_socket_shutdown(g_socket_connection_get_socket(G_SOCKET_CONNECTION(stream)), TRUE, TRUE, nullptr);
+  }
+  for (int looks = 0; looks < kMostLooks && HasOwner(other, g_dbus_connection_get_unique_name(closed));
+       ++looks) {
+    g_usleep(1000);
+  }
+}
+
+}  // namespace
 
 ServiceBus::ServiceBus(Events events) : m_events(std::move(events)) {}
 
@@ -20,22 +59,52 @@ ServiceBus::~ServiceBus() {
   }
   GiveUpName();
   if (m_connection != nullptr) {
-    // What was said last shall be heard.
+    // What was sent last shall arrive.
     g_dbus_connection_flush_sync(m_connection, nullptr, nullptr);
-    m_sendQueue.reset();
-    g_object_unref(m_connection);
   }
+  Release();
 }
 
 bool ServiceBus::Connect() {
   g_autoptr(GError) error = nullptr;
-  m_connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, &error);
-  if (m_connection == nullptr) {
+  GDBusConnection* const connection = OpenConnection(&error);
+  if (connection == nullptr) {
     MWP_LOG(MWP_LOG_ERROR, "there is no session bus to serve: %s", error->message);
     return false;
   }
-  g_dbus_connection_set_exit_on_close(m_connection, FALSE);
-  m_sendQueue.emplace(m_connection);
+  Use(connection);
+  return true;
+}
+
+/// Takes over the reference.
+void ServiceBus::Use(GDBusConnection* connection) {
+  m_connection = connection;
+  m_closedHandler = g_signal_connect(connection, "closed", G_CALLBACK(OnClosed), this);
+  m_sendQueue.emplace(connection);
+}
+
+void ServiceBus::Release() {
+  m_sendQueue.reset();
+  if (m_connection != nullptr) {
+    g_signal_handler_disconnect(m_connection, m_closedHandler);
+    g_clear_object(&m_connection);
+  }
+}
+
+bool ServiceBus::ConnectAgain() {
+  GDBusConnection* const connection = OpenConnection(nullptr);
+  if (connection == nullptr) {
+    return false;
+  }
+  Abandon(m_connection, connection);
+  Release();
+  Use(connection);
+  for (const auto& [skeleton, path] : std::exchange(m_exported, {})) {
+    g_dbus_interface_skeleton_unexport(skeleton);
+    if (!Export(skeleton, path)) {
+      return false;
+    }
+  }
   return true;
 }
 
@@ -45,6 +114,7 @@ bool ServiceBus::Export(GDBusInterfaceSkeleton* skeleton, const char* path) {
     MWP_LOG(MWP_LOG_ERROR, "%s cannot be exported: %s", path, error->message);
     return false;
   }
+  m_exported.emplace_back(skeleton, path);
   return true;
 }
 
@@ -92,8 +162,30 @@ void ServiceBus::OnNameAcquired(GDBusConnection*, const gchar*, gpointer self) {
 }
 
 void ServiceBus::OnNameLost(GDBusConnection* connection, const gchar*, gpointer self) {
-  const bool busIsGone = connection == nullptr || g_dbus_connection_is_closed(connection) != FALSE;
-  static_cast<ServiceBus*>(self)->m_events.onLost(busIsGone);
+  // Of a closed connection, OnClosed hears as well.
+  if (connection != nullptr && g_dbus_connection_is_closed(connection) == FALSE) {
+    static_cast<ServiceBus*>(self)->m_events.onLost(false);
+  }
+}
+
+void ServiceBus::OnClosed(GDBusConnection*, gboolean, GError*, gpointer self) {
+  static_cast<ServiceBus*>(self)->ReturnOrEnd();
+}
+
+void ServiceBus::ReturnOrEnd() {
+  const bool hasLeft = m_returnId != 0;
+  if (m_nameId != 0) {
+    g_bus_unown_name(std::exchange(m_nameId, 0));
+  }
+  if (!ConnectAgain()) {
+    m_events.onLost(true);
+    return;
+  }
+  m_ownsName = false;
+  MWP_LOG(MWP_LOG_WARNING, "the connection to the session bus was lost; there is a new one");
+  if (!hasLeft) {
+    OwnName();
+  }
 }
 
 }  // namespace btservice

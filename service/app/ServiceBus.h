@@ -4,6 +4,8 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <gio/gio.h>
 
@@ -11,7 +13,9 @@
 
 namespace btservice {
 
-/// The service's place on the session bus: its objects first, then its name.
+/// The service's place on the session bus: its objects first, then its name. It takes that place again if
+/// only the connection is lost: GLib closes one that brings a message which it cannot decode although the bus
+/// lets it pass, and that must not end the service.
 class ServiceBus {
  public:
   /// What can become of it. onLost is called with false if another owns the name, with true if the bus is
@@ -28,7 +32,7 @@ class ServiceBus {
 
   /// False, with an error in the log, if there is no bus.
   bool Connect();
-  /// Makes an object visible. The skeleton must outlive this.
+  /// Makes an object visible. The skeleton and the path must outlive this.
   bool Export(GDBusInterfaceSkeleton* skeleton, const char* path);
   /// Asks for the name. What comes of it is one of the events.
   void OwnName();
@@ -47,11 +51,19 @@ class ServiceBus {
 
  private:
   static void OnNameAcquired(GDBusConnection* connection, const gchar* name, gpointer self);
+  static void OnClosed(GDBusConnection* connection, gboolean byPeer, GError* error, gpointer self);
+  void Use(GDBusConnection* connection);
+  void Release();
+  /// Does with a new connection what was done with the one that is closed. False if the bus is gone, too.
+  bool ConnectAgain();
+  void ReturnOrEnd();
   static void OnNameLost(GDBusConnection* connection, const gchar* name, gpointer self);
   void GiveUpName();
 
   Events m_events;
   GDBusConnection* m_connection = nullptr;
+  std::vector<std::pair<GDBusInterfaceSkeleton*, const char*>> m_exported;  ///< with their paths
+  gulong m_closedHandler = 0;
   std::optional<SendQueue> m_sendQueue;
   guint m_nameId = 0;
   guint m_returnId = 0;

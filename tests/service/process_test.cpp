@@ -44,6 +44,9 @@ TEST(ServiceProcessTest, RefusesACommandLineWithoutSense) {
                                                 {"--speed", "0"},
                                                 {"--speed", "-1"},
                                                 {"--speed", "x"},
+                                                {"--speed", "0.0009"},
+                                                {"--speed", "1e-300"},
+                                                {"--speed", "nan"},
                                                 {"--keep-segments", "--remove-segments"},
                                                 {"please"}}) {
     std::vector<std::string> command{kExecutable};
@@ -127,6 +130,46 @@ TEST(ServiceProcessTest, RefusesToBeTheSecondOnABus) {
             "btservice: com.zelk.linux.bluetooth has an owner on this bus already; end that service first\n");
   EXPECT_EQ(SegmentsLeft(), 8) << "those of the first are untouched";
   EXPECT_EQ(service.Ask("GetContactList"), "(true,)");
+}
+
+/// A message that the bus lets pass, and whose types are nested too deeply for GLib, which then closes the
+/// connection.
+void SendWhatGLibCannotDecode(GDBusConnection* connection, const std::string& name) {
+  constexpr int kVariants = 40;
+  const std::string arrays = std::string(31, 'a') + "y";
+  GVariant* value = g_variant_new_array(G_VARIANT_TYPE(arrays.c_str() + 1), nullptr, 0);
+  for (int i = 0; i < kVariants; ++i) {
+    value = g_variant_new_variant(value);
+  }
+  g_dbus_connection_call(connection, name.c_str(), kServicePath, kServiceName, "AcceptCall",
+                         g_variant_new_tuple(&value, 1), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
+                         nullptr, nullptr);
+}
+
+TEST(ServiceProcessTest, IsOnTheBusAgainAfterAMessageThatEndsItsConnection) {
+  RunningService service({"--speed", "100"});
+  ASSERT_TRUE(service.WaitFor("OnOpenBtStatusChanged (byte 0x01,)"));
+  const std::string name = service.Owner();
+  SendWhatGLibCannotDecode(service.Connection(), name);
+  ASSERT_TRUE(bttest::RunUntil([&] { return service.Owner() != name && service.Owner() != ""; }));
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)") << "it is the same service";
+  EXPECT_EQ(service.Ask("SetScanAction", g_variant_new("(b)", TRUE)), "(true,)");
+  EXPECT_TRUE(service.WaitFor("OnScanStatusChanged (byte 0x01,)"))
+      << "signals are sent on the new connection";
+  service.Process().Signal(SIGTERM);
+  EXPECT_EQ(service.Process().Wait(), 0);
+}
+
+TEST(ServiceProcessTest, StaysAwayForAsLongAsItWasSentAwayAlsoOnANewConnection) {
+  RunningService service;
+  const std::string name = service.Owner();
+  service.Control("LeaveBus", g_variant_new("(u)", 1000000));
+  SendWhatGLibCannotDecode(service.Connection(), name);
+  EXPECT_TRUE(bttest::RunUntil(
+      [&] { return service.Process().Errors().find("there is a new one") != std::string::npos; }));
+  EXPECT_EQ(service.Owner(), "");
+  service.Process().Signal(SIGTERM);
+  EXPECT_EQ(service.Process().Wait(), 0);
 }
 
 TEST(ServiceProcessTest, IsStartedByTheBusWhenAClientNeedsIt) {

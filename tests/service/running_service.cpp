@@ -50,6 +50,17 @@ bool RunningService::IsOwned() {
   return owned != FALSE;
 }
 
+std::string RunningService::Owner() {
+  const bttest::VariantPtr reply(g_dbus_connection_call_sync(
+      m_connection.get(), "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetNameOwner",
+      g_variant_new("(s)", kServiceName), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
+  const gchar* owner = "";
+  if (reply != nullptr) {
+    g_variant_get(reply.get(), "(&s)", &owner);
+  }
+  return owner;
+}
+
 bttest::VariantPtr RunningService::Call(const std::string& method, GVariant* arguments) {
   return CallOn(kServicePath, kServiceName, method, arguments);
 }

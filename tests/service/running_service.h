@@ -35,6 +35,8 @@ class RunningService {
   bttest::ChildProcess& Process() { return *m_process; }
   GDBusConnection* Connection() { return m_connection.get(); }
 
+  /// The unique name of the connection that owns the service's name now; empty if there is none.
+  std::string Owner();
   /// A call's reply. arguments is a tuple, or null for none. Throws if the call fails.
   bttest::VariantPtr Call(const std::string& method, GVariant* arguments = nullptr);
   /// The reply as text, such as "(byte 0x01,)".
