@@ -5,8 +5,8 @@
 
 namespace btservice {
 
-/// Refuses calls of the controls whose arguments are larger than a world may be: what they carry is kept, and
-/// sent on in messages that the bus has to accept.
+/// Refuses calls of the controls whose arguments are too large: what they carry is kept, or sent on in
+/// messages that the bus has to accept. Some may be as large as a world, or fill a segment.
 class CallLimit : public AnswerGate {
  public:
   bool TakeOver(GDBusMethodInvocation* invocation) override;

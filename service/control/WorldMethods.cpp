@@ -49,7 +49,14 @@ void BindWorldMethods(ControlBinder binder, Outside& outside) {
     if (outside.Devices().size() >= kMostDevices) {
       throw std::invalid_argument("there are " + std::to_string(kMostDevices) + " devices already");
     }
-    return outside.AddDevice(DeviceFromJson(json));
+    const DeviceData device = DeviceFromJson(json);
+    const std::size_t contacts =
+        outside.ContactCount() + device.phone.contacts.size() + device.phone.simContacts.size();
+    if (contacts > kMostContactsInAll) {
+      throw std::invalid_argument("expected at most " + std::to_string(kMostContactsInAll) +
+                                  " contacts in all phone books, got " + std::to_string(contacts));
+    }
+    return outside.AddDevice(device);
   });
   binder.Bind(SIM_METHOD(set_in_range), outside, &O::SetInRange);
   binder.Bind(SIM_METHOD(lose_link), outside, &O::LoseLink);

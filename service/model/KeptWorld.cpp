@@ -40,6 +40,8 @@ void Restore(const KeptState& kept, World& world) {
   for (DeviceData& device : world.devices) {
     device.paired = false;
   }
+  // No pairing is forgotten because this world's adapter remembers fewer.
+  world.adapter.pairedDevices = std::max(world.adapter.pairedDevices, static_cast<int>(kept.paired.size()));
   // The order of the paired devices is the kept one, so they come first.
   std::vector<DeviceData> devices;
   for (const KeptDevice& device : kept.paired) {

@@ -3,6 +3,12 @@
 #include <algorithm>
 
 namespace btservice {
+namespace {
+
+/// A phone to which more are sent has lost the oldest.
+constexpr std::size_t kMostMessages = 1000;
+
+}  // namespace
 
 Messages::Messages(ModelContext& context, Connections& connections)
     : m_context(context), m_load(context.scheduler) {
@@ -44,7 +50,12 @@ bool Messages::Has(const RemoteDevice& device, const std::string& handle) {
 }
 
 bool Messages::Arrive(RemoteDevice& device, const MessageData& message) {
-  device.data.phone.messages.push_back(message);
+  std::vector<MessageData>& messages = device.data.phone.messages;
+  if (messages.size() >= kMostMessages) {
+    const std::size_t oldest = messages.size() - kMostMessages + 1;
+    messages.erase(messages.begin(), messages.begin() + static_cast<std::ptrdiff_t>(oldest));
+  }
+  messages.push_back(message);
   if (!device.IsConnected(BT_PROFILE_MAP)) {
     return false;
   }

@@ -37,6 +37,14 @@ std::vector<Outside::Glimpse> Outside::Devices() const {
   return devices;
 }
 
+std::size_t Outside::ContactCount() const {
+  std::size_t count = 0;
+  for (const auto& device : m_devices.All()) {
+    count += device->data.phone.contacts.size() + device->data.phone.simContacts.size();
+  }
+  return count;
+}
+
 bool Outside::AddDevice(const DeviceData& data) { return m_devices.Add(data) != nullptr; }
 
 bool Outside::SetInRange(const std::string& address, bool inRange) {

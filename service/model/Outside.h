@@ -32,6 +32,8 @@ class Outside {
     bool connected;
   };
   std::vector<Glimpse> Devices() const;
+  /// How many contacts all devices have together.
+  std::size_t ContactCount() const;
 
   /// A device that was not there before.
   bool AddDevice(const DeviceData& data);

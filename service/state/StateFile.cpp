@@ -1,5 +1,8 @@
 #include "service/state/StateFile.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include <glib.h>
 #include <nlohmann/json.hpp>
 
@@ -115,11 +118,22 @@ std::optional<KeptState> StateFile::Load() {
   }
   try {
     m_saved = ReadFile(m_path, kMostJsonBytes);
-    return ParseState(m_saved, m_path);
+    KeptState state = ParseState(m_saved, m_path);
+    FollowLinks();
+    return state;
   } catch (const UnreadableFile& problem) {
     return problem.IsMissing() ? std::nullopt : std::optional(GiveUp(problem.what()));
   } catch (const FileError& problem) {
     return GiveUp(problem.what());
+  }
+}
+
+/// The file is replaced when something changes: that must not replace a link to it.
+void StateFile::FollowLinks() {
+  std::error_code problem;
+  const std::filesystem::path file = std::filesystem::canonical(m_path, problem);
+  if (!problem) {
+    m_path = file.string();
   }
 }
 
@@ -168,7 +182,7 @@ void StateFile::Save() {
       static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT | G_FILE_SET_CONTENTS_DURABLE);
   if (g_file_set_contents_full(m_path.c_str(), text.data(), static_cast<gssize>(text.size()), flags, 0600,
                                &error) == FALSE) {
-    MWP_LOG(MWP_LOG_ERROR, "%s: cannot be written: %s", m_path.c_str(), error->message);
+    MWP_LOG(MWP_LOG_ERROR, "%s: cannot be written: %s", VisiblePath(m_path).c_str(), error->message);
     return;
   }
   m_saved = text;

@@ -26,6 +26,7 @@ class StateFile : public StackObserver {
 
  private:
   void Save();
+  void FollowLinks();
   KeptState GiveUp(const char* problem);
 
   std::string m_path;  ///< empty: nothing is kept

@@ -1,7 +1,9 @@
 #include "service/world/FieldReader.h"
 
-#include <limits>
+#include <algorithm>
 #include <regex>
+
+#include <glib.h>
 
 #include "service/model/DeviceTable.h"
 #include "service/world/Limits.h"
@@ -17,7 +19,10 @@ FieldReader::FieldReader(const JsonNode& node, const std::string& fileName, cons
 }
 
 std::string FieldReader::Place(const std::string& name) const {
-  const std::string shown = name.empty() ? Quote(name) : Visible(name);
+  const bool isPlain = !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+    return g_ascii_isalnum(c) != FALSE || c == '_' || c == '-';
+  });
+  const std::string shown = isPlain ? Visible(name) : Quote(name);
   return m_place.empty() ? shown : m_place + "." + shown;
 }
 
@@ -80,7 +85,7 @@ void FieldReader::Read(const JsonNode& node, const std::string& place, BoundedIn
 
 void FieldReader::Read(const JsonNode& node, const std::string& place, Duration value) {
   int milliseconds = 0;
-  Read(node, place, BoundedInt{milliseconds, 0, std::numeric_limits<int>::max()});
+  Read(node, place, BoundedInt{milliseconds, 0, Duration::kMost});
   value.value = Milliseconds(milliseconds);
 }
 

@@ -1,13 +1,14 @@
 #ifndef SERVICE_WORLD_FIELDTYPES_H
 #define SERVICE_WORLD_FIELDTYPES_H
 
+#include <limits>
 #include <string>
 
 #include "service/time/Scheduler.h"
 
 namespace btservice {
 
-// Values of a world that are more than their C++ type tells.
+// Values of a world for which there are more rules than their C++ types have.
 
 /// A whole number within bounds.
 struct BoundedInt {
@@ -18,6 +19,7 @@ struct BoundedInt {
 
 /// A time in milliseconds, not negative.
 struct Duration {
+  static constexpr int kMost = std::numeric_limits<int>::max();
   Milliseconds& value;
 };
 

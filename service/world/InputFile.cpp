@@ -15,7 +15,7 @@ namespace {
 class Descriptor {
  public:
   explicit Descriptor(const std::string& fileName)
-      // O_NONBLOCK: opening a pipe would wait for its writer.
+      // O_NONBLOCK: opening a pipe that has just taken the place of the file would wait for its writer.
       : m_descriptor(open(fileName.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {}
   ~Descriptor() {
     if (m_descriptor >= 0) {
@@ -47,8 +47,12 @@ void RefuseIfIrregular(const std::string& fileName, const struct stat& status) {
 }  // namespace
 
 std::string ReadFile(const std::string& fileName, std::size_t mostBytes) {
-  const Descriptor file(fileName);
   struct stat status = {};
+  if (stat(fileName.c_str(), &status) != 0) {
+    throw LastError(fileName);
+  }
+  RefuseIfIrregular(fileName, status);  // to open some devices has an effect
+  const Descriptor file(fileName);
   if (file.Get() < 0 || fstat(file.Get(), &status) != 0) {
     throw LastError(fileName);
   }

@@ -5,13 +5,15 @@
 #include <stdexcept>
 #include <string>
 
+#include "service/world/Quote.h"
+
 namespace btservice {
 
 /// A file cannot be read. The text names it and says why: "car.json: is a directory".
 class UnreadableFile : public std::runtime_error {
  public:
   UnreadableFile(const std::string& file, const std::string& why, bool isMissing = false)
-      : std::runtime_error(file + ": " + why), m_isMissing(isMissing) {}
+      : std::runtime_error(VisiblePath(file) + ": " + why), m_isMissing(isMissing) {}
   /// Nothing of that name is there.
   bool IsMissing() const { return m_isMissing; }
 

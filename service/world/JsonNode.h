@@ -7,13 +7,15 @@
 #include <utility>
 #include <vector>
 
+#include "service/world/Quote.h"
+
 namespace btservice {
 
 /// What is wrong with a file, with its name and the line: "worlds/mine.json:12: ...".
 class FileError : public std::runtime_error {
  public:
   FileError(const std::string& file, int line, const std::string& what)
-      : std::runtime_error(file + ":" + std::to_string(line) + ": " + what) {}
+      : std::runtime_error(VisiblePath(file) + ":" + std::to_string(line) + ": " + what) {}
 };
 
 /// A value of a JSON text that knows on which line it stands.

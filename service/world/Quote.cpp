@@ -7,7 +7,9 @@
 namespace btservice {
 namespace {
 
-constexpr std::size_t kLongestQuotation = 60;  // bytes of the text
+// Bytes of the text.
+constexpr std::size_t kLongestQuotation = 60;
+constexpr std::size_t kLongestPath = 512;
 
 bool IsInvalid(gunichar character) {
   return character == static_cast<gunichar>(-1) || character == static_cast<gunichar>(-2);
@@ -26,12 +28,10 @@ std::string Formatted(const char* format, unsigned value) {
   return std::string(text, static_cast<std::size_t>(length));
 }
 
-}  // namespace
-
-std::string Visible(std::string_view text) {
+std::string BeginningOf(std::string_view text, std::size_t longest) {
   std::string visible;
   std::size_t place = 0;
-  while (place < text.size() && place < kLongestQuotation) {
+  while (place < text.size() && place < longest) {
     const char* const start = text.data() + place;
     const gunichar character = g_utf8_get_char_validated(start, static_cast<gssize>(text.size() - place));
     if (IsInvalid(character)) {
@@ -50,6 +50,12 @@ std::string Visible(std::string_view text) {
   }
   return place < text.size() ? visible + "..." : visible;
 }
+
+}  // namespace
+
+std::string Visible(std::string_view text) { return BeginningOf(text, kLongestQuotation); }
+
+std::string VisiblePath(std::string_view path) { return BeginningOf(path, kLongestPath); }
 
 std::string Quote(std::string_view text) { return "'" + Visible(text) + "'"; }
 

@@ -13,6 +13,9 @@ std::string Quote(std::string_view text);
 /// The same without the quotes.
 std::string Visible(std::string_view text);
 
+/// The same for the name of a file, of which more is shown.
+std::string VisiblePath(std::string_view path);
+
 }  // namespace btservice
 
 #endif

@@ -219,7 +219,7 @@ class BookReader {
   }
 
   std::string Problem(int line, const std::string& what) const {
-    return m_fileName + ":" + std::to_string(line) + ": " + what;
+    return VisiblePath(m_fileName) + ":" + std::to_string(line) + ": " + what;
   }
 
   void Skip(const std::string& problem) {

@@ -71,7 +71,7 @@ template <typename Visitor>
 void DescribeFields(Visitor& v, PhoneBookSource& source) {
   v.Optional("contacts", source.contacts, "Contacts written out");
   v.Optional("vcard", source.vcard, "A vCard file, beside the world's file");
-  v.Optional("generate", BoundedInt{source.generate, 0, 100000}, "So many made-up contacts");
+  v.Optional("generate", BoundedInt{source.generate, 0, 100000}, "Number of contacts to make up");
 }
 
 template <typename Visitor>
@@ -83,7 +83,7 @@ void DescribeFields(Visitor& v, CallLogEntry& entry) {
              "Day of the call");
   v.Optional("time", PatternText{entry.time, "[0-9]{2}:[0-9]{2}:[0-9]{2}", "a time such as 18:05:10"},
              "Time of day");
-  v.Optional("seconds", BoundedInt{entry.seconds, 0, 1000000}, "How long was spoken");
+  v.Optional("seconds", BoundedInt{entry.seconds, 0, 1000000}, "Length of the call");
 }
 
 template <typename Visitor>
@@ -96,14 +96,14 @@ void DescribeFields(Visitor& v, MessageData& message) {
 
 template <typename Visitor>
 void DescribeFields(Visitor& v, PhoneData& phone) {
-  v.Optional("ownNumber", phone.ownNumber, "The phone's own number; empty: it does not tell");
+  v.Optional("ownNumber", phone.ownNumber, "The phone's own number; empty: it is unknown");
   v.Optional("operator", phone.networkOperator, "Name of the network; empty: there is none");
   v.Optional("signal", BoundedInt{phone.signal, 0, 5}, "Signal strength in bars");
   v.Optional("battery", BoundedInt{phone.battery, 0, 5}, "Battery in bars");
   v.Optional("roaming", phone.roaming, "In a foreign network");
   v.Optional("codec", phone.codec, "Codec of the call audio");
-  v.Optional("calledParty", phone.calledParty, "How those behave who are called");
-  v.Optional("answersAfterMs", Duration{phone.answersAfter}, "How long they let it ring");
+  v.Optional("calledParty", phone.calledParty, "What the people do who are called");
+  v.Optional("answersAfterMs", Duration{phone.answersAfter}, "How long the phone rings until they answer");
   v.Optional("sharesPhoneBook", phone.sharesPhoneBook, "False: a download is refused");
   v.Optional("callLogs", phone.callLogs, "Past calls");
   v.Optional("messages", phone.messages, "Messages in the inbox");
@@ -111,7 +111,7 @@ void DescribeFields(Visitor& v, PhoneData& phone) {
 
 template <typename Visitor>
 void DescribeFields(Visitor& v, TrackData& track) {
-  v.Required("uid", track.uid, "What the track is asked for by; unlike any other in the device");
+  v.Required("uid", track.uid, "Identifier of the track, unique in the device");
   v.Required("title", track.title, "Title");
   v.Optional("artist", track.artist, "Artist");
   v.Optional("album", track.album, "Album");
@@ -121,7 +121,7 @@ void DescribeFields(Visitor& v, TrackData& track) {
 
 template <typename Visitor>
 void DescribeFields(Visitor& v, FolderData& folder) {
-  v.Optional("uid", folder.uid, "What the folder is asked for by; unlike any other in the device");
+  v.Optional("uid", folder.uid, "Identifier of the folder, unique in the device");
   v.Optional("name", folder.name, "Name to show");
   v.Optional("folders", folder.folders, "Folders in it");
   v.Optional("tracks", folder.tracks, "Tracks in it");
@@ -172,7 +172,8 @@ void DescribeFields(Visitor& v, Delays& delays) {
   v.Optional("scanNextMs", Duration{delays.scanNext}, "From one device found to the next");
   v.Optional("scanLengthMs", Duration{delays.scanLength}, "Until a search ends by itself");
   v.Optional("pageMs", Duration{delays.page}, "Until a device in range answers");
-  v.Optional("pageTimeoutMs", Duration{delays.pageTimeout}, "Until one out of range is given up");
+  v.Optional("pageTimeoutMs", Duration{delays.pageTimeout},
+             "Until the attempt to reach a device out of range fails");
   v.Optional("profileMs", Duration{delays.profile}, "Connecting one profile");
   v.Optional("disconnectMs", Duration{delays.disconnect}, "Disconnecting one");
   v.Optional("reconnectMs", Duration{delays.reconnect}, "From a lost link to the attempt to have it back");
@@ -187,10 +188,10 @@ void DescribeFields(Visitor& v, Delays& delays) {
   v.Optional("dialMs", Duration{delays.dial}, "From dialing to ringing");
   v.Optional("hangUpMs", Duration{delays.hangUp}, "Rejecting a call automatically");
   v.Optional("autoAnswerMs", Duration{delays.autoAnswer}, "Until a call is accepted automatically");
-  v.Optional("ringTimeoutMs", Duration{delays.ringTimeout}, "Until a call that nobody takes ends");
+  v.Optional("ringTimeoutMs", Duration{delays.ringTimeout}, "Until an unanswered call ends");
   v.Optional("callAudioMs", Duration{delays.callAudio}, "Bringing call audio to the head unit");
   v.Optional("voiceMs", Duration{delays.voice}, "Starting voice recognition");
-  v.Optional("playerReplyMs", Duration{delays.playerReply}, "Until the player does as it is told");
+  v.Optional("playerReplyMs", Duration{delays.playerReply}, "Until the player obeys a command");
   v.Optional("browseMs", Duration{delays.browse}, "Listing a folder");
   v.Optional("coverMs", Duration{delays.cover}, "Until a cover image arrives");
   v.Optional("downloadStartMs", Duration{delays.downloadStart}, "Until a phone book begins to arrive");
@@ -207,15 +208,16 @@ void DescribeFields(Visitor& v, Happening& happening) {
   v.Required("atMs", Duration{happening.at}, "When, from the start of the service");
   v.Optional("everyMs", Duration{happening.every}, "Again and again in this period; 0: once");
   v.Required("do", happening.kind, "What happens");
-  v.Required("device", AddressText{happening.device}, "To whom");
+  v.Required("device", AddressText{happening.device}, "The device to which it happens");
   v.Optional("number", happening.number, "The number that calls");
   v.Optional("text", happening.text, "Name of the operator, text of the message, or what is sent");
   v.Optional("sender", happening.sender, "Who the message is from");
   v.Optional("bars", BoundedInt{happening.bars, 0, 5}, "Bars of the signal or of the battery");
-  v.Optional("on", happening.on, "True or false, where that is the question");
-  v.Optional("profile", happening.profile, "Profile that is meant");
-  v.Optional("calledParty", happening.calledParty, "How those behave who are called");
-  v.Optional("answersAfterMs", Duration{happening.answersAfter}, "How long they let it ring");
+  v.Optional("on", happening.on, "True or false, for what happens that needs one of them");
+  v.Optional("profile", happening.profile, "The profile to connect or disconnect");
+  v.Optional("calledParty", happening.calledParty, "What the people do who are called");
+  v.Optional("answersAfterMs", Duration{happening.answersAfter},
+             "How long the phone rings until they answer");
 }
 
 template <typename Visitor>

@@ -8,15 +8,11 @@
 
 #include <glib.h>
 
-#define MWP_LOG_SOURCE "service/world/WorldFile"
-#include <mwp/MWPLog.h>
-
-#include "service/model/Contacts.h"
 #include "service/world/FieldReader.h"
 #include "service/world/InputFile.h"
 #include "service/world/Limits.h"
+#include "service/world/PhoneBookLoader.h"
 #include "service/world/Quote.h"
-#include "service/world/VCard.h"
 #include "service/world/WorldFields.h"
 
 namespace btservice {
@@ -37,20 +33,25 @@ fs::path ShippedWorldsFolder() {
 }
 
 std::string FindWorld(const std::string& nameOrPath) {
-  if (nameOrPath.find('/') != std::string::npos || fs::is_regular_file(nameOrPath)) {
+  std::error_code ignored;
+  if (nameOrPath.find('/') != std::string::npos || fs::is_regular_file(nameOrPath, ignored)) {
     return nameOrPath;
   }
   const fs::path folder = ShippedWorldsFolder();
   const fs::path path = folder / (nameOrPath + ".json");
-  if (fs::exists(path)) {
+  if (fs::exists(path, ignored)) {
     return path.string();
+  }
+  if (fs::exists(nameOrPath, ignored)) {
+    return nameOrPath;  // no file that could be read: reading it says so
   }
   std::string names;
   for (const std::string& name : ShippedWorlds()) {
     names += (names.empty() ? "" : ", ") + name;
   }
-  throw std::runtime_error("there is neither a file nor a shipped world " + Quote(nameOrPath) + "; " +
-                           (names.empty() ? "no worlds are in " + folder.string() : "shipped are: " + names));
+  throw std::runtime_error(
+      "there is neither a file nor a shipped world " + Quote(nameOrPath) + "; " +
+      (names.empty() ? "no worlds are in " + VisiblePath(folder.string()) : "shipped are: " + names));
 }
 
 template <typename Source>
@@ -62,55 +63,12 @@ Source ReadSource(const JsonNode& node, const std::string& fileName) {
   return source;
 }
 
-Contact ToContact(const PhoneBookSource::Person& person) {
-  Contact contact;
-  contact.firstName = person.firstName;
-  contact.familyName = person.familyName;
-  for (const PhoneBookSource::Number& number : person.numbers) {
-    AddNumber(contact, number.type, number.number);
-  }
-  return contact;
-}
-
-/// The contacts of a vCard file. The log names the cards that are skipped.
-std::vector<Contact> ReadVCards(const std::string& file) {
-  VCards cards = ParseVCards(ReadFile(file, kMostVCardBytes), file);
-  for (const std::string& problem : cards.problems) {
-    MWP_LOG(MWP_LOG_WARNING, "%s; this card is skipped", problem.c_str());
-  }
-  if (cards.skipped > cards.problems.size()) {
-    MWP_LOG(MWP_LOG_WARNING, "%s: %zu more are skipped, and %zu contacts are read", file.c_str(),
-            cards.skipped - cards.problems.size(), cards.contacts.size());
-  }
-  return std::move(cards.contacts);
-}
-
-std::vector<Contact> ToContacts(const PhoneBookSource& source, const fs::path& folder) {
-  std::vector<Contact> contacts;
-  for (const PhoneBookSource::Person& person : source.contacts) {
-    contacts.push_back(ToContact(person));
-  }
-  if (!source.vcard.empty()) {
-    const std::string file = (folder / source.vcard).string();
-    const std::vector<Contact> cards = ReadVCards(file);
-    contacts.insert(contacts.end(), cards.begin(), cards.end());
-  }
-  const std::vector<Contact> madeUp = MadeUpContacts(source.generate);
-  contacts.insert(contacts.end(), madeUp.begin(), madeUp.end());
-  if (contacts.size() > kMostContacts) {
-    throw std::runtime_error("expected at most " + std::to_string(kMostContacts) +
-                             " contacts in a phone book, got " + std::to_string(contacts.size()));
-  }
-  for (std::size_t i = 0; i < contacts.size(); ++i) {
-    contacts[i].id = static_cast<int>(i) + 1;
-  }
-  return contacts;
-}
-
-DeviceData ToDevice(const DeviceSource& source, const fs::path& folder) {
+DeviceData ToDevice(const DeviceSource& source, const JsonNode& node, const std::string& place,
+                    PhoneBookLoader& books) {
   DeviceData device = source.device;
-  device.phone.contacts = ToContacts(source.phoneBook, folder);
-  device.phone.simContacts = ToContacts(source.simPhoneBook, folder);
+  device.phone.contacts = books.Load(source.phoneBook, node.Find("phoneBook"), place + "phoneBook");
+  device.phone.simContacts =
+      books.Load(source.simPhoneBook, node.Find("simPhoneBook"), place + "simPhoneBook");
   return device;
 }
 
@@ -156,13 +114,22 @@ void RefuseStrangers(const WorldSource& source, const DevicePlaces& known, const
   }
 }
 
+WorldSource SourceOf(const JsonNode& root, const std::string& fileName) {
+  WorldSource source = ReadSource<WorldSource>(root, fileName);
+  RefuseTooMany(source, root, fileName);
+  const DevicePlaces known = RefuseTwins(source, root, fileName);
+  RefuseStrangers(source, known, root, fileName);
+  return source;
+}
+
 }  // namespace
 
 std::set<std::string> ShippedWorlds() {
   std::set<std::string> names;
   std::error_code ignored;
-  for (const auto& entry : fs::directory_iterator(ShippedWorldsFolder(), ignored)) {
-    const fs::path& path = entry.path();
+  fs::directory_iterator entry(ShippedWorldsFolder(), ignored);
+  for (; entry != fs::directory_iterator(); entry.increment(ignored)) {
+    const fs::path& path = entry->path();
     if (path.extension() == ".json" && path.stem().extension() != ".schema") {
       names.insert(path.stem().string());
     }
@@ -171,20 +138,18 @@ std::set<std::string> ShippedWorlds() {
 }
 
 WorldSource ParseWorld(const std::string& json, const std::string& fileName) {
-  const JsonNode root = ParseJson(json, fileName);
-  WorldSource source = ReadSource<WorldSource>(root, fileName);
-  RefuseTooMany(source, root, fileName);
-  const DevicePlaces known = RefuseTwins(source, root, fileName);
-  RefuseStrangers(source, known, root, fileName);
-  return source;
+  return SourceOf(ParseJson(json, fileName), fileName);
 }
 
 WorldFile LoadWorld(const std::string& nameOrPath) {
   const std::string fileName = FindWorld(nameOrPath);
-  const WorldSource source = ParseWorld(ReadFile(fileName, kMostJsonBytes), fileName);
+  const JsonNode root = ParseJson(ReadFile(fileName, kMostJsonBytes), fileName);
+  const WorldSource source = SourceOf(root, fileName);
   WorldFile file{source.world, source.timeline};
-  for (const DeviceSource& device : source.devices) {
-    file.world.devices.push_back(ToDevice(device, fs::path(fileName).parent_path()));
+  PhoneBookLoader books(fileName, fs::path(fileName).parent_path().string());
+  for (std::size_t i = 0; i < source.devices.size(); ++i) {
+    file.world.devices.push_back(ToDevice(source.devices[i], root.Find("devices")->items[i],
+                                          "devices[" + std::to_string(i) + "].", books));
   }
   return file;
 }
@@ -194,7 +159,9 @@ DeviceData ParseDevice(const std::string& json) {
   if (json.size() > kMostJsonBytes) {
     throw FileError(name, 1, "expected at most " + std::to_string(kMostJsonBytes >> 20) + " MiB");
   }
-  return ToDevice(ReadSource<DeviceSource>(ParseJson(json, name), name), fs::current_path());
+  const JsonNode root = ParseJson(json, name);
+  PhoneBookLoader books(name, "");
+  return ToDevice(ReadSource<DeviceSource>(root, name), root, "", books);
 }
 
 }  // namespace btservice

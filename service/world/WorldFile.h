@@ -28,7 +28,7 @@ WorldSource ParseWorld(const std::string& json, const std::string& fileName);
 std::set<std::string> ShippedWorlds();
 
 /// Reads one device from the text of a JSON object, as a world's list of devices holds them. Files it names
-/// are searched in the current directory. Throws as LoadWorld; the text is called "device".
+/// are looked for in the current directory. Throws as LoadWorld; the text is called "device".
 DeviceData ParseDevice(const std::string& json);
 
 /// The JSON Schema of world files.

@@ -51,7 +51,7 @@ class SchemaWriter {
   Json Schema(const BoundedInt& bounded) {
     return {{"type", "integer"}, {"minimum", bounded.least}, {"maximum", bounded.most}};
   }
-  Json Schema(const Duration&) { return {{"type", "integer"}, {"minimum", 0}}; }
+  Json Schema(const Duration&) { return {{"type", "integer"}, {"minimum", 0}, {"maximum", Duration::kMost}}; }
   Json Schema(const AddressText&) {
     return {{"type", "string"}, {"pattern", "^([0-9A-Fa-f]{2}:){5}[0-9A-Fa-f]{2}$"}};
   }

@@ -201,7 +201,9 @@ TEST_F(ControlTest, OrdersThatTheBusOrTheMachineCouldNotTakeAreRefused) {
   EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", std::string(1000000, '[').c_str())),
               HasSubstr("device:1: expected at most 64 lists and objects within each other"));
   EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", std::string(18 << 20, ' ').c_str())),
-              HasSubstr("expected arguments of at most 17 MiB"));
+              HasSubstr("expected arguments of at most 17408 KiB"));
+  EXPECT_THAT(ProblemOf("SetOperator", g_variant_new("(ss)", kPhone, std::string(64 << 10, 'x').c_str())),
+              HasSubstr("expected arguments of at most 64 KiB"));
   EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", R"({"address": "00:00:00:00:00:01", "name": "A",
                   "phoneBook": {"vcard": "/dev/zero"}})")),
               HasSubstr("/dev/zero: is not a regular file"));
@@ -211,6 +213,17 @@ TEST_F(ControlTest, OrdersThatTheBusOrTheMachineCouldNotTakeAreRefused) {
   EXPECT_THAT(ProblemOf("DropAnswers", g_variant_new("(su)", "DialCall", 1)),
               HasSubstr("there are 1000 faults already"));
   EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+}
+
+TEST_F(ControlTest, PhoneBooksOfDevicesThatAppearAreCountedTogether) {
+  const auto device = [](int number) {
+    return g_variant_new("(s)", (R"({"address": "00:00:00:00:00:0)" + std::to_string(number) +
+                                 R"(", "name": "D", "phoneBook": {"generate": 99999}})")
+                                    .c_str());
+  };
+  EXPECT_EQ(Control("AddDevice", device(1)), "(true,)");
+  EXPECT_THAT(ProblemOf("AddDevice", device(2)),  // with the 6 of the phone in this world
+              HasSubstr("expected at most 200000 contacts in all phone books, got 200004"));
 }
 
 TEST_F(ControlTest, AnySignalIsSentWithAnyValues) {

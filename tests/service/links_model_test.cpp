@@ -141,6 +141,17 @@ TEST_F(MessageModelTest, AMessageThatComesMeanwhileIsFetchedLater) {
   EXPECT_EQ(log.Of<MessageLoadProgress>().back().total, 3);
 }
 
+TEST_F(MessageModelTest, APhoneHasRoomForAThousandMessagesAndLosesTheOldest) {
+  ConnectDevice(kSmartphone, BT_PROFILE_HFP);
+  Outside& controls = Stack().Controls();
+  for (int number = 1; number <= 1001; ++number) {
+    controls.SendMessage(kSmartphone, {std::to_string(number), "Ben", "Hi"});
+  }
+  EXPECT_FALSE(controls.ChangeMessage(kSmartphone, "1", BT_MSG_DELETED));
+  EXPECT_TRUE(controls.ChangeMessage(kSmartphone, "2", BT_MSG_DELETED));
+  EXPECT_TRUE(controls.ChangeMessage(kSmartphone, "1001", BT_MSG_DELETED));
+}
+
 class OutsideModelTest : public SerialModelTest {};
 
 TEST_F(OutsideModelTest, ALostLinkIsReported) {

@@ -112,6 +112,40 @@ TEST_F(StateFileTest, WithoutAPathNothingIsKept) {
   EXPECT_TRUE(std::filesystem::is_empty(directory.Path()));
 }
 
+TEST_F(StateFileTest, NoPairingIsForgottenInAWorldWhoseAdapterRemembersFewer) {
+  {
+    StateFile file(Path());
+    file.Follow(Stack());
+    PowerOn();
+    PairByKey(kAccessory);
+    PairByKey(kSmartphone);
+    world.devices.clear();
+    world.adapter.pairedDevices = 1;
+    StateFile again(Path());
+    RestoreFrom(again, world);
+  }
+  ManualScheduler clock;
+  SimulatedStack next(clock, world);
+  StateFile kept(Path());
+  kept.Follow(next);
+  next.Adapter().SetAttribute(BT_ATTR_LOCAL_NAME, "Car");
+  EXPECT_THAT(PairedAfterRestart(), ElementsAre(kSmartphone, kAccessory));
+}
+
+TEST_F(StateFileTest, ALinkToTheFileStaysALink) {
+  std::filesystem::create_directory(directory.Path() / "deep");
+  std::filesystem::create_symlink("../elsewhere.json", Path());
+  std::ofstream(directory.Path() / "elsewhere.json")
+      << R"({"format": 1, "attributes": {"name": "n", "pin": "1", "classOfDevice": "340408", "downloadFolder": "/"},
+            "paired": []})";
+  StateFile file(Path());
+  RestoreFrom(file, world);
+  file.Follow(Stack());
+  Stack().Adapter().SetAttribute(BT_ATTR_LOCAL_NAME, "Car");
+  EXPECT_TRUE(std::filesystem::is_symlink(Path()));
+  EXPECT_THAT(ReadFile(directory.Path() / "elsewhere.json", kMostJsonBytes), HasSubstr("\"Car\""));
+}
+
 /// A start with a file that cannot be used: nothing is paired, the file stays, and the log says why.
 class UnusableStateFileTest : public StateFileTest {
  protected:

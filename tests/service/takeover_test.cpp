@@ -135,7 +135,7 @@ TEST_F(TakeoverTest, NothingCanBeReadBehindTheListsOfTheNextService) {
   }
 }
 
-TEST_F(TakeoverTest, AfterACrashTheNextServiceSaysWhatIsNoMoreBeforeItSaysWhatThereIs) {
+TEST_F(TakeoverTest, AfterACrashTheNextServiceSaysEndEventsBeforeItSaysWhatThereIs) {
   ChildProcess client({BTTEST_LISTENING_CLIENT});
   ASSERT_TRUE(client.WaitForOutput("ready\n")) << client.Errors();
   HaveACall();

@@ -221,8 +221,25 @@ TEST_F(WorldFileTest, ASkippedCardIsReportedInTheLog) {
 TEST_F(WorldFileTest, AVCardFileThatCannotBeReadRefusesTheWorld) {
   const std::string begin = R"({"format": 1, "devices": [{"address": "00:1A:7D:DA:71:13", "name": "A",
     "phoneBook": {"vcard": ")";
-  EXPECT_THAT(ProblemOf(begin + "nobody.vcf\"}}]}"), HasSubstr("nobody.vcf: cannot be read: No such file"));
-  EXPECT_THAT(ProblemOf(begin + ".\"}}]}"), HasSubstr("is a directory, not a file"));
+  const std::string folder = directory.Path().string();
+  EXPECT_EQ(ProblemOf(begin + "nobody.vcf\"}}]}"),
+            "world.json:2: devices[0].phoneBook.vcard: " + folder +
+                "/nobody.vcf: cannot be read: No such file or directory");
+  EXPECT_EQ(ProblemOf(begin + ".\"}}]}"),
+            "world.json:2: devices[0].phoneBook.vcard: " + folder + "/.: is a directory, not a file");
+  EXPECT_EQ(ProblemOf(begin + "a\\u0000b\"}}]}"),
+            R"(world.json:2: devices[0].phoneBook.vcard: expected the name of a file, got 'a\x00b')");
+  EXPECT_THAT(ProblemOf(begin + "\\u001b[31m\"}}]}"), HasSubstr(R"(/\u{001B}[31m: cannot be read)"));
+}
+
+TEST_F(WorldFileTest, ANameThatIsNoFilesIsRefusedInOurWords) {
+  const std::string endless(300, 'x');
+  EXPECT_THAT([&] { LoadWorld(endless); }, testing::ThrowsMessage<std::runtime_error>(testing::StartsWith(
+                                               "there is neither a file nor a shipped world 'xxx")));
+  std::filesystem::current_path(directory.Path());
+  std::filesystem::create_directory("folder");
+  EXPECT_THAT([] { LoadWorld("folder"); },
+              testing::ThrowsMessage<std::runtime_error>("folder: is a directory, not a file"));
 }
 
 TEST_F(WorldFileTest, ASingleDeviceIsReadAlike) {

@@ -7,10 +7,13 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include "service/world/InputFile.h"
+#include "service/world/JsonNode.h"
 #include "service/world/Limits.h"
 #include "service/world/Quote.h"
 #include "service/world/WorldFields.h"
@@ -84,6 +87,40 @@ TEST(WorldLimitsTest, ValuesAndDevicesAreCounted) {
             "w:1: devices: expected at most 1000, got 1001");
 }
 
+TEST(WorldLimitsTest, ContactsAreCounted) {
+  bttest::TemporaryDirectory directory;
+  const std::string path = directory.Path() / "w.json";
+  const auto problemOf = [&](const std::string& devices) {
+    std::ofstream(path) << R"({"format": 1, "devices": [)" + devices + "]}";
+    try {
+      LoadWorld(path);
+    } catch (const std::runtime_error& problem) {
+      return std::string(problem.what()).substr(path.size());
+    }
+    return std::string("nothing");
+  };
+  const auto device = [](int number, const std::string& book) {
+    return R"({"address": "00:00:00:00:00:0)" + std::to_string(number) + R"(", "name": "D", "phoneBook": )" +
+           book + "}";
+  };
+  EXPECT_EQ(problemOf(device(1, R"({"generate": 100000, "contacts": [{}]})")),
+            ":1: devices[0].phoneBook: expected at most 100000 contacts in a phone book, got 100001");
+  const std::string full = R"({"generate": 100000})";
+  EXPECT_EQ(problemOf(device(1, full) + "," + device(2, full) + "," + device(3, R"({"generate": 1})")),
+            ":1: devices[2].phoneBook: expected at most 200000 contacts in all phone books together");
+}
+
+TEST(WorldLimitsTest, VCardFilesOfAWorldHaveASizeTogether) {
+  bttest::TemporaryDirectory directory;
+  const std::string path = directory.Path() / "w.json";
+  std::ofstream(directory.Path() / "half.vcf") << std::string((kMostVCardBytes / 2) + 1, '\n');
+  std::ofstream(path) << R"({"format": 1, "devices": [{"address": "00:00:00:00:00:01", "name": "D",
+      "phoneBook": {"vcard": "half.vcf"}, "simPhoneBook": {"vcard": "half.vcf"}}]})";
+  EXPECT_THAT([&] { LoadWorld(path); },
+              testing::ThrowsMessage<std::runtime_error>(
+                  path + ":2: devices[0].simPhoneBook.vcard: expected vCard files of at most 64 MiB in all"));
+}
+
 TEST(WorldLimitsTest, MessagesShowALineOfWhatIsWrong) {
   EXPECT_EQ(
       ProblemOf(R"({"format": "\u001b[31m\n\u202e\u0085"})"),
@@ -92,7 +129,9 @@ TEST(WorldLimitsTest, MessagesShowALineOfWhatIsWrong) {
               EndsWith("got '" + std::string(60, 'y') + "...'"));
   EXPECT_THAT(ProblemOf(R"({"format": 1, "": 1})"), testing::StartsWith("w:1: '': there is no such member"));
   EXPECT_THAT(ProblemOf(R"({"format": 1, "a\u001bb": 1})"),
-              testing::StartsWith(R"(w:1: a\u{001B}b: there is no such member)"));
+              testing::StartsWith(R"(w:1: 'a\u{001B}b': there is no such member)"));
+  EXPECT_THAT(ProblemOf(R"({"format": 1, "::": 1})"),
+              testing::StartsWith("w:1: '::': there is no such member"));
   EXPECT_EQ(ProblemOf("{\"format\": \xff}"), R"(w:1: this is not JSON: '"format": \xFF')");
 }
 
@@ -100,6 +139,12 @@ TEST(QuoteTest, KeepsWhatCanBeShown) {
   EXPECT_EQ(Quote("Jörg Jäger, 東京 🚗"), "'Jörg Jäger, 東京 🚗'");
   EXPECT_EQ(Quote(std::string("a\0b", 3)), R"('a\x00b')");
   EXPECT_EQ(Quote("\xC3"), R"('\xC3')");
+}
+
+TEST(QuoteTest, ShowsMoreOfAPathThanOfATextAndNotAll) {
+  EXPECT_EQ(VisiblePath(std::string(512, 'p')), std::string(512, 'p'));
+  EXPECT_EQ(VisiblePath(std::string(5000, 'p')), std::string(512, 'p') + "...");
+  EXPECT_STREQ(FileError("a\x1b\n", 1, "what").what(), R"(a\u{001B}\u{000A}:1: what)");
 }
 
 class InputFileTest : public testing::Test {
@@ -134,6 +179,13 @@ TEST_F(InputFileTest, WhatIsNoFileIsCalledWhatItIs) {
   EXPECT_EQ(ProblemOf("/dev/zero"), ": is not a regular file");
   ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
   EXPECT_EQ(ProblemOf(Path("pipe")), ": is not a regular file") << "and nobody waits for its writer";
+  const int server = socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un address = {};
+  address.sun_family = AF_UNIX;
+  Path("socket").copy(address.sun_path, sizeof(address.sun_path) - 1);
+  ASSERT_EQ(bind(server, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+  close(server);
+  EXPECT_EQ(ProblemOf(Path("socket")), ": is not a regular file");
   std::ofstream(Path("large")) << std::string((std::size_t{1} << 20) + 1, 'x');
   EXPECT_EQ(ProblemOf(Path("large")), ": is larger than 1 MiB");
 }
