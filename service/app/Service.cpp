@@ -6,7 +6,7 @@
 #define MWP_LOG_SOURCE "service/app/Service"
 #include <mwp/MWPLog.h>
 
-#include "service/app/WhatIsNoMore.h"
+#include "service/app/EndEvents.h"
 
 namespace btservice {
 
@@ -55,7 +55,7 @@ void Service::Start() {
   MWP_LOG(MWP_LOG_INFO, "serving a world of %zu devices", m_file.world.devices.size());
   const LeftBehind left = ReadLeftBehind(m_segments);
   m_publisher.PublishAll();
-  for (const StackEvent& event : WhatIsNoMore(left)) {
+  for (const StackEvent& event : EndEvents(left)) {
     m_emitter.OnStackEvent(event);
   }
   m_stack.Start();

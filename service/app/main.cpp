@@ -19,7 +19,7 @@ gboolean QuitOnSignal(gpointer loop) {
 }
 
 /// Nothing, and a message, if the world cannot be loaded.
-std::optional<WorldFile> LoadWorldOrTell(const std::string& name) {
+std::optional<WorldFile> LoadWorldOrComplain(const std::string& name) {
   try {
     return name.empty() ? WorldFile{BuiltInWorld(), {}} : LoadWorld(name);
   } catch (const std::runtime_error& problem) {
@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
   if (options.reserve) {
     return UseUpSmallIdentifiers() ? EXIT_ENDED : EXIT_NOT_RESERVED;
   }
-  const std::optional<WorldFile> world = LoadWorldOrTell(options.world);
+  const std::optional<WorldFile> world = LoadWorldOrComplain(options.world);
   if (!world) {
     return EXIT_BAD_WORLD;
   }

@@ -1,4 +1,4 @@
-// What is told of the calls, and when.
+// What is reported about the calls, and when.
 
 #include <utility>
 

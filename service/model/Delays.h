@@ -33,7 +33,7 @@ struct Delays {
   Milliseconds callTick{1000};
   Milliseconds voice{200};
 
-  Milliseconds playerReply{80};  ///< the player does as it is told
+  Milliseconds playerReply{80};  ///< the player obeys a command
   Milliseconds browse{150};      ///< a folder is listed
   Milliseconds cover{700};       ///< a cover image arrives
   Milliseconds positionTick{1000};

@@ -32,7 +32,7 @@ class DevicePlayer {
   void Pause();
   void Next();
   void Previous();
-  /// Winds forward or back; ends when it is told to play or pause.
+  /// Winds forward or back; ends with the next command to play or pause.
   void Wind(MusicPlayStatus direction);
   /// Plays the current track of the queue from its beginning.
   void PlayFromStart();

@@ -39,7 +39,7 @@ DevicePlayer* Player::InUse() const {
   return entry != m_players.end() ? entry->second.get() : nullptr;
 }
 
-bool Player::Tell(std::function<void(DevicePlayer&)> command) {
+bool Player::Command(std::function<void(DevicePlayer&)> command) {
   DevicePlayer* const player = InUse();
   if (player == nullptr) {
     return false;

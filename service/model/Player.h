@@ -19,7 +19,7 @@ class Player {
   /// Null if no player is connected.
   DevicePlayer* InUse() const;
   /// Has the player in use do something as soon as the request has reached it. False without a player.
-  bool Tell(std::function<void(DevicePlayer&)> command);
+  bool Command(std::function<void(DevicePlayer&)> command);
   bool SetOutput(bool open);
   bool ReportPosition(bool on, Milliseconds period);
   bool ReportTrackInfo(bool on, Milliseconds period);

@@ -34,7 +34,7 @@ void SimulatedAdapter::ForgetFoundDevices() {
 }
 
 bool SimulatedAdapter::EnterTestMode() {
-  // A device under test has to be visible to the tester; beyond that nothing can be told apart from outside.
+  // A device under test has to be visible to the tester; beyond that, no difference can be seen from outside.
   return m_power.IsOn() && m_settings.SetCapability(BT_CAP_ENABLE_SCAN, 1);
 }
 

@@ -52,7 +52,7 @@ bool SimulatedMusic::SetPlayMode(PlayMode mode) {
   const bool supported = std::any_of(
       kSupportedModes.begin(), kSupportedModes.end(),
       [&](const PlayMode& one) { return one.attribute == mode.attribute && one.value == mode.value; });
-  return supported && m_player.Tell([mode](DevicePlayer& player) { player.SetMode(mode); });
+  return supported && m_player.Command([mode](DevicePlayer& player) { player.SetMode(mode); });
 }
 
 bool SimulatedMusic::SupportsNotification(SupportAvrcpEvent event) const {
@@ -76,9 +76,9 @@ bool SimulatedMusic::Wind(MusicPlayStatus direction, bool on) {
   const MusicPlayStatus status = Status();
   if (on) {
     return (status == BT_MUSIC_PLAYING || status == BT_MUSIC_PAUSED) &&
-           m_player.Tell([direction](DevicePlayer& player) { player.Wind(direction); });
+           m_player.Command([direction](DevicePlayer& player) { player.Wind(direction); });
   }
-  return status == direction && m_player.Tell(&DevicePlayer::Play);
+  return status == direction && m_player.Command(&DevicePlayer::Play);
 }
 
 }  // namespace btservice

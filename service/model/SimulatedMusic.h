@@ -17,10 +17,10 @@ class SimulatedMusic : public MusicControl {
   SimulatedMusic(Player& player, Browser& browser) : m_player(player), m_browser(browser) {}
 
   bool EnableOutput(bool on) override { return m_player.SetOutput(on); }
-  bool Play() override { return m_player.Tell(&DevicePlayer::Play); }
-  bool Pause() override { return m_player.Tell(&DevicePlayer::Pause); }
-  bool Previous() override { return m_player.Tell(&DevicePlayer::Previous); }
-  bool Next() override { return m_player.Tell(&DevicePlayer::Next); }
+  bool Play() override { return m_player.Command(&DevicePlayer::Play); }
+  bool Pause() override { return m_player.Command(&DevicePlayer::Pause); }
+  bool Previous() override { return m_player.Command(&DevicePlayer::Previous); }
+  bool Next() override { return m_player.Command(&DevicePlayer::Next); }
   bool FastForward(bool on) override { return Wind(BT_MUSIC_FAST_FORWARD, on); }
   bool FastReverse(bool on) override { return Wind(BT_MUSIC_FAST_REVERSE, on); }
 

@@ -30,7 +30,7 @@ class CallControl {
   virtual bool IsPrivate() const = 0;
   virtual void StartVoiceRecognition() = 0;
   virtual void StopVoiceRecognition() = 0;
-  /// Nothing if no phone is connected or it does not tell.
+  /// Nothing if no phone is connected or its number is unknown.
   virtual std::optional<std::string> OwnNumber() const = 0;
 
   virtual bool PlayRingtone() = 0;

@@ -1,5 +1,5 @@
-#ifndef SERVICE_APP_WHATISNOMORE_H
-#define SERVICE_APP_WHATISNOMORE_H
+#ifndef SERVICE_APP_ENDEVENTS_H
+#define SERVICE_APP_ENDEVENTS_H
 
 #include <vector>
 
@@ -10,7 +10,7 @@ namespace btservice {
 
 /// The events by which applications learn that the calls and connections of a service that died are no more,
 /// and what went with them.
-std::vector<StackEvent> WhatIsNoMore(const LeftBehind& left);
+std::vector<StackEvent> EndEvents(const LeftBehind& left);
 
 }  // namespace btservice
 

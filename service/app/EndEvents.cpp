@@ -1,4 +1,4 @@
-#include "service/app/WhatIsNoMore.h"
+#include "service/app/EndEvents.h"
 
 namespace btservice {
 namespace {
@@ -55,7 +55,7 @@ void EndConnections(const std::vector<std::string>& addresses, std::vector<Stack
 
 }  // namespace
 
-std::vector<StackEvent> WhatIsNoMore(const LeftBehind& left) {
+std::vector<StackEvent> EndEvents(const LeftBehind& left) {
   std::vector<StackEvent> events;
   if (!left.callIds.empty()) {
     EndCalls(left.callIds, events);
