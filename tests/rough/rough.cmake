@@ -1,0 +1,22 @@
+# Rough handling of the service: files that are bent, and odd calls of its controls. A fixed seed and few cases here; by
+# hand, files_test.py and controls_test.py take --count and --seed for more.
+if(BT_TEST_SERVICE AND BT_BUILD_SIMULATION)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  set(rough ${CMAKE_SOURCE_DIR}/script/sandbox --service $<TARGET_FILE:btservice> dbus-run-session --
+            ${Python3_EXECUTABLE})
+  file(GLOB worlds CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/service/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/../service/*.json)
+  list(FILTER worlds EXCLUDE REGEX "schema\\.json$")
+  set(memory 1024)
+  if(BT_SANITIZE)
+    set(memory 0) # it keeps what was freed
+  endif()
+
+  add_test(NAME rough/BentFilesAreRefusedOrServed
+    COMMAND ${rough} ${CMAKE_CURRENT_LIST_DIR}/files_test.py --count 120 --memory ${memory} ${worlds})
+  add_test(NAME rough/OddCallsAreAnswered
+    COMMAND ${rough} ${CMAKE_CURRENT_LIST_DIR}/controls_test.py --count 300 --memory ${memory}
+            ${CMAKE_SOURCE_DIR}/service/com.zelk.linux.bluetooth.sim.xml
+            ${CMAKE_SOURCE_DIR}/ipc/D-Bus/com.zelk.linux.bluetooth.xml ${worlds})
+  set_tests_properties(rough/BentFilesAreRefusedOrServed rough/OddCallsAreAnswered PROPERTIES
+    TIMEOUT 240 SKIP_RETURN_CODE 77 LABELS service)
+endif()
