@@ -1,0 +1,249 @@
+#!/usr/bin/env python3
+"""Runs every command in the documents as it is written there, and compares what it prints where the document shows that.
+
+A command that is neither run here nor in known.py fails the test, and so does an entry of known.py that is in no document
+any more. Usage: documents_test.py TREE BUILD [TEST...]
+"""
+import pathlib
+import re
+import shutil
+import sys
+import unittest
+
+import blocks
+import known
+from checkout import Checkout
+
+TREE, BUILD = (pathlib.Path(sys.argv.pop(1)).resolve() for _ in range(2))
+DOCUMENTS = sorted(path for pattern in ("*.md", "*/*.md", "*/*/*.md") for path in TREE.glob(pattern)
+                   if path.relative_to(TREE).parts[0] != "build")
+
+# Prints a mark and restores the exit status, so that 'echo $?' shows that of the command before.
+NEXT = "\n{ status=$?; printf '\\n@next@\\n'; (exit $status); } 2>&1\n"
+# A phone that has come, with all that it brings.
+PHONE_IS_THERE = """
+gdbus wait --session --timeout 60 com.zelk.linux.bluetooth || exit 99
+for try in {1..600}; do [[ $(btctl log count all 2>/dev/null) == 3 ]] && break; sleep 0.1; done
+"""
+PLACEHOLDERS = {"/path/to/your/platform": "$PWD/platform"}
+
+# How a group of commands is run, by what they begin with; each command of the documents belongs to one of them.
+RUNNERS = {
+    "demo": r"script/demo\b",
+    "sandbox": r"script/sandbox\b",
+    "service": r"btservice\b",
+    "controls": r"sim=|\$sim\.",
+    "btctl": r"btctl\b|echo \$\?$",
+    "install": r"for component in runtime development tools; do",
+    "configure": r"cmake --preset dev\b",
+    "log": r"MWP_LOG_LEVEL=debug\b",
+}
+# What the demo shows, by a word of the command that starts it.
+SHOWN_BY_DEMO = {"btctl": r"power +o(n|ff)", "your-application": "arguments: arguments",
+                 "demo": r"library:  +/.*libbt\.so\.1\.0\.0"}
+CTRL_C = {"found_devices": "found "}  # examples that run until Ctrl-C, and what they print before
+ANSWERS_OF_CONTROLS = {"LeaveBus": "()", "DelayAnswers": "()", "FailAnswers": "()", "EmitSignal": "()"}
+
+
+def commands():
+    """All commands of the documents, in their order."""
+    found = []
+    for path in DOCUMENTS:
+        for block in blocks.blocks_of(str(path.relative_to(TREE)), path.read_text()):
+            if block.lines[0] not in known.NOT_COMMANDS:
+                found += [command for command in blocks.commands_of(block) if command.text not in known.SYNOPSES]
+    return found
+
+
+def runner_of(command):
+    if command.text in known.EXCEPTIONS or command.text in known.PACKAGING:
+        return None
+    for name, pattern in RUNNERS.items():
+        if re.match(pattern, command.text):
+            return name
+    return "unknown"
+
+
+def of_runner(name, language=None):
+    return [command for command in commands()
+            if runner_of(command) == name and language in (None, command.block.language)]
+
+
+def unified(line):
+    """A line without what differs from run to run."""
+    line = re.sub(r"\b\d\d:\d\d:\d\d\.\d\d\d\b", "TIME", line)
+    return re.sub(r'"seconds":\d+', '"seconds":N', line).rstrip()
+
+
+class WhatIsRun(unittest.TestCase):
+    def test_EachCommandIsRunOrExcepted(self):
+        self.assertEqual([f"{command.document}: {command.text}" for command in commands()
+                          if runner_of(command) == "unknown"], [])
+        self.assertGreater(len(commands()), 60)
+        for name in RUNNERS:
+            self.assertTrue(of_runner(name), f"no document has a command for the runner '{name}'")
+
+    def test_EachExceptionIsNeeded(self):
+        texts = {command.text for command in commands()}
+        firsts = {block.lines[0] for path in DOCUMENTS
+                  for block in blocks.blocks_of(path.name, path.read_text()) if block.lines}
+        self.assertEqual(set(known.EXCEPTIONS) - texts, set())
+        self.assertEqual(set(known.PACKAGING) - texts, set())
+        self.assertEqual(set(known.NOT_COMMANDS) - firsts, set())
+        self.assertEqual({text for text in known.SYNOPSES if not any(text in path.read_text() for path in DOCUMENTS)}, set())
+        self.assertIn(known.RUN_BY_PACKAGING, (TREE / "packaging/CMakeLists.txt").read_text())
+
+
+class InACheckout(unittest.TestCase):
+    def setUp(self):
+        self.checkout = Checkout(TREE, BUILD)
+        self.addCleanup(self.checkout.close)
+
+    def assert_runs(self, command, answer):
+        status, output = answer
+        self.assertEqual(status, 0, f"{command.document}: {command.text}\n{output}")
+
+
+class TheDemo(InACheckout):
+    def test_Demo(self):
+        """All at the same time: some of them mostly wait."""
+        application = self.checkout.root / "your-application"
+        application.write_text('#!/bin/bash\necho "arguments: $*"\nexec first_light\n')  # which has no use for them
+        application.chmod(0o755)
+        commands_by_text = {command.text: command for command in of_runner("demo") if self.is_built(command.text)}
+        running = {text: self.checkout.start(text) for text in commands_by_text}
+        for text, process in running.items():
+            process.write("status\nquit\n" if "btctl" in text else "")
+            shown = next((shown for name, shown in CTRL_C.items() if name in text), None)
+            if shown:
+                self.assertTrue(process.wait_for(shown), process.output())
+                process.press_ctrl_c()
+                process.wait()
+            else:
+                self.assert_runs(commands_by_text[text], (process.wait(), process.output()))
+            self.assertRegex(process.output(), r"(?m)^service:  +/app/bin/btservice, process \d+$")
+            expected = next(line for name, line in SHOWN_BY_DEMO.items() if name in text)
+            self.assertRegex(process.output(), f"(?m)^{expected}$")
+
+    @staticmethod
+    def is_built(text):
+        return "qt_music" not in text or (BUILD / "bin/qt_music").exists()
+
+
+class TheSandbox(InACheckout):
+    def test_Sandbox(self):
+        for command in of_runner("sandbox"):
+            script = ("/app/bin/btservice & gdbus wait --session --timeout 60 com.zelk.linux.bluetooth "
+                      "&& gdbus call --session --dest com.zelk.linux.bluetooth --object-path /com/zelk/linux/bluetooth "
+                      "--method com.zelk.linux.bluetooth.GetPowerStatus; kill $!\n")
+            status, output = self.checkout.run(command.text, stdin=script)
+            self.assertRegex(output, r"\(byte 0x\d\d,\)", command.text)
+
+    def test_LogOfASingleProgram(self):
+        shutil.copy(BUILD / "bin/first_light", self.checkout.root / "your-application")
+        for command in of_runner("log"):
+            script = f"PATH=$PWD:$PATH\n/app/bin/btservice & \ngdbus wait --session --timeout 60 com.zelk.linux.bluetooth\n" \
+                     f"{command.text}\nstatus=$?; kill $!; exit $status\n"
+            status, output = self.checkout.run_in_sandbox(script)
+            self.assertEqual(status, 0, output)
+            self.assertIn("libbt-DEBUG", output, "the log is not shown")
+
+
+class TheService(InACheckout):
+    def test_Service(self):
+        shutil.copy(TREE / "service/worlds/one-phone.json", self.checkout.root / "my-world.json")
+        shutil.copy(TREE / "service/worlds/one-phone.vcf", self.checkout.root)
+        for command in of_runner("service"):
+            script = f"{command.text} &\ngdbus wait --session --timeout 60 com.zelk.linux.bluetooth\n" \
+                     "waited=$?; kill $!; wait $! && exit $waited\n"
+            self.assert_runs(command, self.checkout.run_in_sandbox(script))
+
+    def test_ControlsOfTheSimulation(self):
+        lines = of_runner("controls")
+        script = "btservice --no-state --world one-phone &\nservice=$!\n" + PHONE_IS_THERE
+        script += "".join(command.text + NEXT for command in lines) + "kill $service\n"
+        _, output = self.checkout.run_in_sandbox(script)
+        answers = output.split("@next@\n")
+        for command, answer in list(zip(lines, answers))[1:]:
+            control = re.match(r"\$sim\.(\w+)", command.text)[1]
+            self.assertEqual(answer.strip(), ANSWERS_OF_CONTROLS.get(control, "(true,)"), command.text)
+
+    def test_TheMessagesThatTheReadmeShows(self):
+        text = (TREE / "service/README.md").read_text()
+        world = "\n" * 11 + '{"format": 1, "devices": [{"address": "00:1A:7D:DA:71:13", "name": "A", ' \
+            '"phone": {"signal": 7}, "phoneBook": {"vcard": "book.vcf"}}]}'
+        card, broken = "BEGIN:VCARD\nN:A\nEND:VCARD\n", "BEGIN:VCARD\nthis is no line\nEND:VCARD\n"
+        (self.checkout.root / "book.vcf").write_text(card + "\n" + broken + broken * 100 + card * 411)
+        for world in (world, world.replace("7}", "5}")):
+            (self.checkout.root / "car.json").write_text(world)
+            _, output = self.checkout.run_in_sandbox("timeout 5 btservice --no-state --world car.json\n")
+            for line in output.splitlines():
+                if match := re.search(r"btservice: car.json.*|book\.vcf:6: .*|book\.vcf: .*", line):
+                    self.assertIn(f"    {match[0]}\n", text)
+                    text = text.replace(f"    {match[0]}\n", "shown\n")
+        self.assertEqual(text.count("shown\n"), 3, "the document shows a message that does not come")
+
+
+class TheCommandLine(InACheckout):
+    def test_Btctl(self):
+        """The sessions are real ones, on a terminal with a phone that has come."""
+        sessions = {command.block: [] for command in of_runner("btctl", "console")}
+        for command in of_runner("btctl", "console"):
+            sessions[command.block].append(command)
+        self.assertEqual(len(sessions), 2)
+        for block, lines in sessions.items():
+            with self.subTest(block.document):
+                # The phone rings after 20 seconds: on a machine that is so slow, once more.
+                differences = [self.differences_in(lines) for _ in range(3)]
+                self.assertIn([], differences)
+
+    def differences_in(self, lines):
+        script = "exec 2>&1\nbtservice --no-state --world one-phone >/dev/null &\n" + PHONE_IS_THERE
+        script += "".join(command.text + NEXT for command in lines)
+        script = script.replace("/dev/null &\n", "/dev/null 2>&1 &\n")
+        _, output = self.checkout.run_in_sandbox(script)
+        found = []
+        for command, answer in zip(lines, output.split("\n@next@\n")):
+            shown = [unified(line) for line in command.output]
+            printed = [unified(line) for line in answer.splitlines()]
+            if shown != printed:
+                found.append((command.text, shown, printed))
+        return found
+
+    def test_CommandsWithoutASession(self):
+        for command in of_runner("btctl", ""):
+            _, output = self.checkout.run_in_sandbox(f"{command.text}\n", "</dev/null")
+            self.assertNotIn("btctl: ", output, command.text)
+
+    def test_Scripts(self):
+        for command in of_runner("btctl", "sh"):
+            if " jq " in command.text and not shutil.which("jq"):
+                continue
+            script = "btservice --no-state --world one-phone &\nservice=$!\nphone=00:1A:7D:DA:71:13\n" + PHONE_IS_THERE
+            script += f"{'btctl power off && ' if 'power on' in command.text else ''}{command.text}\n"
+            script += "status=$?; kill $service; exit $status\n"
+            self.assert_runs(command, self.checkout.run_in_sandbox(script))
+
+
+class TheInstallation(InACheckout):
+    def test_Install(self):
+        for command in of_runner("install"):
+            staging = self.checkout.folder / "staging"
+            self.assert_runs(command, self.checkout.run(command.text, DESTDIR=str(staging)))
+            self.assertTrue((staging / "usr/include/bluetooth/MWPBluetooth.h").exists())
+            self.assertFalse((staging / "app").exists(), "the document says that nothing is installed there")
+
+    def test_Configure(self):
+        texts = {command.text for command in of_runner("configure")}
+        for text in texts:
+            (self.checkout.root / "build/dev").unlink()
+            for placeholder, value in PLACEHOLDERS.items():
+                text = text.replace(placeholder, value)
+            status, output = self.checkout.run(text)
+            self.assertEqual(status, 0, output)
+            cache = (self.checkout.root / "build/dev/CMakeCache.txt").read_text()
+            self.assertIn(f"BT_PLATFORM_DIR:PATH={self.checkout.root}/platform\n", cache)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
