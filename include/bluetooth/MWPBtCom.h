@@ -25,6 +25,7 @@ class MWP_BT_API MWPBtCom {
  public:
   /// Asks the service to report its state; the answer is events, in this order:
   /// - power, whether a search is running, every capability and every attribute
+  /// - while a device is being paired: OnPairStatusChanged
   /// - OnConnectStatusChanged for each profile that is connected
   /// - while a phone is connected for calls: its network, signal and battery; OnCallStatusChanged for each
   ///   call, OnCurrentCallInfoChanged, OnCallingTimeChanged for each call that was answered,

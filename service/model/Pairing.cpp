@@ -178,6 +178,12 @@ void Pairing::Report(PairStatus status, PairFailedReson reason) const {
   m_context.Report(PairChanged{status, reason, m_address});
 }
 
+void Pairing::ReportUnderWay() const {
+  if (IsBusy()) {
+    Report(BT_PAIR_PAIRING, BT_PAIR_REASON_NONE);
+  }
+}
+
 std::string Pairing::SixDigits() {
   const std::string digits = std::to_string(std::uniform_int_distribution<int>(0, 999999)(m_context.random));
   return std::string(6 - digits.size(), '0') + digits;

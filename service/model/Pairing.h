@@ -30,6 +30,8 @@ class Pairing {
   bool SetOobLinkKey(const std::string& address, const Bytes& key);
 
   bool IsBusy() const { return m_stage != Stage::IDLE; }
+  /// Reports the pairing that is under way, if there is one.
+  void ReportUnderWay() const;
   void DeviceLost(const RemoteDevice& device);
 
  private:

@@ -29,6 +29,7 @@ SimulatedStack::SimulatedStack(Scheduler& scheduler, const World& world)
       m_outside(m_devices, m_connections, m_pairing, m_projection, m_phoneStatus, m_calls, m_player,
                 m_messages, m_serial) {
   m_adapter.onReportStatus.Add([this] {
+    m_pairing.ReportUnderWay();
     m_connections.ReportAll();
     if (m_connections.Active(BT_PROFILE_HFP) != nullptr) {
       m_phoneStatus.ReportAll();

@@ -217,6 +217,20 @@ TEST_F(AdapterModelTest, ReportsARunningDownloadWhenAsked) {
   EXPECT_THAT(log.Values(&DownloadProgress::total), ElementsAre(progress.total));
 }
 
+TEST_F(AdapterModelTest, ReportsThePairingThatIsUnderWayWhenAsked) {
+  PowerOn();
+  log.Clear();
+  Stack().Adapter().ReportStatus();
+  EXPECT_EQ(log.Count<PairChanged>(), 0U) << "none is under way";
+  ASSERT_TRUE(Stack().Devices().Pair(kSmartphone, ""));
+  Pass(world.delays.page);
+  log.Clear();
+  Stack().Adapter().ReportStatus();
+  EXPECT_THAT(log.Values(&PairChanged::status), ElementsAre(BT_PAIR_PAIRING));
+  EXPECT_THAT(log.Values(&PairChanged::address), ElementsAre(kSmartphone));
+  EXPECT_EQ(log.Count<PairRequested>(), 0U) << "the question is not asked twice";
+}
+
 TEST_F(AdapterModelTest, TestModeNeedsPowerAndMakesVisible) {
   EXPECT_FALSE(Stack().Adapter().EnterTestMode());
   PowerOn();
