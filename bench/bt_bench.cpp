@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kUsage =
     "Usage: bt_bench [--json FILE] [--check] [SECTION...]\n\n"
-    "Prints a table. Sections: requests, events, start, contacts; all if none is named.\n\n"
+    "Prints a table. Sections: requests, events, start, contacts, btctl; all if none is named.\n\n"
     "  --json FILE  also writes the figures to FILE\n"
     "  --check      exits with 3 if a target is missed\n";
 
@@ -35,6 +35,7 @@ constexpr Section kSections[] = {
     {"events", MeasureEvents},
     {"start", MeasureStart},
     {"contacts", MeasureContacts},
+    {"btctl", MeasureCommandLine},
 };
 
 struct Options {

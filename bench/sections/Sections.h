@@ -11,5 +11,6 @@ void MeasureRequests(Report& report, Responder& responder);
 void MeasureEvents(Report& report, Responder& responder);
 void MeasureStart(Report& report, Responder& responder);
 void MeasureContacts(Report& report, Responder& responder);
+void MeasureCommandLine(Report& report, Responder& responder);
 
 #endif
