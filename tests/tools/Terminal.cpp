@@ -11,6 +11,7 @@
 #include <pty.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 namespace bttest {
@@ -56,6 +57,20 @@ void Terminal::Type(const std::string& keys) {
   if (write(m_terminal, keys.data(), keys.size()) != static_cast<ssize_t>(keys.size())) {
     throw std::runtime_error("the terminal takes no keys");
   }
+}
+
+void Terminal::Signal(int signal) { kill(m_pid, signal); }
+
+bool Terminal::IsAsUsual() const {
+  termios modes{};
+  return tcgetattr(m_terminal, &modes) == 0 && (modes.c_lflag & (ECHO | ICANON)) == (ECHO | ICANON);
+}
+
+void Terminal::BeAsUsual() {
+  termios modes{};
+  tcgetattr(m_terminal, &modes);
+  modes.c_lflag |= ECHO | ICANON;
+  tcsetattr(m_terminal, TCSANOW, &modes);
 }
 
 bool Terminal::Read() {

@@ -22,6 +22,11 @@ class Terminal {
   void Type(const std::string& keys);
   /// Waits until the text has been written after what was waited for before; false if it was not.
   bool WaitFor(const std::string& text, std::chrono::milliseconds bound = kBound);
+  void Signal(int signal);
+  /// Whether what is typed is shown and comes line by line, as before a program changed that.
+  bool IsAsUsual() const;
+  /// Makes it so.
+  void BeAsUsual();
   /// All that was written.
   const std::string& Screen() const { return m_screen; }
   /// Waits for the end of the program.

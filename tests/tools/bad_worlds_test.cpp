@@ -134,7 +134,7 @@ TEST_F(WithoutAService, TheSimulationHasNothingToControl) {
 using WithAService = BtctlWithRecorder;
 
 TEST_F(WithAService, ARefusalIsTold) {
-  ExpectFailure(RunBtctl({"call", "accept"}), REFUSED,
+  ExpectFailure(RunBtctl({"ringtone", "stop"}), REFUSED,
                 "the service refused\n'btctl status' shows the current state.");
 }
 
@@ -222,6 +222,13 @@ TEST_F(WithAService, CtrlCEndsAMonitorInGoodOrder) {
   ASSERT_TRUE(WaitForErrors(monitor, "listening"));
   monitor.Signal(SIGINT);
   EXPECT_EQ(monitor.Wait(), OK);
+}
+
+TEST_F(WithAService, StandardFilesMayBeClosed) {
+  ChildProcess monitor({"sh", "-c", "exec \"$0\" monitor --seconds 0.3 2>&- <&-", BTCTL_EXECUTABLE});
+  EXPECT_EQ(monitor.Wait(), OK) << "its messages would go to the bus, which would hang up";
+  ChildProcess refused({"sh", "-c", "exec \"$0\" ringtone stop 2>&-", BTCTL_EXECUTABLE});
+  EXPECT_EQ(refused.Wait(), REFUSED);
 }
 
 TEST_F(WithAService, CtrlCInterruptsARequest) {

@@ -99,7 +99,8 @@ GVariant* BitValue(const std::string& signature, int bit) {
 void ExpectKnown(const btctl::EventDescription& event, const std::string& field, const Json& shown, int bit) {
   const btctl::WordTable* const words = btctl::WordsOfField(event, field);
   if (shown.is_number()) {
-    EXPECT_TRUE(words == nullptr || words->Show(bit).is_number()) << event.name << " " << field;
+    EXPECT_TRUE(words != nullptr ? words->Show(bit).is_number() : btctl::HoldsNumber(event, field))
+        << event.name << " " << field;
     return;
   }
   ASSERT_NE(words, nullptr) << event.name << " " << field;
@@ -133,6 +134,7 @@ TEST_F(Monitoring, ShowsNoWordThatAMatchWouldRefuse) {
       const bool isText = shown == "text" || shown == "00";
       if (isText) {
         EXPECT_EQ(btctl::WordsOfField(event, field), nullptr) << event.name << " " << field;
+        EXPECT_FALSE(btctl::HoldsNumber(event, field)) << event.name << " " << field;
       } else {
         ExpectKnown(event, field, shown, i < events.size() / 2 ? 0 : 1);
       }
@@ -163,6 +165,34 @@ TEST_F(Monitoring, EndsAfterItsTime) {
   const Ran ran = RunBtctl({"monitor", "--seconds", "0.2"});
   EXPECT_EQ(ran.code, 0);
   EXPECT_EQ(ran.output, "");
+}
+
+TEST_F(Monitoring, RefusesAnEmptyTime) {
+  EXPECT_EQ(RunBtctl({"monitor", "--seconds", "", "--timeout", "5"}).code, 2);
+  EXPECT_EQ(RunBtctl({"monitor", "--seconds=", "--timeout", "5"}).code, 2);
+}
+
+TEST_F(Monitoring, EndsWhenItsOutputCannotBeWritten) {
+  for (const char* const command :
+       {"monitor", "wait OnMediaInfoChanged --count 1000", "report --seconds 600"}) {
+    ChildProcess process(
+        {"sh", "-c", std::string("exec \"$0\" ") + command + " > /dev/full", BTCTL_EXECUTABLE});
+    ASSERT_TRUE(WaitUntil([&] {
+      service.Emit("OnMediaInfoChanged", g_variant_new("()"));
+      return !process.IsAlive();
+    })) << command;
+    EXPECT_EQ(process.Wait(), 9) << command;
+    EXPECT_THAT(process.Errors(), testing::HasSubstr("standard output cannot be written to")) << command;
+  }
+}
+
+TEST_F(Monitoring, OfASearchWhoseOutputCannotBeWrittenEndsTheSearch) {
+  Accept("SetScanAction");
+  ChildProcess scan({"sh", "-c", "exec \"$0\" scan --seconds 600 > /dev/full", BTCTL_EXECUTABLE});
+  ASSERT_TRUE(service.WaitForCalls(1));
+  service.Emit("OnScanStatusChanged", g_variant_new("(y)", 1));
+  EXPECT_EQ(scan.Wait(), 9);
+  EXPECT_THAT(service.TakeCallTexts(), ElementsAre("SetScanAction(true,)", "SetScanAction(false,)"));
 }
 
 TEST_F(Monitoring, EndsWhenNobodyReadsAnyMore) {
@@ -222,6 +252,22 @@ TEST_F(Waiting, RefusesAWordThatTheFieldDoesNotKnowWithThoseItKnows) {
   const Ran flag = RunBtctl({"wait", "OnMobileService", "--match", "onService=maybe", "--timeout", "5"});
   EXPECT_EQ(flag.code, 8);
   EXPECT_THAT(flag.errors, testing::HasSubstr("yes, no"));
+}
+
+TEST_F(Waiting, RefusesAWordForANumberAndWhatIsNoAddress) {
+  for (const char* const match : {"callId=abc", "callId=", "callCount=1.5", "callId=99999999999"}) {
+    const Ran ran = RunBtctl({"wait", "OnCallStatusChanged", "--match", match, "--timeout", "5"});
+    EXPECT_EQ(ran.code, 8) << match;
+    EXPECT_THAT(ran.errors, testing::HasSubstr("It is a whole number.")) << match;
+  }
+  EXPECT_EQ(RunBtctl({"wait", "OnConnectStatusChanged", "--match", "address=phone", "--timeout", "5"}).code,
+            7);
+}
+
+TEST_F(Waiting, TakesANumberHoweverItIsWritten) {
+  const auto wait = Start({"OnCallStatusChanged", "--match", "callId=007", "--match", "status=05"});
+  service.Emit("OnCallStatusChanged", g_variant_new("(iyi)", 7, 5, 1));
+  EXPECT_EQ(wait->Wait(), 0) << wait->Errors();
 }
 
 TEST_F(Waiting, NeedsAllMatchesToBeTrue) {

@@ -1,7 +1,12 @@
 // The interactive shell, at a terminal.
 
+#include <csignal>
+#include <fstream>
+#include <sstream>
+
 #include <gmock/gmock.h>
 
+#include "support/TemporaryDirectory.h"
 #include "tools/Btctl.h"
 #include "tools/Terminal.h"
 
@@ -132,6 +137,43 @@ TEST_F(InTheShell, CtrlCLeavesTheSearchInTheHistory) {
   EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("TerminateCall()", "RedialCall()"));
 }
 
+/// The editor keeps what was changed in a line of the history beside that line.
+TEST_F(InTheShell, CtrlCForgetsALineOfTheHistoryThatWasChanged) {
+  Start();
+  terminal->Type("call redial\n");
+  ASSERT_TRUE(terminal->WaitFor("accepted"));
+  for (int i = 0; i < 3; ++i) {
+    terminal->Type("\020x\010 --no-wait\003");  // Ctrl-P, and changes
+    ASSERT_TRUE(terminal->WaitFor("^C"));
+    terminal->Type("\020\020\020\027\027\n");
+    ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  }
+  terminal->Type("\025call accept\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  terminal->Type("quit\n");
+  EXPECT_EQ(terminal->Wait(), 0) << terminal->Screen();
+}
+
+TEST_F(InTheShell, CtrlCEndsAPasteThatHasNoEnd) {
+  Start();
+  terminal->Type("\033[200~call accept\n");
+  ASSERT_FALSE(terminal->WaitFor("accept", std::chrono::milliseconds(100)))
+      << "it is shown when it is complete";
+  terminal->Type("\003");
+  ASSERT_TRUE(terminal->WaitFor("^C")) << terminal->Screen();
+  terminal->Type("call redial\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("RedialCall()"));
+}
+
+TEST_F(InTheShell, EnterAfterEscEndsTheLineToo) {
+  Start();
+  terminal->Type("call redial\033\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  terminal->Type("call redial\n");  // the keys of vi would take these for commands
+  EXPECT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+}
+
 TEST_F(InTheShell, PastedLinesAreCommandsOneAfterTheOther) {
   Start();
   terminal->Type("\033[200~call redial\ncall accept\n\033[201~\n");
@@ -186,6 +228,135 @@ TEST_F(InTheShell, HintsNameCommandsAsTheyAreTypedThere) {
   }
   EXPECT_THAT(terminal->Screen(), testing::HasSubstr("there is no command 'xylophone'"));
   EXPECT_THAT(terminal->Screen(), testing::Not(testing::HasSubstr("'btctl")));
+}
+
+TEST_F(InTheShell, ItsOwnWordsHaveHelpAndTakeBlanks) {
+  Start();
+  for (const char* const line : {"help watch\n", "? quit\n", "help help\n"}) {
+    terminal->Type(line);
+    EXPECT_TRUE(terminal->WaitFor("watch on, watch off")) << line << terminal->Screen();
+    ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  }
+  terminal->Type("? call dial\n");
+  EXPECT_TRUE(terminal->WaitFor("Usage: call dial")) << terminal->Screen();
+  ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  terminal->Type("  watch   off \n");
+  ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  service.Emit("OnHangupCallChanged", g_variant_new("()"));
+  terminal->Type(" call   redial \n");
+  ASSERT_TRUE(terminal->WaitFor("accepted"));
+  EXPECT_EQ(Count(terminal->Screen(), "OnHangupCallChanged"), 0);
+}
+
+TEST_F(InTheShell, ALineMayBeginWithTheNameOfTheProgramAsInExamples) {
+  Start();
+  terminal->Type("btctl call redial\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted"));
+  terminal->Type("btctl call dial \"11 0\"\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted"));
+  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("RedialCall()", "DialCall('11 0',)"));
+}
+
+TEST_F(InTheShell, TheOptionsOfALineHoldForThatLine) {
+  setenv("MWP_LOG_LEVEL", "debug", 1);
+  Start();
+  terminal->Type("scan start --no-wait --verbose\n");
+  EXPECT_TRUE(terminal->WaitFor("libbt 40 libbluetooth/MWPBtClient SetScanAction")) << terminal->Screen();
+  EXPECT_TRUE(terminal->WaitFor("accepted"));
+  ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  terminal->Type("scan start --no-wait --verbose --json\n");
+  EXPECT_TRUE(terminal->WaitFor(R"({"kind":"log","from":"libbt",)")) << terminal->Screen();
+  ASSERT_TRUE(terminal->WaitFor(kPrompt));
+  const int logged = Count(terminal->Screen(), "libbt");
+  terminal->Type("scan start --no-wait\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted"));
+  EXPECT_EQ(Count(terminal->Screen(), "libbt"), logged);
+  terminal->Type("call xylophone --json\n");
+  EXPECT_TRUE(terminal->WaitFor(R"({"kind":"error",)")) << terminal->Screen();
+}
+
+TEST_F(InTheShell, PastedLinesCannotControlTheTerminal) {
+  Start();
+  terminal->Type("\033[200~call redial\n# \033]0;planted\007\n\033[201~\n");
+  ASSERT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  ASSERT_TRUE(terminal->WaitFor("btctl> # ")) << terminal->Screen();
+  EXPECT_TRUE(terminal->WaitFor("planted"));
+  EXPECT_EQ(Count(terminal->Screen(), "\033]0;"), 0) << terminal->Screen();
+}
+
+TEST_F(InTheShell, TheNoteOfAPairingNamesTheCommandAsItIsTypedThere) {
+  TemporaryDirectory directory;
+  const std::string errors = (directory.Path() / "errors").string();
+  terminal.emplace(Words{"/bin/sh", "-c", "exec \"$0\" 2>" + errors, BTCTL_EXECUTABLE});
+  ASSERT_TRUE(terminal->WaitFor(kPrompt)) << terminal->Screen();
+  service.TakeCalls();
+  terminal->Type(std::string("pair ") + kPhone + "\n");
+  ASSERT_TRUE(service.WaitForCalls(1));
+  service.Emit("OnAnswerPairRequest", g_variant_new("(ssby)", kPhone, "123456", FALSE, 0));
+  const auto written = [&] {
+    std::stringstream text;
+    text << std::ifstream(errors).rdbuf();
+    return text.str();
+  };
+  ASSERT_TRUE(WaitUntil([&] { return written().find("123456") != std::string::npos; })) << written();
+  EXPECT_THAT(written(), testing::HasSubstr("; see 'pairing answer --help'"));
+}
+
+TEST_F(InTheShell, AWarningOfGLibIsShownAboveThePromptAsWell) {
+  Start();
+  terminal->Type("call red");
+  ASSERT_TRUE(terminal->WaitFor("call red"));
+  service.EmitRaw("OnOperatorNameChanged", g_variant_new("(ii)", 1, 2));
+  ASSERT_TRUE(terminal->WaitFor("GLib-GIO warning: ")) << terminal->Screen();
+  const std::string before = terminal->Screen().substr(0, terminal->Screen().find("GLib-GIO warning"));
+  EXPECT_THAT(before.substr(before.size() - 10), testing::HasSubstr("\r\033[K"))
+      << "the prompt is wiped first";
+  EXPECT_TRUE(terminal->WaitFor("btctl> call red")) << terminal->Screen();
+}
+
+/// Keys are read while the phone book is fetched for completion, and may complete a line then.
+TEST_F(InTheShell, ALineThatIsTypedWhileTheServiceComesBackIsCarriedOut) {
+  Start();
+  service.Delay("GetContactList", std::chrono::milliseconds(300));
+  service.ReleaseName();
+  ASSERT_TRUE(terminal->WaitFor("the service went away"));
+  service.TakeCalls();
+  service.OwnName();
+  ASSERT_TRUE(terminal->WaitFor("the service is there"));
+  ASSERT_TRUE(service.WaitForCalls(1));
+  terminal->Type("call redial\ncall accept\n");
+  EXPECT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  EXPECT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+}
+
+TEST_F(InTheShell, StoppedAndContinuedItShowsItsPromptAgain) {
+  Start();
+  terminal->Type("call red");
+  ASSERT_TRUE(terminal->WaitFor("call red"));
+  terminal->Signal(SIGSTOP);
+  terminal->BeAsUsual();  // as the user's shell sees to
+  terminal->Signal(SIGCONT);
+  ASSERT_TRUE(terminal->WaitFor("btctl> call red")) << terminal->Screen();
+  EXPECT_FALSE(terminal->IsAsUsual());
+  terminal->Type("\001\013call redial\n");  // Ctrl-A and Ctrl-K, which are no keys of a usual terminal
+  EXPECT_TRUE(terminal->WaitFor("accepted")) << terminal->Screen();
+  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("RedialCall()"));
+}
+
+TEST_F(InTheShell, SigtermLeavesTheTerminalAsItWas) {
+  Start();
+  terminal->Type("call red");
+  ASSERT_TRUE(terminal->WaitFor("call red"));
+  EXPECT_FALSE(terminal->IsAsUsual());
+  terminal->Signal(SIGTERM);
+  EXPECT_EQ(terminal->Wait(), 128 + SIGTERM);
+  EXPECT_TRUE(terminal->IsAsUsual());
+
+  Start();
+  terminal->Type("monitor\n");
+  ASSERT_TRUE(terminal->WaitFor("listening"));
+  terminal->Signal(SIGTERM);
+  EXPECT_EQ(terminal->Wait(), 128 + SIGTERM);
 }
 
 TEST_F(InTheShell, ANoteIsShownAboveThePromptAsWell) {
@@ -316,7 +487,17 @@ TEST_F(FromAPipe, CommandsAreCarriedOutLineByLineUntilOneFails) {
                       BTCTL_EXECUTABLE});
   EXPECT_EQ(shell.Wait(), 1);
   EXPECT_EQ(shell.Output(), "accepted\n");
-  EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("RedialCall()", "AcceptCall()"));
+  EXPECT_THAT(service.TakeCallTexts(),
+              testing::ElementsAre("RedialCall()", "AcceptCall()", "GetPowerStatus()"))
+      << "the last is asked because of the refusal";
+}
+
+TEST_F(FromAPipe, HelpIsThereAsInTheShell) {
+  ChildProcess shell({"sh", "-c", "printf '?\\nhelp call\\nhelp quit\\nbtctl help call dial\\n' | \"$0\"",
+                      BTCTL_EXECUTABLE});
+  EXPECT_EQ(shell.Wait(), 0) << shell.Errors();
+  EXPECT_THAT(shell.Output(), testing::HasSubstr("Exit codes:"));
+  EXPECT_THAT(shell.Output(), testing::HasSubstr("Usage: call dial"));
 }
 
 TEST_F(FromAPipe, LinesMayEndAsInWindows) {

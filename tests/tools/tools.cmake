@@ -21,7 +21,16 @@ target_compile_definitions(tools_btctl_test PRIVATE BT_PUBLIC_HEADERS="${CMAKE_S
 bt_add_test(NAME tools_shell_test SOURCES shell_test.cpp LIBS bt_tools_support)
 
 if(BT_BUILD_SIMULATION)
-  bt_add_test(NAME tools_service_test SOURCES service_test.cpp worlds_test.cpp LIBS bt_tools_support)
+  bt_add_test(NAME tools_service_test SOURCES full_segments_test.cpp refusal_test.cpp service_test.cpp worlds_test.cpp
+    LIBS bt_tools_support)
   target_compile_definitions(tools_service_test PRIVATE BT_WORLDS="${CMAKE_SOURCE_DIR}/service/worlds")
   add_dependencies(tools_service_test btservice)
+
+  # A small round with a fixed seed; by hand, more: see the program.
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  add_test(NAME tools_shell_drive/RoughHandlingInATerminal
+    COMMAND ${CMAKE_SOURCE_DIR}/script/sandbox --service $<TARGET_FILE:btservice> dbus-run-session --
+            ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_LIST_DIR}/shell_drive.py $<TARGET_FILE:btctl> /app/bin/btservice
+            --count 300 --seed 1)
+  set_tests_properties(tools_shell_drive/RoughHandlingInATerminal PROPERTIES TIMEOUT ${BT_TEST_TIMEOUT})
 endif()

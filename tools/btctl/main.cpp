@@ -4,7 +4,7 @@
 //   events/    the seven listener interfaces, turned into one kind of event
 //   output/    text for people, JSON for programs
 //   session/   the library in use: requests beside a main loop, and what is wrong if it does not work
-//   commands/  one line for each facade method: how it is told, read, called and shown
+//   commands/  one line for each facade method: how it is written, read, called and shown
 //   composed/  commands that are more than one request
 //   sim/       the controls of the simulated service
 //   cli/       the command line and the shell
@@ -13,6 +13,7 @@
 #include <clocale>
 #include <cstdlib>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include "btctl/cli/Shell.h"
@@ -25,6 +26,7 @@ using namespace btctl;
 ExitCode Run(Session& session, AnswerStream& answers, const std::vector<std::string>& words, bool json) {
   try {
     answers.ThrowIfFailed();  // before anything is done whose answer nobody would see
+    session.SetGuard([&answers] { answers.ThrowIfFailed(); });
     const Parsed parsed = ParseCommandLine(words);
     if (parsed.help || parsed.command != nullptr) {
       session.ObserveService([&](bool isThere) {
@@ -43,9 +45,24 @@ ExitCode Run(Session& session, AnswerStream& answers, const std::vector<std::str
   }
 }
 
+/// Opens standard input and error if they are closed: else the connection to the bus would take their
+/// numbers, and would get the messages. Standard output is the business of AnswerStream.
+void OpenStandardFiles() {
+  for (const int standard : {STDIN_FILENO, STDERR_FILENO}) {
+    if (fcntl(standard, F_GETFD) < 0) {
+      const int file = open("/dev/null", O_RDWR | O_CLOEXEC);
+      if (file != standard) {
+        dup2(file, standard);
+        close(file);
+      }
+    }
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  OpenStandardFiles();
   std::setlocale(LC_ALL, "");
   const std::vector<std::string> words(argv + 1, argv + argc);
   const auto has = [&](const char* word) {

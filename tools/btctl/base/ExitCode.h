@@ -16,6 +16,7 @@ enum ExitCode : int {
   EXIT_UNKNOWN_NAME = 8,   ///< nothing is called that: a contact, an event, a word for a value
   EXIT_INTERNAL = 9,       ///< none of the above: a full disk, a mistake in this program
   EXIT_INTERRUPTED = 130,  ///< Ctrl-C was pressed before there was an answer
+  EXIT_TERMINATED = 143,   ///< SIGTERM came; as of any program, so in no list
 };
 
 struct ExitCodeDescription {

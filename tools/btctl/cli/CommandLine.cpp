@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <sstream>
@@ -78,6 +79,20 @@ std::string Unguarded(const std::string& word) {
   return !word.empty() && word.front() == kGuard ? word.substr(1) : word;
 }
 
+/// "--seconds=" as two words, the second of which is empty. The parser would take the next word for the
+/// value.
+std::vector<std::string> WithEmptyValues(const std::vector<std::string>& words) {
+  std::vector<std::string> all;
+  for (const std::string& word : words) {
+    const bool hasEmptyValue = word.rfind("--", 0) == 0 && word.find('=') == word.size() - 1;
+    all.push_back(hasEmptyValue ? word.substr(0, word.size() - 1) : word);
+    if (hasEmptyValue) {
+      all.emplace_back();
+    }
+  }
+  return all;
+}
+
 /// The parser of one command and where it puts what is given.
 struct Leaf {
   const Command* command;
@@ -86,10 +101,15 @@ struct Leaf {
   std::deque<bool> flags;
 };
 
+/// The first word of a command: "call" for "call dial".
+std::string GroupOf(const Command& command) { return command.path.substr(0, command.path.find(' ')); }
+
 /// The parser, made from the table of commands.
 class Parser {
  public:
-  Parser() : m_app(kDescription, "btctl") {
+  using IsWanted = std::function<bool(const Command&)>;
+
+  explicit Parser(const IsWanted& isWanted) : m_app(kDescription, "btctl") {
     const auto labels = m_app.get_formatter();
     labels->label("Positionals", "Arguments");
     labels->label("SUBCOMMAND", "COMMAND");
@@ -107,13 +127,16 @@ class Parser {
     m_app.add_flag("--verbose", m_options.verbose, "Print the library's log on standard error");
     m_app.set_version_flag("--version", "btctl " BTCTL_VERSION);
     for (const Command& command : AllCommands()) {
-      AddCommand(command);
+      if (isWanted(command)) {
+        AddCommand(command);
+      }
     }
   }
 
   Parsed Parse(std::vector<std::string> words) {
     Forget();
     Parsed parsed;
+    words = WithEmptyValues(words);
     std::transform(words.begin(), words.end(), words.begin(), Guarded);
     const std::vector<std::string> written = words;
     try {
@@ -143,8 +166,7 @@ class Parser {
   }
 
  private:
-  /// The parser writes where it was told to, and only what is given: the rest would stay from the line
-  /// before.
+  /// The parser writes only what is given: the rest would stay from the line before.
   void Forget() {
     m_app.clear();
     for (Leaf& leaf : m_leaves) {
@@ -193,7 +215,7 @@ class Parser {
     }
   }
 
-  /// How many values it takes. The parser takes whatever follows into a list, unless it is told not to.
+  /// How many values it takes. Without this the parser takes whatever follows into a list.
   static void SetCount(CLI::Option& option, const Argument& argument) {
     if (argument.isMany && !argument.IsOption()) {
       option.expected(0, CLI::detail::expected_max_vector_size);
@@ -213,7 +235,7 @@ class Parser {
     return *app;
   }
 
-  /// What is told of the first word that has no meaning where it is.
+  /// The complaint about the first word that has no meaning where it is.
   Failure Unexpected(const std::vector<std::string>& written) {
     const CLI::App& app = Deepest();
     const std::vector<std::string> unexpected = m_app.remaining(true);
@@ -312,11 +334,24 @@ std::vector<std::string> Split(const std::string& line) {
 
 }  // namespace
 
-Parsed ParseLine(const std::string& line) { return ParseCommandLine(Split(line)); }
+Parsed ParseLine(const std::string& line) {
+  static Parser parser([](const Command&) { return true; });  // making it takes much longer than a line
+  return parser.Parse(Split(line));
+}
 
 Parsed ParseCommandLine(const std::vector<std::string>& words) {
-  static Parser parser;  // making it takes much longer than a line
-  return parser.Parse(words);
+  try {
+    Parser parser([&](const Command& command) {
+      return std::find(words.begin(), words.end(), GroupOf(command)) != words.end();
+    });
+    const Parsed parsed = parser.Parse(words);
+    if (parsed.command != nullptr) {
+      return parsed;
+    }
+  } catch (const Failure&) {
+    // Help and messages name other commands as well.
+  }
+  return Parser([](const Command&) { return true; }).Parse(words);
 }
 
 }  // namespace btctl

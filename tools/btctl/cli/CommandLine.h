@@ -18,7 +18,9 @@ struct Parsed {
   std::optional<std::string> help;  ///< what was asked for instead
 };
 
-/// Reads a command line without the program's name. Throws a Failure if it is wrong.
+/// Reads a command line without the program's name. Throws a Failure if it is wrong. As a parser of all
+/// commands takes as long to make as the rest of a short run, one of those that the words may name comes
+/// first.
 Parsed ParseCommandLine(const std::vector<std::string>& words);
 
 /// The same for a line as a shell reads it, with quotes and comments.

@@ -1,5 +1,6 @@
 #include "btctl/cli/LineEditor.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -7,10 +8,12 @@
 
 #include <glib-unix.h>
 #include <glib/gstdio.h>
+#include <poll.h>
 #include <readline/history.h>
 #include <readline/readline.h>
 #include <unistd.h>
 
+#include "btctl/output/TerminalSafe.h"
 #include "btctl/session/Source.h"
 
 namespace btctl {
@@ -100,19 +103,47 @@ gboolean TakeKey(gint, GIOCondition, gpointer) {
   return G_SOURCE_CONTINUE;
 }
 
-}  // namespace
+/// The editor waits for a key by itself in the middle of some things: a paste that has no end, the question
+/// whether to list so many names. A signal, such as that of Ctrl-C, ends these.
+int GetKey(std::FILE* stream) {
+  pollfd waiting{fileno(stream), POLLIN, 0};
+  const bool isInterrupted = poll(&waiting, 1, -1) < 0 && errno == EINTR;
+  return isInterrupted && RL_ISSTATE(RL_STATE_MOREINPUT) ? EOF : rl_getc(stream);
+}
 
-LineEditor::LineEditor(AnswerStream& terminal, Completer complete)
-    : m_terminal(terminal), m_completer(std::move(complete)), m_historyFile(HistoryFile()) {
-  editor = this;
-  completer = &m_completer;
+/// Forgets the line, and where in the history it came from.
+void ForgetLine() {
+  rl_callback_sigcleanup();  // ends a search, which would else take the next keys
+  rl_free_line_state();
+}
+
+/// The editor's settings; those of the user's inputrc come before them, where there are some.
+void Configure() {
   rl_readline_name = "btctl";
-  rl_outstream = terminal.File();
   rl_catch_signals = 0;  // the main loop has them
+  rl_getc_function = GetKey;
   rl_completer_word_break_characters = const_cast<char*>(kWordBreaks);
   rl_basic_quote_characters = kQuotes;
   rl_completer_quote_characters = kQuotes;
   rl_attempted_completion_function = Attempt;
+  rl_variable_bind("page-completions", "off");  // the pager would hold up the main loop
+  for (const int enter : {'\r', '\n'}) {
+    rl_bind_key_in_map(enter, rl_newline,
+                       emacs_meta_keymap);  // Enter after Esc would switch to the keys of vi
+  }
+}
+
+}  // namespace
+
+LineEditor::LineEditor(AnswerStream& terminal, Completer complete)
+    : m_terminal(terminal),
+      m_completer(std::move(complete)),
+      m_historyFile(HistoryFile()),
+      m_jobs([this] { Leave(); }, [this] { ComeBack(); }) {
+  editor = this;
+  completer = &m_completer;
+  rl_outstream = terminal.File();
+  Configure();
   using_history();
   stifle_history(kLinesOfHistory);
   read_history(m_historyFile.c_str());
@@ -126,30 +157,42 @@ LineEditor::~LineEditor() {
 std::optional<std::string> LineEditor::ReadLine(const std::string& prompt,
                                                 const std::function<void()>& meanwhile) {
   m_line.reset();
+  if (m_hasEnded) {
+    return std::nullopt;
+  }
   if (!m_pasted.empty()) {
     m_line = m_pasted.front();
     m_pasted.pop_front();
-    m_terminal.Write(prompt + *m_line + "\n");
+    m_terminal.Write(prompt + TerminalSafe(*m_line) + "\n");
     return m_line;
   }
-  rl_callback_handler_install(prompt.c_str(), [](char* line) { editor->TakeLine(line); });
+  m_prompt = prompt;
+  ShowPrompt();
   m_isReading = true;
-  {
-    const Source typing(
-        g_unix_fd_add(STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), TakeKey, nullptr));
-    while (!m_line && !m_hasEnded) {
-      g_main_context_iteration(nullptr, TRUE);
-      meanwhile();
-    }
+  m_typing.emplace(
+      g_unix_fd_add(STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), TakeKey, nullptr));
+  while (!m_line && !m_hasEnded) {
+    g_main_context_iteration(nullptr, TRUE);
+    meanwhile();
   }
-  m_isReading = false;
   return m_line;
 }
 
-/// Called by readline. The handler is removed at once, else it would show the next prompt.
-void LineEditor::TakeLine(char* line) {
+void LineEditor::ShowPrompt() {
+  rl_callback_handler_install(m_prompt.c_str(), [](char* line) { editor->TakeLine(line); });
+}
+
+/// Reads no more keys: `meanwhile` may still iterate the loop, and readline ends the program if it gets a key
+/// without a handler.
+void LineEditor::StopReading() {
   rl_callback_handler_remove();
+  m_typing.reset();
   m_isReading = false;
+}
+
+/// Called by readline, which would else show the next prompt at once.
+void LineEditor::TakeLine(char* line) {
+  StopReading();
   if (line == nullptr) {
     m_hasEnded = true;
     m_terminal.Write("\n");
@@ -186,15 +229,41 @@ void LineEditor::PrintAbove(const std::function<void()>& print) {
   rl_redisplay();
 }
 
+/// Gives the terminal back to the user's shell.
+void LineEditor::Leave() {
+  if (m_isReading) {
+    m_terminal.Write("\n");
+    rl_deprep_term_function();
+  }
+}
+
+/// Whatever was done to the terminal in the meantime.
+void LineEditor::ComeBack() {
+  if (m_isReading) {
+    rl_deprep_term_function();
+    rl_prep_term_function(1);
+    rl_resize_terminal();
+    rl_forced_update_display();
+  }
+}
+
+void LineEditor::End() {
+  m_pasted.clear();
+  m_hasEnded = true;
+  if (m_isReading) {
+    ForgetLine();
+    StopReading();
+    m_terminal.Write("\n");
+  }
+}
+
 void LineEditor::Discard() {
   m_pasted.clear();
   if (m_isReading) {
-    rl_callback_sigcleanup();  // ends a search, which would else take the next keys
-    using_history();           // the search went to where it found something
+    ForgetLine();
+    rl_callback_handler_remove();
     m_terminal.Write("^C\n");
-    rl_replace_line("", 0);
-    rl_on_new_line();
-    rl_redisplay();
+    ShowPrompt();
   }
 }
 

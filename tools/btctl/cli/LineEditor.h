@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "btctl/cli/JobControl.h"
 #include "btctl/output/AnswerStream.h"
 
 namespace btctl {
@@ -31,18 +32,27 @@ class LineEditor {
   void PrintAbove(const std::function<void()>& print);
   /// Gives up what has been typed or pasted, and a search of the history.
   void Discard();
+  /// Ends the input, and leaves the terminal as it was.
+  void End();
 
  private:
   void TakeLine(char* line);
+  void ShowPrompt();
+  void StopReading();
+  void Leave();
+  void ComeBack();
   void Remember(const std::string& line);
 
   AnswerStream& m_terminal;
   const Completer m_completer;
   const std::string m_historyFile;
   bool m_isReading = false;
+  std::optional<Source> m_typing;  ///< while it reads
   bool m_hasEnded = false;
+  std::string m_prompt;
   std::optional<std::string> m_line;
   std::deque<std::string> m_pasted;  ///< lines that came with one that was complete
+  const JobControl m_jobs;
 };
 
 }  // namespace btctl

@@ -1,6 +1,11 @@
 #include "btctl/cli/Runner.h"
 
+#include <algorithm>
+#include <iterator>
+#include <sstream>
+
 #include "btctl/base/Failure.h"
+#include "btctl/session/LibraryLog.h"
 
 namespace btctl {
 namespace {
@@ -16,27 +21,28 @@ std::optional<Session::Milliseconds> TimeoutOf(const Parsed& parsed) {
   return Session::Milliseconds(static_cast<std::int64_t>(seconds * 1000));
 }
 
-void Replace(std::string& text, const std::string& part, const std::string& replacement) {
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at)) {
-    text.replace(at, part.size(), replacement);
-    at += replacement.size();
-  }
+/// The library's log as the options of a line want it, while it runs.
+class LogOfLine {
+ public:
+  explicit LogOfLine(const Options& options)
+      : m_before(LibraryLog::Exchange({options.verbose, options.json})) {}
+  ~LogOfLine() { LibraryLog::Exchange(m_before); }
+  LogOfLine(const LogOfLine&) = delete;
+  LogOfLine& operator=(const LogOfLine&) = delete;
+
+ private:
+  const LibraryLog::Display m_before;
+};
+
+/// Whether a line that cannot be read asks for JSON.
+bool AsksForJson(const std::string& line) {
+  std::istringstream words(line);
+  return std::find(std::istream_iterator<std::string>(words), {}, "--json") !=
+         std::istream_iterator<std::string>();
 }
 
-/// A text that names commands as they are typed where the program runs already.
-std::string WithoutProgram(std::string text) {
-  Replace(text, "'btctl --help'", "'help'");
-  Replace(text, "'btctl' has no ", "there is no ");
-  Replace(text, "'btctl ", "'");
-  return text;
-}
-
-Failure WithoutProgram(const Failure& failure) {
-  return {failure.Code(), WithoutProgram(std::string(failure.what())), WithoutProgram(failure.Hint())};
-}
-
-ExitCode Run(Session& session, AnswerStream& answers, const Parsed& parsed, bool isInShell) {
-  Output output(answers, parsed.options.json);
+ExitCode Run(Session& session, AnswerStream& answers, const Parsed& parsed, Origin origin) {
+  Output output(answers, parsed.options.json, origin);
   try {
     if (parsed.help) {
       output.ShowText(*parsed.help);
@@ -49,7 +55,7 @@ ExitCode Run(Session& session, AnswerStream& answers, const Parsed& parsed, bool
     answers.ThrowIfFailed();
     return EXIT_OK;
   } catch (const Failure& failure) {
-    output.Complain(isInShell ? WithoutProgram(failure) : failure);
+    output.Complain(failure);
     return failure.Code();
   } catch (const std::exception& error) {
     output.Complain(Failure(EXIT_INTERNAL, error.what()));
@@ -60,7 +66,7 @@ ExitCode Run(Session& session, AnswerStream& answers, const Parsed& parsed, bool
 }  // namespace
 
 ExitCode RunCommand(Session& session, AnswerStream& answers, const Parsed& parsed) {
-  return Run(session, answers, parsed, false);
+  return Run(session, answers, parsed, Origin::COMMAND_LINE);
 }
 
 ExitCode RunLine(Session& session, AnswerStream& answers, const Options& options, const std::string& line,
@@ -68,6 +74,8 @@ ExitCode RunLine(Session& session, AnswerStream& answers, const Options& options
   try {
     Parsed parsed = ParseLine(line);
     parsed.options.json = parsed.options.json || options.json;
+    parsed.options.verbose = parsed.options.verbose || options.verbose;
+    const LogOfLine log(parsed.options);
     parsed.options.waits = parsed.options.waits && options.waits;
     if (!parsed.options.timeoutSeconds) {
       parsed.options.timeoutSeconds = options.timeoutSeconds;
@@ -75,12 +83,9 @@ ExitCode RunLine(Session& session, AnswerStream& answers, const Options& options
     if (announce && parsed.command != nullptr) {
       announce(*parsed.command);
     }
-    if (parsed.help) {
-      parsed.help = WithoutProgram(*parsed.help);
-    }
-    return Run(session, answers, parsed, true);
+    return Run(session, answers, parsed, Origin::LINE);
   } catch (const Failure& failure) {
-    Output(answers, options.json).Complain(WithoutProgram(failure));
+    Output(answers, options.json || AsksForJson(line), Origin::LINE).Complain(failure);
     return failure.Code();
   }
 }

@@ -1,12 +1,18 @@
 #include "btctl/cli/Shell.h"
 
+#include <csignal>
+#include <cstring>
 #include <iostream>
 #include <set>
+#include <sstream>
+
+#include <glib-unix.h>
 
 #include <bluetooth/MWPBtCom.h>
 
 #include "btctl/commands/ContactNames.h"
 #include "btctl/commands/ToJson.h"
+#include "btctl/session/LibraryLog.h"
 
 namespace btctl {
 namespace {
@@ -31,18 +37,71 @@ std::string Trimmed(const std::string& text) {
 
 bool IsLeaving(const std::string& line) { return line == "quit" || line == "exit"; }
 
+bool IsWordOfTheShell(const std::string& word) {
+  return word == "help" || word == "?" || word == "watch" || word == "clear" || IsLeaving(word);
+}
+
+/// The line with one blank between words outside quotes, and without the program's name, which examples have.
+std::string Normal(const std::string& line) {
+  static constexpr char kProgram[] = "btctl ";
+  const std::string trimmed = Trimmed(line);
+  if (trimmed.find_first_of("\"'\\") != std::string::npos) {
+    return trimmed.rfind(kProgram, 0) == 0 ? Trimmed(trimmed.substr(std::strlen(kProgram))) : trimmed;
+  }
+  std::istringstream words(trimmed);
+  std::string normal;
+  for (std::string word; words >> word;) {
+    normal += (normal.empty() ? "" : " ") + word;
+  }
+  return normal.rfind(kProgram, 0) == 0 ? normal.substr(std::strlen(kProgram)) : normal;
+}
+
+/// What is meant by a line that asks for help.
+struct Help {
+  std::string command;   ///< "call --help"; empty if nothing but the shell's own help is wanted
+  bool isAboutTheShell;  ///< as well
+};
+
+std::optional<Help> HelpIn(const std::string& line) {
+  const std::string word = line.substr(0, line.find(' '));
+  if (word != "help" && word != "?") {
+    return std::nullopt;
+  }
+  const std::string about = Trimmed(line.substr(word.size()));
+  if (about.empty()) {
+    return Help{"--help", true};
+  }
+  return IsWordOfTheShell(about) ? Help{"", true} : Help{about + " --help", false};
+}
+
 }  // namespace
 
 Shell::Shell(Session& session, AnswerStream& terminal, const Options& options)
     : m_session(session),
       m_terminal(terminal),
       m_options(options),
-      m_output(terminal, options.json),
+      m_output(terminal, options.json, Origin::LINE),
       m_editor(terminal, [this](const std::vector<std::string>& before,
                                 const std::string& start) { return Complete(before, start, m_known); }),
+      m_termination(g_unix_signal_add(
+          SIGTERM,
+          [](gpointer self) -> gboolean {
+            static_cast<Shell*>(self)->OnTermination();
+            return G_SOURCE_CONTINUE;
+          },
+          this)),
       m_events(session.Events(), [this](const Event& event) { OnEvent(event); }) {
+  LibraryLog::SetPrinter(
+      [this](const std::string& line) { m_editor.PrintAbove([&] { std::fputs(line.c_str(), stderr); }); });
   m_session.ObserveService([this](bool isThere) { OnService(isThere); });
+  m_session.WatchService();
   m_session.ObserveInterrupt([this] { m_editor.Discard(); });
+}
+
+Shell::~Shell() {
+  m_session.ObserveService(nullptr);
+  m_session.ObserveInterrupt(nullptr);
+  LibraryLog::SetPrinter(nullptr);
 }
 
 ExitCode Shell::Run() {
@@ -54,11 +113,16 @@ ExitCode Shell::Run() {
   while (goesOn) {
     FetchContacts();
     const std::optional<std::string> line = m_editor.ReadLine("btctl> ", [this] { FetchContacts(); });
-    goesOn = line && Handle(Trimmed(*line));
+    goesOn = line && Handle(Normal(*line)) && !m_isTerminated;
   }
-  m_session.ObserveService(nullptr);
-  m_session.ObserveInterrupt(nullptr);
-  return m_code;
+  return m_isTerminated ? EXIT_TERMINATED : m_code;
+}
+
+/// The terminal is left as it was, which it would not be if the signal ended the program.
+void Shell::OnTermination() {
+  m_isTerminated = true;
+  m_editor.End();
+  m_session.Interrupt();
 }
 
 /// Starts the library, and learns by the report of the service which devices there are.
@@ -80,7 +144,7 @@ void Shell::OnEvent(const Event& event) {
   m_known.Learn(event);
   m_areContactsOld = m_areContactsOld || event.Name() == "OnDeletePhoneBookChanged" ||
                      (event.Name() == "OnPBDownloadStatus" && event.Has("status", "completed"));
-  if (m_showsEvents && !m_commandShowsEvents) {
+  if (m_showsEvents && !m_commandShowsEvents && !m_session.Events().HasOwnQuestion()) {
     m_editor.PrintAbove([&] { m_output.ShowEvent(event); });
   }
 }
@@ -123,13 +187,13 @@ bool Shell::Handle(const std::string& line) {
     m_terminal.Write(kClearScreen);
     return true;
   }
-  const bool isGeneralHelp = line == "help" || line == "?";
-  const bool isHelp = isGeneralHelp || line.rfind("help ", 0) == 0;
-  const std::string command = isGeneralHelp ? "--help" : isHelp ? Trimmed(line.substr(4)) + " --help" : line;
-  m_code = RunLine(m_session, m_terminal, m_options, command,
-                   [this](const Command& named) { m_commandShowsEvents = named.showsEvents; });
-  m_commandShowsEvents = false;
-  if (isGeneralHelp) {
+  const std::optional<Help> help = HelpIn(line);
+  if (!help || !help->command.empty()) {
+    m_code = RunLine(m_session, m_terminal, m_options, help ? help->command : line,
+                     [this](const Command& named) { m_commandShowsEvents = named.showsEvents; });
+    m_commandShowsEvents = false;
+  }
+  if (help && help->isAboutTheShell) {
     m_output.ShowText(kShellHelp);
   }
   m_isStarted = m_isStarted || m_code == EXIT_OK;
@@ -139,11 +203,15 @@ bool Shell::Handle(const std::string& line) {
 ExitCode RunLines(Session& session, AnswerStream& answers, const Options& options) {
   std::string line;
   while (std::getline(std::cin, line)) {
-    const std::string command = Trimmed(line);
+    const std::string command = Normal(line);
     if (IsLeaving(command)) {
       break;
     }
-    const ExitCode code = RunLine(session, answers, options, command);
+    const std::optional<Help> help = HelpIn(command);
+    const ExitCode code = RunLine(session, answers, options,
+                                  !help                   ? command
+                                  : help->command.empty() ? "--help"
+                                                          : help->command);
     if (code != EXIT_OK) {
       return code;
     }

@@ -13,15 +13,18 @@ namespace btctl {
 class Shell {
  public:
   Shell(Session& session, AnswerStream& terminal, const Options& options);
+  ~Shell();
+  Shell(const Shell&) = delete;
+  Shell& operator=(const Shell&) = delete;
 
-  /// Until the user leaves. The exit code of the last command, or of a start without a bus.
+  /// Until the user leaves, or SIGTERM comes. The exit code of the last command, or of a start without a bus.
   ExitCode Run();
 
  private:
   void OnEvent(const Event& event);
   void OnService(bool isThere);
+  void OnTermination();
   bool Start();
-  void Greet();
   void FetchContacts();
   /// False if the line ends the shell.
   bool Handle(const std::string& line);
@@ -37,6 +40,8 @@ class Shell {
   bool m_commandShowsEvents = false;
   bool m_isStarted = false;
   bool m_areContactsOld = true;
+  bool m_isTerminated = false;
+  const Source m_termination;
   const EventHub::Subscription m_events;
 };
 

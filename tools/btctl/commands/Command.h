@@ -22,7 +22,7 @@ struct Context {
 /// How long a command may take if the command line does not say.
 enum class Patience { A_WHILE, FOR_EVER };
 
-/// One thing that can be told to btctl.
+/// One command of btctl.
 struct Command {
   std::string path;  ///< "call dial"
   std::string help;

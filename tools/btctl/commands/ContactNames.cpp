@@ -8,6 +8,7 @@
 
 #include "btctl/base/Failure.h"
 #include "btctl/commands/Request.h"
+#include "btctl/output/PlainText.h"
 #include "btctl/output/TerminalSafe.h"
 
 namespace btctl {
@@ -38,6 +39,32 @@ Failure UnknownContact(const std::list<MWPTypeContact>& contacts, const std::str
                            : similar.empty() ? "'btctl contacts list' shows who is there."
                                              : "There is: " + similar + ".";
   return {EXIT_UNKNOWN_NAME, "no contact is called '" + name + "'", hint};
+}
+
+/// How many contacts there are by the word of the service; 0 if it does not say.
+std::size_t TotalOfContacts(Session& session) {
+  try {
+    const int total =
+        MakeRequest(session, Value(), CallOf([] { return MWPBtPbap().GetContactCount(); })).result;
+    return static_cast<std::size_t>(std::max(total, 0));
+  } catch (const Failure&) {
+    return 0;
+  }
+}
+
+/// Asks for the phone book. If the name is not in it, it may be behind its end.
+MWPTypeContact LookUp(Session& session, const std::string& name) {
+  const std::list<MWPTypeContact> contacts = FetchContacts(session);
+  try {
+    return FindContact(contacts, name);
+  } catch (const Failure& failure) {
+    const std::size_t total = contacts.empty() ? 0 : TotalOfContacts(session);
+    if (total <= contacts.size()) {
+      throw;
+    }
+    throw Failure(failure.Code(), failure.what(),
+                  "Not all contacts can be read, " + CutText(contacts.size(), total) + ".");
+  }
 }
 
 std::string FirstNumber(const MWPTypeContact& contact) {
@@ -72,9 +99,9 @@ void ResolveContacts(Context& context, const std::vector<Argument>& arguments, G
     const std::string text = given[i];
     const Meaning meaning = arguments[i].meaning;
     if (meaning == Meaning::NUMBER && !IsNumber(text)) {
-      given.Set(i, FirstNumber(FindContact(FetchContacts(context.session), text)));
+      given.Set(i, FirstNumber(LookUp(context.session, text)));
     } else if (meaning == Meaning::CONTACT && !IsId(text)) {
-      given.Set(i, std::to_string(FindContact(FetchContacts(context.session), text).nContactId));
+      given.Set(i, std::to_string(LookUp(context.session, text).nContactId));
     }
   }
 }

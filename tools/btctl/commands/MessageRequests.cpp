@@ -14,7 +14,7 @@ Argument Handle() { return Text("HANDLE", "of the message"); }
 
 // The service offers no messages yet: most of these are refused by the library itself.
 std::vector<Request> MessageRequests() {
-  return {
+  std::vector<Request> requests{
       {"message download",
        "Start a download",
        BTCTL_METHOD(MWPBtMessage, StartMessageDownload),
@@ -90,6 +90,10 @@ std::vector<Request> MessageRequests() {
        Value(),
        {}},
   };
+  for (Request& request : requests) {
+    request.checks = {NotSupportedYet("messages")};
+  }
+  return requests;
 }
 
 }  // namespace btctl

@@ -76,7 +76,8 @@ std::string OutcomeWatch::ValueOf(const Condition& condition) const {
 
 bool OutcomeWatch::Meets(const Event& event, const Condition& condition) const {
   if (condition.field == kProfile && IsForAPair()) {
-    return event.Has(kProfile, "hfp") || event.Has(kProfile, "a2dp");  // asked for as a pair, told one by one
+    return event.Has(kProfile, "hfp") ||
+           event.Has(kProfile, "a2dp");  // asked for as a pair, reported one by one
   }
   return event.Has(condition.field, ValueOf(condition));
 }

@@ -21,14 +21,14 @@ struct Condition {
 Condition Is(const std::string& field, const std::string& value);
 Condition IsArgument(const std::string& field, std::size_t argument);
 
-/// The event by which the service tells what has come of a request.
+/// The event by which the service reports what has come of a request.
 struct Outcome {
   std::string event;
   /// Only an event with these values is about the request.
   std::vector<Condition> ours;
-  /// With these it tells of success; without any, by coming.
+  /// With these it reports success; if there are none, it always does.
   std::vector<Condition> success;
-  /// With any of these it tells of failure; any other tells that the request is under way.
+  /// With any of these it reports failure; with none of all these, that the request is under way.
   std::vector<Condition> failure;
 };
 
@@ -43,7 +43,7 @@ class OutcomeWatch {
 
   const std::string& EventName() const { return m_outcome.event; }
   bool IsDecided() const;
-  /// Whether both profiles have been told of, if a pair was asked for.
+  /// Whether both profiles have been reported, if a pair was asked for.
   bool IsComplete() const;
   bool IsSuccess() const;
   /// The event that decided, once one has: that of a failure, if there is one.

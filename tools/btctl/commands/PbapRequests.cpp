@@ -13,7 +13,8 @@ Argument Log() { return OneOf("LOG", WordsOf<CallLogType>()); }
 
 /// Shows one of the call logs.
 Request ShowLog(const std::string& log, const std::string& help) {
-  return {"log " + log, help, BTCTL_METHOD(MWPBtPbap, GetCallLogList), {Fixed(log)}, ListOf("call-log"), {}};
+  return {"log " + log, help, BTCTL_METHOD(MWPBtPbap, GetCallLogList), {Fixed(log)}, ListOf("call-log"),
+          {},           {},   BTCTL_METHOD(MWPBtPbap, GetCallLogCount)};
 }
 
 }  // namespace
@@ -25,13 +26,16 @@ std::vector<Request> PbapRequests() {
        BTCTL_METHOD(MWPBtPbap, StopPhoneBookDownload),
        {},
        Accepted(),
-       {}},
+       {},
+       {NoDownloadIsUnderWay()}},
       {"contacts list",
        "Show the phone book",
        BTCTL_METHOD(MWPBtPbap, GetContactList),
        {},
        ListOf("contact"),
-       {}},
+       {},
+       {},
+       BTCTL_METHOD(MWPBtPbap, GetContactCount)},
       {"contacts favorites",
        "Show the favourite contacts",
        BTCTL_METHOD(MWPBtPbap, GetFavContactList),
@@ -44,13 +48,15 @@ std::vector<Request> PbapRequests() {
        BTCTL_METHOD(MWPBtPbap, SetContactFavorite),
        {Contact(), Or(Switch(), "on")},
        Accepted(),
-       Outcome{"OnContactFavoriteChanged", {IsArgument("contactId", 0)}, {IsArgument("favorite", 1)}, {}}},
+       Outcome{"OnContactFavoriteChanged", {IsArgument("contactId", 0)}, {IsArgument("favorite", 1)}, {}},
+       {NoContactHasId(0)}},
       {"contacts delete",
        "Delete a contact",
        BTCTL_METHOD(MWPBtPbap, DeleteContactById),
        {Contact()},
        Accepted(),
-       Deleted()},
+       Deleted(),
+       {NoContactHasId(0)}},
       {"contacts clear",
        "Delete all contacts",
        BTCTL_METHOD(MWPBtPbap, ClearContact),
@@ -73,7 +79,8 @@ std::vector<Request> PbapRequests() {
        BTCTL_METHOD(MWPBtPbap, DeleteCallLogById),
        {Whole("ID", "of the entry")},
        Accepted(),
-       {}},
+       {},
+       {NoLogEntryHasId(0)}},
       {"log clear", "Delete a call log", BTCTL_METHOD(MWPBtPbap, ClearCallLog), {Log()}, Accepted(), {}},
   };
 }

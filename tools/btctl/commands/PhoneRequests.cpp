@@ -3,9 +3,27 @@
 #include "btctl/commands/Tables.h"
 
 namespace btctl {
+namespace {
 
 using namespace MWPBtType;
 using namespace arg;
+
+/// The number of calls stands beside the two that the record has room for.
+struct Calls {
+  int Count() {
+    MWPTypeCallInfo info{};
+    MWPBtPhone().GetCurrentCallInfo(info);
+    return info.nCallCount;
+  }
+};
+
+Checks NeedsPhone() { return {AdapterIsOff(), NoPhoneIsConnected()}; }
+/// In one of these states, or any call.
+Checks NeedsCall(const std::vector<std::string>& states = {}) {
+  return {AdapterIsOff(), NoPhoneIsConnected(), NoCallIs(states)};
+}
+
+}  // namespace
 
 std::vector<Request> PhoneRequests() {
   return {
@@ -20,40 +38,54 @@ std::vector<Request> PhoneRequests() {
        BTCTL_METHOD(MWPBtPhone, GetCurrentMobilePhoneNumber),
        {},
        Known(),
-       {}},
+       {},
+       NeedsPhone()},
 
       {"call list",
        "Show the current calls",
        BTCTL_METHOD(MWPBtPhone, GetCurrentCallInfo),
        {},
        ListOf("call"),
-       {}},
+       {},
+       {},
+       "MWPBtPhone::GetCurrentCallInfo",
+       Bind(&Calls::Count)},
       {"call dial",
        "Dial a number, or a contact",
        BTCTL_METHOD(MWPBtPhone, DialCall),
        {Number()},
        Accepted(),
-       {}},
-      {"call redial", "Dial the last number again", BTCTL_METHOD(MWPBtPhone, RedialCall), {}, Accepted(), {}},
+       {},
+       NeedsPhone()},
+      {"call redial",
+       "Dial the last number again",
+       BTCTL_METHOD(MWPBtPhone, RedialCall),
+       {},
+       Accepted(),
+       {},
+       NeedsPhone()},
       {"call accept",
        "Accept the incoming or waiting call",
        BTCTL_METHOD(MWPBtPhone, AcceptCall),
        {},
        Accepted(),
-       {}},
+       {},
+       NeedsCall({"incoming", "waiting"})},
       {"call reject",
        "Reject the incoming or waiting call",
        BTCTL_METHOD(MWPBtPhone, RejectCall),
        {},
        Accepted(),
-       {}},
-      {"call hangup", "Hang up", BTCTL_METHOD(MWPBtPhone, TerminateCall), {}, Accepted(), {}},
+       {},
+       NeedsCall({"incoming", "waiting"})},
+      {"call hangup", "Hang up", BTCTL_METHOD(MWPBtPhone, TerminateCall), {}, Accepted(), {}, NeedsCall()},
       {"call action",
        "Swap, join or release calls",
        BTCTL_METHOD(MWPBtPhone, MultipleWayCall),
        {OneOf("ACTION", WordsOf<CallAction>()), Or(Whole("ID", "of the call, if one is meant"), "0")},
        Accepted(),
-       {}},
+       {},
+       NeedsCall()},
       {"call status",
        "Show the state of a call",
        BTCTL_METHOD(MWPBtPhone, GetCurCallStatus),
@@ -65,19 +97,22 @@ std::vector<Request> PhoneRequests() {
        BTCTL_METHOD(MWPBtPhone, SendDTMF),
        {Text("TONE", "0 to 9, *, # or A to D")},
        Accepted(),
-       {}},
+       {},
+       NeedsCall({"active"})},
       {"call audio phone",
        "Move the sound of the call to the phone",
        BTCTL_METHOD(MWPBtPhone, SetAudioPrivacy),
        {Fixed("1")},
        Accepted(),
-       Outcome{"OnAudioStatusChanged", {}, {Is("status", "disconnected")}, {}}},
+       Outcome{"OnAudioStatusChanged", {}, {Is("status", "disconnected")}, {}},
+       NeedsCall()},
       {"call audio car",
        "Move the sound of the call to the head unit",
        BTCTL_METHOD(MWPBtPhone, SetAudioPrivacy),
        {Fixed("0")},
        Accepted(),
-       Outcome{"OnAudioStatusChanged", {}, {Is("status", "connected")}, {}}},
+       Outcome{"OnAudioStatusChanged", {}, {Is("status", "connected")}, {}},
+       NeedsCall()},
       {"call audio is-private",
        "Show whether the sound of the call is on the phone",
        BTCTL_METHOD(MWPBtPhone, GetAudioIsPrivacy),
@@ -114,7 +149,8 @@ std::vector<Request> PhoneRequests() {
        BTCTL_METHOD(MWPBtPhone, PlayPreviewRingtone),
        {Text("PATH", "of the file")},
        Accepted(),
-       {}},
+       {},
+       {AdapterIsOff()}},
       {"ringtone stop",
        "Stop the ring tone",
        BTCTL_METHOD(MWPBtPhone, StopPreviewRingtone),

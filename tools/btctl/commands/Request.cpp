@@ -1,5 +1,7 @@
 #include "btctl/commands/Request.h"
 
+#include <algorithm>
+
 #include "btctl/base/Failure.h"
 #include "btctl/commands/ContactNames.h"
 #include "btctl/session/LibraryLog.h"
@@ -17,8 +19,8 @@ bool IsNothing(const Json& result) {
   return result.is_null() || result == 0 || (result.is_string() && result.get<std::string>().empty());
 }
 
-/// Whether a failed call could have been answered like that. A failure to tell a connection is not even
-/// logged.
+/// Whether a failed call could have been answered like that. That the state of a connection could not be had
+/// is not even logged.
 bool MayBeAPreset(const Json& result) { return IsNothing(result) || result.is_object(); }
 
 /// The answer of a call that may have failed. Runs where the call runs: the log is read along by thread.
@@ -42,16 +44,18 @@ Reply Judged(const Call& call) {
   return reply;
 }
 
-void ThrowIfRefused(const Answer& answer, const Reply& reply) {
+/// Nothing if the answer is not a refusal.
+std::optional<Failure> RefusalIn(const Answer& answer, const Reply& reply) {
   if (answer.kind == Kind::KNOWN && IsNothing(reply.result)) {
-    throw Failure(EXIT_REFUSED, "the service does not know");
+    return Failure(EXIT_REFUSED, "the service does not know");
   }
   if ((answer.kind == Kind::OUTS || answer.kind == Kind::LIST) && reply.result == 0) {
-    throw Failure(EXIT_REFUSED, "the service has no answer to that now");
+    return Failure(EXIT_REFUSED, "the service has no answer to that now");
   }
   if (answer.kind == Kind::ACCEPTED && reply.result == 0) {
-    throw Refused();
+    return Refused();
   }
+  return std::nullopt;
 }
 
 /// The members of a record become members of the object; anything else becomes its result.
@@ -71,12 +75,39 @@ Json Shown(const Answer& answer, const Json& result) {
   return value == 0 || value == 1 ? Json(value == 1) : result;
 }
 
+/// How many items there are by the word of the service; 0 if it does not say.
+std::size_t TotalOf(const Request& request, Context& context, const Given& given) {
+  if (!request.count) {
+    return 0;
+  }
+  try {
+    const Call count = request.count(request.arguments, given);
+    const int total = MakeRequest(context.session, Value(), count).result;
+    return static_cast<std::size_t>(std::max(total, 0));
+  } catch (const Failure& failure) {
+    if (failure.Code() == EXIT_INTERRUPTED) {
+      throw;
+    }
+    return 0;  // the list has come, and is shown
+  }
+}
+
+/// A list ends where its segment does, and nothing in it says so.
+void ShowList(const Request& request, Context& context, const Given& given, Reply reply) {
+  const std::size_t total = TotalOf(request, context, given);
+  const auto isCut = [&] { return !reply.outs.front().empty() && reply.outs.front().size() < total; };
+  if (isCut()) {  // or has grown before the items were counted
+    reply = MakeRequest(context.session, request.answer, request.prepare(request.arguments, given));
+  }
+  const Json& items = reply.outs.front();
+  context.output.ShowList(request.answer.names.front(), items);
+  if (isCut()) {
+    context.output.NoteCut(items.size(), total);
+  }
+}
+
 void Show(Context& context, const Request& request, const Reply& reply, const OutcomeWatch* watch) {
   const Answer& answer = request.answer;
-  if (answer.kind == Kind::LIST) {
-    context.output.ShowList(answer.names.front(), reply.outs.front());
-    return;
-  }
   Json object{{"kind", "answer"}, {"command", request.path}};
   if (answer.kind == Kind::ACCEPTED) {
     object["accepted"] = true;
@@ -101,20 +132,27 @@ void Run(const Request& request, Context& context, Given given) {
   if (request.outcome && context.options.waits) {
     watch.emplace(context.session.Events(), *request.outcome, given);
   }
-  const Reply reply = MakeRequest(context.session, request.answer, call);
+  const Reply reply = MakeRequest(context.session, request.answer, call, request.checks, given);
   if (watch) {
     Follow(context, *watch);
   }
-  Show(context, request, reply, watch ? &*watch : nullptr);
+  if (request.answer.kind == Kind::LIST) {
+    ShowList(request, context, given, reply);
+  } else {
+    Show(context, request, reply, watch ? &*watch : nullptr);
+  }
 }
 
 }  // namespace
 
 Failure Refused() { return {EXIT_REFUSED, "the service refused", "'btctl status' shows the current state."}; }
 
-Reply MakeRequest(Session& session, const Answer& answer, const Call& call) {
+Reply MakeRequest(Session& session, const Answer& answer, const Call& call, const Checks& checks,
+                  const Given& given) {
   Reply reply = session.Ask([call] { return Judged(call); });
-  ThrowIfRefused(answer, reply);
+  if (const std::optional<Failure> refusal = RefusalIn(answer, reply)) {
+    throw Explained(*refusal, session, checks, given);
+  }
   return reply;
 }
 
@@ -125,7 +163,7 @@ void Follow(Context& context, const OutcomeWatch& watch) {
   const auto isDecided = [&] { return watch.IsDecided(); };
   context.session.DeliverArrived();
   context.session.WaitUntil(isDecided, ifTooLate);
-  // The other profile of a pair may be told of only when its turn has come, or not at all.
+  // The other profile of a pair may be reported only when its turn has come, or not at all.
   if (!watch.IsComplete() &&
       context.session.WaitUntil([&] { return watch.IsComplete(); }, kOtherProfileComesWithin)) {
     context.session.WaitUntil(isDecided, ifTooLate);
@@ -135,13 +173,17 @@ void Follow(Context& context, const OutcomeWatch& watch) {
   }
 }
 
-Command AsCommand(const Request& request) {
+Command AsCommand(Request request) {
+  const auto shared = std::make_shared<const Request>(std::move(request));
   Command command;
-  command.path = request.path;
-  command.help = request.help;
-  command.arguments = request.arguments;
-  command.methods = {request.method};
-  command.run = [request](Context& context, const Given& given) { Run(request, context, given); };
+  command.path = shared->path;
+  command.help = shared->help;
+  command.arguments = shared->arguments;
+  command.methods = {shared->method};
+  if (!shared->countMethod.empty() && shared->countMethod != shared->method) {
+    command.methods.push_back(shared->countMethod);
+  }
+  command.run = [shared](Context& context, const Given& given) { Run(*shared, context, given); };
   return command;
 }
 

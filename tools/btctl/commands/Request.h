@@ -2,6 +2,7 @@
 #define TOOLS_BTCTL_COMMANDS_REQUEST_H
 
 #include "btctl/commands/Bind.h"
+#include "btctl/commands/Causes.h"
 #include "btctl/commands/Command.h"
 #include "btctl/commands/Outcome.h"
 
@@ -42,15 +43,21 @@ struct Request {
   std::vector<Argument> arguments;
   Answer answer;
   std::optional<Outcome> outcome;
+  Checks checks = {};  ///< what may have stood in the way if it is refused, in that order
+  /// The method that counts the items of a LIST, with the same arguments: the list may be cut.
+  std::string countMethod = {};
+  Prepare count = {};
 };
 
 /// The command that makes the request, shows its answer, and follows it to its outcome.
-Command AsCommand(const Request& request);
+Command AsCommand(Request request);
 
 /// The same in the middle of another command: makes the request and judges its answer, but shows nothing.
-Reply MakeRequest(Session& session, const Answer& answer, const Call& call);
+/// Throws a Failure, with its cause if one of the checks finds it, if it is refused.
+Reply MakeRequest(Session& session, const Answer& answer, const Call& call, const Checks& checks = {},
+                  const Given& given = Given({}));
 
-/// What is told if the service said no; it does not say why.
+/// That the service refused; it does not say why.
 Failure Refused();
 
 /// Waits for the outcome. Throws a Failure if it is one, or does not come.

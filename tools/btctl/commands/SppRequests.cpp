@@ -18,6 +18,11 @@ struct Channel {
 
 Argument Input(const std::string& preset) { return Or(OneOf("--type", WordsOf<HIDTYPE>()), preset); }
 
+/// Of the device that is the first argument.
+Checks NeedsProfile(const std::string& profile) {
+  return {AdapterIsOff(), DeviceIsUnknown(0), DeviceIsNotConnected(0, profile)};
+}
+
 }  // namespace
 
 std::vector<Request> SppRequests() {
@@ -27,40 +32,46 @@ std::vector<Request> SppRequests() {
        BTCTL_METHOD(MWPBtSpp, SetRfCommUuid),
        {Text("UUID", "of the service")},
        Accepted(),
-       {}},
+       {},
+       {AdapterIsOff()}},
       {"spp send",
        "Send text over the serial channel of a device",
        BTCTL_METHOD(MWPBtSpp, SppSendText),
        {Address(), Text("TEXT", "to send")},
        Accepted(),
-       {}},
+       {},
+       NeedsProfile("spp")},
       {"spp send-bytes",
        "Send bytes over the serial channel of a device",
        "MWPBtSpp::SppSendBuffer",
        Bind(&Channel::SendBuffer),
        {Address(), Bytes("BYTES", "to send, in hexadecimal digits")},
        Accepted(),
-       {}},
+       {},
+       NeedsProfile("spp")},
 
       {"hid calibrate",
        "Calibrate the input to a phone",
        BTCTL_METHOD(MWPBtSpp, SetHIDCalibration),
        {Address(), Input("touch")},
        Accepted(),
-       Outcome{"OnHIDCalibration", {}, {Is("success", "yes")}, {Is("success", "no")}}},
+       Outcome{"OnHIDCalibration", {}, {Is("success", "yes")}, {Is("success", "no")}},
+       NeedsProfile("hid")},
       {"hid move",
        "Send a position or movement, and the state of the buttons",
        BTCTL_METHOD(MWPBtSpp, SetHIDSendXY),
        {Address(), Input("touch"), Whole("X", "across"), Whole("Y", "down"),
         Or(Whole("--buttons", "one bit for each button"), "0")},
        Accepted(),
-       {}},
+       {},
+       NeedsProfile("hid")},
       {"hid key",
        "Send a key",
        BTCTL_METHOD(MWPBtSpp, SetHIDSendKey),
        {Address(), Whole("KEY", "its code")},
        Accepted(),
-       {}},
+       {},
+       NeedsProfile("hid")},
   };
 }
 

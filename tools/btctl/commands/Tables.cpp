@@ -15,14 +15,15 @@ void Append(std::vector<Command>& all, std::vector<Command> commands) {
 std::vector<Command> MakeAll() {
   // In the order of the help: what is wanted first, and what is about btctl itself last.
   std::vector<Command> all;
+  all.reserve(200);
   for (const auto commands :
        {OverviewCommands, PowerCommands, ScanCommands, PairCommands, DownloadCommands}) {
     Append(all, commands());
   }
   for (const auto requests :
        {ComRequests, PhoneRequests, PbapRequests, MediaRequests, MessageRequests, SppRequests, BleRequests}) {
-    for (const Request& request : requests()) {
-      all.push_back(AsCommand(request));
+    for (Request& request : requests()) {
+      all.push_back(AsCommand(std::move(request)));
     }
   }
   for (const auto commands : {EventCommands, SimulationCommands, ReferenceCommands}) {

@@ -10,8 +10,8 @@
 
 #include "btctl/base/Json.h"
 
-// The records of the library as JSON objects. What the service means by numbered texts and values is told in
-// the names given to them here, which are those of the service that this tool is developed with.
+// The records of the library as JSON objects. Numbered texts and values have the names here that the service
+// gives them with which this tool is developed.
 
 namespace btctl {
 

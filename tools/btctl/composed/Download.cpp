@@ -17,7 +17,8 @@ Request DownloadRequest() {
           Outcome{"OnPBDownloadStatus",
                   {IsArgument("type", 0)},
                   {Is("status", "completed")},
-                  {Is("status", "stopped"), Is("status", "failed"), Is("status", "refused")}}};
+                  {Is("status", "stopped"), Is("status", "failed"), Is("status", "refused")}},
+          {AdapterIsOff(), NoPhoneIsConnected(), DownloadIsUnderWay()}};
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include "btctl/commands/Request.h"
 #include "btctl/composed/Composed.h"
 
-// What several requests together tell.
+// What several requests together show.
 
 namespace btctl {
 namespace {
@@ -62,6 +62,7 @@ void ShowStatus(Context& context, const Given&) {
 
 /// Asks the service to report its state as events, and passes these on as they arrive.
 void ListenToReport(Context& context, const std::string& seconds, const EventSink& sink) {
+  const EventHub::OwnQuestion own(context.session.Events());
   const EventHub::Subscription events(context.session.Events(), sink);
   MakeRequest(context.session, Nothing(), CallOf([] { MWPBtCom().GetBluetoothServiceStatus(); }));
   const auto atMost = MillisecondsOf(seconds);

@@ -55,7 +55,8 @@ std::optional<Reaction> AskUser(Context& context, const Question& question, cons
   return Reaction{answer == "y" || answer == "Y" || answer == "yes", question.digits};
 }
 
-void Tell(Context& context, const std::string& address, const Question& question, const Reaction& reaction) {
+void PassOn(Context& context, const std::string& address, const Question& question,
+            const Reaction& reaction) {
   const PairRequestState state = question.state;
   const std::string pin = reaction.pin;
   const Call call = reaction.isAccepted ? CallOf([=] { return MWPBtCom().AnswerPair(pin, address, state); })
@@ -69,12 +70,12 @@ void SettleQuestion(Context& context, const std::string& address, const Question
                     const Given& given) {
   try {
     if (const std::optional<Reaction> reaction = AskUser(context, question, given)) {
-      Tell(context, address, question, *reaction);
+      PassOn(context, address, question, *reaction);
     }
   } catch (const Failure& failure) {
     if (failure.Code() == EXIT_INTERRUPTED) {
       context.session.Begin(std::chrono::seconds(2));  // to end what was begun; then it is over
-      Tell(context, address, question, Reaction());
+      PassOn(context, address, question, Reaction());
     }
     throw;
   }
@@ -98,7 +99,8 @@ void Pair(Context& context, const Given& given) {
     }
   });
 
-  MakeRequest(context.session, Accepted(), CallOf([=] { return MWPBtCom().Pair(address, pin); }));
+  MakeRequest(context.session, Accepted(), CallOf([=] { return MWPBtCom().Pair(address, pin); }),
+              {AdapterIsOff(), DeviceIsPairedAlready(ADDRESS), PairingIsUnderWay()}, given);
   Json answer{{"kind", "answer"}, {"command", "pair"}, {"accepted", true}};
   if (context.options.waits) {
     context.session.DeliverArrived();

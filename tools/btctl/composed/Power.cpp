@@ -10,7 +10,7 @@ namespace {
 using namespace MWPBtType;
 
 /// The library does not pass the request on if the adapter is in that state or on its way to it, and answers
-/// 0 as it does for a refusal: the state tells the two apart.
+/// 0 as it does for a refusal: the state shows which of the two it was.
 PowerStatus StatusAfterRequest(Context& context, bool on) {
   if (MakeRequest(context.session, Value(), CallOf([on] { return MWPBtCom().SetPower(on ? 1 : 0); }))
           .result != 0) {

@@ -2,7 +2,7 @@
 #include "btctl/commands/Tables.h"
 #include "btctl/composed/Composed.h"
 
-// What this program knows, told without asking anybody.
+// What this program knows without asking anybody.
 
 namespace btctl {
 namespace {

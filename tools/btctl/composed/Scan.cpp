@@ -13,22 +13,25 @@ void EndScan(Context& context) {
   MakeRequest(context.session, Value(), CallOf([] { return MWPBtCom().SetScanAction(0); }));
 }
 
-/// Searches, and shows what is told meanwhile. The library does not tell which devices are found.
+/// Searches, and shows the events that come meanwhile. None of them names the devices that are found.
 void Scan(Context& context, const Given& given) {
   const auto atMost = MillisecondsOf(given[0]);
   bool hasEnded = false;
   const EventHub::Subscription events(context.session.Events(), [&](const Event& event) {
-    context.output.ShowEvent(event);
+    if (!context.session.Events().HasOwnQuestion()) {
+      context.output.ShowEvent(event);
+    }
     hasEnded = event.Name() == "OnScanStatusChanged" && event.Has("status", "idle");
   });
   try {  // from the request on: it may have reached the service although its answer has not come
-    MakeRequest(context.session, Accepted(), CallOf([] { return MWPBtCom().SetScanAction(1); }));
+    MakeRequest(context.session, Accepted(), CallOf([] { return MWPBtCom().SetScanAction(1); }),
+                {AdapterIsOff(), SearchIsRunning()});
     if (!context.session.WaitUntil([&] { return hasEnded; }, atMost)) {
       EndScan(context);
       context.session.WaitUntil([&] { return hasEnded; }, std::chrono::seconds(1));
     }
   } catch (const Failure& failure) {
-    if (failure.Code() == EXIT_INTERRUPTED) {
+    if (failure.Code() == EXIT_INTERRUPTED || failure.Code() == EXIT_INTERNAL) {
       context.session.Begin(std::chrono::seconds(2));  // to end what was begun; then it is over
       EndScan(context);
     }

@@ -15,7 +15,7 @@ Json Use(Context& context, const std::string& control, const std::vector<std::st
     return context.session.Beside([=] { return UseControl(control, values); });
   } catch (const Failure& failure) {
     if (failure.Code() == EXIT_SERVICE_GONE && (control == "die" || control == "Die")) {
-      return Json::object();  // as it was told to
+      return Json::object();  // as was wanted
     }
     throw;
   }

@@ -42,17 +42,17 @@ void Monitor(Context& context, const Given& given) {
       context.output.ShowEvent(event);
     }
   });
-  const std::string seconds = given[SECONDS];
-  const auto atMost = MillisecondsOf(seconds.empty() ? "0" : seconds);
+  const bool isLimited = given.Has(SECONDS);
+  const auto atMost = MillisecondsOf(isLimited ? given[SECONDS] : "0");
   context.session.SetStays(given[STAY] == "on");
   context.session.Start();
   context.output.Note("listening; Ctrl-C ends it");
   const auto never = [] { return false; };
   try {
-    if (seconds.empty()) {
-      context.session.WaitUntil(never);
-    } else {
+    if (isLimited) {
       context.session.WaitUntil(never, atMost);
+    } else {
+      context.session.WaitUntil(never);
     }
   } catch (const Failure& failure) {
     if (failure.Code() != EXIT_INTERRUPTED) {
@@ -71,6 +71,9 @@ void Wait(Context& context, const Given& given) {
       throw Failure(EXIT_UNKNOWN_NAME,
                     std::string(wanted.name) + " has no value '" + matches.back().first + "'",
                     "'btctl events' lists the fields of each event.");
+    }
+    if (matches.back().first == "address") {
+      CheckAddress(matches.back().second);
     }
     CheckCanHave(wanted, matches.back().first, matches.back().second);
   }

@@ -61,6 +61,14 @@ EventValue SixDigits(unsigned int passkey) {
   return std::string(text);
 }
 
+std::optional<int> NumberIn(const std::string& text) {
+  gint64 number = 0;
+  if (g_ascii_string_to_signed(text.c_str(), 10, G_MININT, G_MAXINT, &number, nullptr) == FALSE) {
+    return std::nullopt;
+  }
+  return static_cast<int>(number);
+}
+
 const EventDescription& FindEvent(const std::string& name) {
   const auto& events = AllEvents();
   const auto found = std::find_if(events.begin(), events.end(),
@@ -85,7 +93,7 @@ const EventValue& Event::Value(const std::string& field) const {
 
 bool Event::Has(const std::string& field, const std::string& value) const {
   const EventValue& has = Value(field);
-  if (has.number && std::to_string(*has.number) == value) {
+  if (has.number && NumberIn(value) == has.number) {
     return true;
   }
   if (has.shown.is_boolean()) {

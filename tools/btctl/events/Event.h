@@ -31,6 +31,9 @@ EventValue Bytes(const void* data, std::size_t length);
 /// A passkey, as it is read out.
 EventValue SixDigits(unsigned int passkey);
 
+/// The whole number that a text is; nothing if it is none.
+std::optional<int> NumberIn(const std::string& text);
+
 struct EventDescription {
   const char* name;  ///< of the listener's method
   std::vector<std::string> fields;
@@ -41,7 +44,7 @@ const std::vector<EventDescription>& AllEvents();
 /// The event of that name, whatever the case of its letters. Throws a Failure if there is none.
 const EventDescription& FindEvent(const std::string& name);
 
-/// Something that a listener was told.
+/// One call of a listener's method.
 struct Event {
   const EventDescription* description;
   std::vector<EventValue> values;  ///< one for each field

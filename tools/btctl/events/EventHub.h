@@ -26,6 +26,20 @@ class EventHub {
     std::list<EventSink>::iterator m_place;
   };
 
+  /// While this exists, events may be the answer to a question that the program asks by itself: they are news
+  /// to nobody, and are not to be shown.
+  class OwnQuestion {
+   public:
+    explicit OwnQuestion(EventHub& hub) : m_hub(hub) { ++m_hub.m_ownQuestions; }
+    ~OwnQuestion() { --m_hub.m_ownQuestions; }
+    OwnQuestion(const OwnQuestion&) = delete;
+    OwnQuestion& operator=(const OwnQuestion&) = delete;
+
+   private:
+    EventHub& m_hub;
+  };
+  bool HasOwnQuestion() const { return m_ownQuestions > 0; }
+
   EventHub() : m_listeners([this](const Event& event) { Deliver(event); }) {}
 
  private:
@@ -36,6 +50,7 @@ class EventHub {
   }
 
   std::list<EventSink> m_sinks;
+  int m_ownQuestions = 0;
   const Listeners m_listeners;  // last: it delivers from its construction on
 };
 

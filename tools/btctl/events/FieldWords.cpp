@@ -17,62 +17,79 @@ const WordTable& YesNoWords() {
   return words;
 }
 
-/// The fields of each event that hold words, in the order of its fields; null for those that do not. An event
-/// that is not here has none.
+/// Stands for any whole number in the table below.
+const WordTable& Numbers() {
+  static const WordTable numbers("", {});
+  return numbers;
+}
+
+/// What the fields of each event hold, in the order of its fields. An event that is not here has none.
 const std::map<std::string, std::vector<const WordTable*>>& Table() {
   static const WordTable* const yesNo = &YesNoWords();
+  static const WordTable* const number = &Numbers();
+  static constexpr const WordTable* text = nullptr;
   // clang-format off
   static const std::map<std::string, std::vector<const WordTable*>> table{
       {"OnOpenBtStatusChanged", {&WordsOf<PowerStatus>()}},
       {"OnBtProfileEnableStatusChanged", {yesNo}},
-      {"OnPairStatusChanged", {&WordsOf<PairStatus>(), &WordsOf<PairFailedReson>(), nullptr}},
-      {"OnAnswerPairRequest", {nullptr, nullptr, yesNo, &WordsOf<PairRequestState>()}},
+      {"OnPairStatusChanged", {&WordsOf<PairStatus>(), &WordsOf<PairFailedReson>(), text}},
+      {"OnAnswerPairRequest", {text, text, yesNo, &WordsOf<PairRequestState>()}},
       {"OnBtCapabilityChanged", {&WordsOf<Capability>(), &SwitchWords()}},
-      {"OnBtAttributeChanged", {&WordsOf<Attribute>(), nullptr}},
+      {"OnBtAttributeChanged", {&WordsOf<Attribute>(), text}},
       {"OnScanStatusChanged", {&WordsOf<ScanStatus>()}},
       {"OnDeletePairStatusChanged", {yesNo}},
-      {"OnConnectStatusChanged", {nullptr, &WordsOf<ProfileId>(), &WordsOf<ConnStatus>()}},
-      {"OnSupportProfileChanged", {nullptr, &WordsOf<ProfileId>()}},
-      {"OnWirelessEnableRequest", {nullptr, nullptr, &WordsOf<SupportType>()}},
+      {"OnOperatorNameChanged", {text}},
+      {"OnConnectStatusChanged", {text, &WordsOf<ProfileId>(), &WordsOf<ConnStatus>()}},
+      {"OnSupportProfileChanged", {text, &WordsOf<ProfileId>()}},
+      {"OnWirelessEnableRequest", {text, text, &WordsOf<SupportType>()}},
       {"OnAndroidAutoPairingResponse", {&WordsOf<HUStatus>()}},
-      {"OnSetDeviceOOBLinkKeyChanged", {nullptr, yesNo}},
+      {"OnSetDeviceOOBLinkKeyChanged", {text, yesNo}},
       {"OnMobileService", {yesNo}},
       {"OnRoamingStatusChanged", {yesNo}},
-      {"OnCallingTimeChanged", {nullptr, nullptr, yesNo}},
-      {"OnCallStatusChanged", {nullptr, &WordsOf<CallStatus>(), nullptr}},
+      {"OnBtSignalChanged", {number}},
+      {"OnBtBatteryChanged", {number}},
+      {"OnCurrentCallInfoChanged", {number}},
+      {"OnCallingTimeChanged", {number, number, yesNo}},
+      {"OnCallStatusChanged", {number, &WordsOf<CallStatus>(), number}},
       {"OnConferenceChanged", {&WordsOf<CallAction>(), yesNo}},
       {"OnAudioStatusChanged", {&WordsOf<AudioStatus>()}},
       {"OnVoiceStatusChanged", {yesNo}},
       {"OnCodecModeChanged", {&WordsOf<CodecMode>()}},
-      {"OnMediaAudioStateChanged", {nullptr, yesNo}},
+      {"OnMediaAudioStateChanged", {text, yesNo}},
       {"OnBtMusicPlayChanged", {&WordsOf<MusicPlayStatus>()}},
+      {"OnCurPositionChanged", {number, number}},
       {"OnSupportAvrcpNotify", {&WordsOf<SupportAvrcpEvent>(), yesNo}},
       {"OnFastForwardChanged", {yesNo}},
       {"OnFastRewindChanged", {yesNo}},
       {"OnSupportBrowserStatusChanged", {yesNo}},
       {"OnCurBrowserPathChanged", {yesNo}},
+      {"OnBrowserFolderItemTotalChanged", {number}},
       {"OnMediaItemToNowPlayingStatus", {yesNo}},
       {"OnSendPlayItemStatus", {yesNo}},
       {"OnPBDownloadStatus", {&WordsOf<PbapStatus>(), &WordsOf<PbapType>()}},
+      {"OnPbDownloadCountChanged", {number, number}},
       {"OnDeletePhoneBookChanged", {yesNo}},
-      {"OnContactFavoriteChanged", {nullptr, yesNo}},
+      {"OnContactFavoriteChanged", {number, yesNo}},
       {"OnMessageDownloadStatus", {&WordsOf<MsgLoadStatus>()}},
-      {"OnMessageStatusNotify", {&WordsOf<MsgStatus>(), nullptr}},
+      {"OnMessageDownloadCountChanged", {number, number}},
+      {"OnMessageStatusNotify", {&WordsOf<MsgStatus>(), text}},
       {"OnMessageSetPropertyStatus", {&WordsOf<SetMsgProStatus>()}},
-      {"OnSppConnectStatus", {nullptr, &WordsOf<SupportType>(), yesNo}},
+      {"OnSppConnectStatus", {text, &WordsOf<SupportType>(), yesNo}},
+      {"OnSppReceiveBufferChanged", {text, text}},
       {"OnHIDCalibration", {yesNo}},
-      {"OnHIDConnection", {nullptr, &WordsOf<ConnStatus>()}},
-      {"OnBleDiscoveryResponse", {yesNo, nullptr}},
-      {"OnBleConnectStatusChanged", {nullptr, &WordsOf<ConnStatus>()}},
-      {"OnBleSmpNotify", {&WordsOf<SmpEvent>(), nullptr, nullptr, nullptr}},
+      {"OnHIDConnection", {text, &WordsOf<ConnStatus>()}},
+      {"OnBleDiscoveryResponse", {yesNo, number}},
+      {"OnBleConnectStatusChanged", {text, &WordsOf<ConnStatus>()}},
+      {"OnBleAllService", {number}},
+      {"OnBleSmpNotify", {&WordsOf<SmpEvent>(), text, number, text}},
+      {"OnBleCharNotify", {number, text}},
+      {"OnBleGAttribResultNotify", {number, text}},
   };
   // clang-format on
   return table;
 }
 
-}  // namespace
-
-const WordTable* WordsOfField(const EventDescription& event, const std::string& field) {
+const WordTable* EntryOf(const EventDescription& event, const std::string& field) {
   const auto row = Table().find(event.name);
   const auto place = std::find(event.fields.begin(), event.fields.end(), field);
   if (row == Table().end() || place == event.fields.end()) {
@@ -81,7 +98,21 @@ const WordTable* WordsOfField(const EventDescription& event, const std::string& 
   return row->second.at(static_cast<std::size_t>(place - event.fields.begin()));
 }
 
+}  // namespace
+
+bool HoldsNumber(const EventDescription& event, const std::string& field) {
+  return EntryOf(event, field) == &Numbers();
+}
+
+const WordTable* WordsOfField(const EventDescription& event, const std::string& field) {
+  return HoldsNumber(event, field) ? nullptr : EntryOf(event, field);
+}
+
 void CheckCanHave(const EventDescription& event, const std::string& field, const std::string& value) {
+  const std::string never = field + " of " + event.name + " is never '" + value + "'";
+  if (HoldsNumber(event, field) && !NumberIn(value)) {
+    throw Failure(EXIT_UNKNOWN_NAME, never, "It is a whole number.");
+  }
   const WordTable* const words = WordsOfField(event, field);
   if (words == nullptr || words->Find(value)) {
     return;
@@ -93,7 +124,7 @@ void CheckCanHave(const EventDescription& event, const std::string& field, const
     names.emplace_back(word.text);
   }
   const std::string suggestion = DidYouMean(value, names, "");
-  throw Failure(EXIT_UNKNOWN_NAME, field + " of " + event.name + " is never '" + value + "'",
+  throw Failure(EXIT_UNKNOWN_NAME, never,
                 suggestion + (suggestion.empty() ? "" : " ") + "It can be: " + known + ".");
 }
 

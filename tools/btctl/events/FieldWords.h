@@ -9,7 +9,10 @@ namespace btctl {
 /// if it holds a text or a number.
 const WordTable* WordsOfField(const EventDescription& event, const std::string& field);
 
-/// Throws a Failure, with the words that the field knows, if it can never have that value.
+/// Whether a field of an event holds a number that stands for itself.
+bool HoldsNumber(const EventDescription& event, const std::string& field);
+
+/// Throws a Failure, with what the field can hold, if it can never have that value.
 void CheckCanHave(const EventDescription& event, const std::string& field, const std::string& value);
 
 }  // namespace btctl

@@ -10,7 +10,7 @@ namespace btctl {
 
 using EventSink = std::function<void(const Event&)>;
 
-/// One listener of each of the seven kinds, which hand all they are told to one sink.
+/// One listener of each of the seven kinds, which pass all their events to one sink.
 ///
 /// A listener hears events from its construction to its destruction, and there is nothing else to call. Make
 /// and destroy this on the thread that runs the main loop, which is the one that the sink is called on.

@@ -8,7 +8,7 @@
 
 namespace btctl {
 
-/// Makes an Event of what a listener is told, and hands it to the sink.
+/// Makes an Event of each call of a listener's method, and hands it to the sink.
 class Reporter {
  public:
   explicit Reporter(EventSink sink) : m_sink(std::move(sink)) {}

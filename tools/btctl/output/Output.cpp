@@ -19,15 +19,22 @@ constexpr int kProgressWidth = 40;
 /// The members that say what an object is, not what it holds.
 bool IsLabel(const std::string& name) { return name == "kind" || name == "command" || name == "control"; }
 
-/// What the event of an outcome tells; no more than that it worked if it has a yes for that.
+/// The values of the event of an outcome; just "done" if one of them is a yes or no.
 std::string OutcomeText(const Json& event) {
   const Json& values = event["values"];
   const bool isYes =
       std::any_of(values.begin(), values.end(), [](const Json& value) { return value.is_boolean(); });
-  Json told = Json::array();
-  std::copy_if(values.begin(), values.end(), std::back_inserter(told),
+  Json shown = Json::array();
+  std::copy_if(values.begin(), values.end(), std::back_inserter(shown),
                [](const Json& value) { return value != "none"; });  // such as the reason why it did not fail
-  return isYes || told.empty() ? "done" : Joined(told, " ");
+  return isYes || shown.empty() ? "done" : Joined(shown, " ");
+}
+
+void Replace(std::string& text, const std::string& part, const std::string& replacement) {
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at)) {
+    text.replace(at, part.size(), replacement);
+    at += replacement.size();
+  }
 }
 
 void WriteError(const std::string& text) {
@@ -52,9 +59,10 @@ bool WantsColours() {
          std::strcmp(terminal, "dumb") != 0;
 }
 
-Output::Output(AnswerStream& answers, bool json)
+Output::Output(AnswerStream& answers, bool json, Origin origin)
     : m_answers(answers),
       m_json(json),
+      m_origin(origin),
       m_style(!json && answers.IsTerminal() && WantsColours()),
       m_errorStyle(!json && isatty(STDERR_FILENO) != 0 && WantsColours()) {}
 
@@ -143,30 +151,58 @@ void Output::ShowEvent(const Event& event) {
 }
 
 void Output::ShowText(const std::string& text) {
-  m_answers.Write(m_json ? ToLine(Json{{"kind", "help"}, {"text", text}}) + "\n" : text);
+  const std::string shown = AsWritten(text);
+  m_answers.Write(m_json ? ToLine(Json{{"kind", "help"}, {"text", shown}}) + "\n" : shown);
 }
 
 void Output::Note(const std::string& text) {
   EndProgress();
-  WriteError(m_json ? ToLine(Json{{"kind", "note"}, {"message", text}}) + "\n"
-                    : "btctl: " + TerminalSafe(text) + "\n");
+  const std::string message = AsWritten(text);
+  WriteError(m_json ? ToLine(Json{{"kind", "note"}, {"message", message}}) + "\n"
+                    : "btctl: " + TerminalSafe(message) + "\n");
+}
+
+void Output::NoteCut(std::size_t listed, std::size_t total) {
+  EndProgress();
+  const std::string message = CutText(listed, total);
+  WriteError(
+      m_json
+          ? ToLine(Json{{"kind", "note"}, {"message", message}, {"listed", listed}, {"total", total}}) + "\n"
+          : "btctl: " + message + "\n");
 }
 
 void Output::Complain(const Failure& failure) {
   EndProgress();
+  const std::string message = AsWritten(failure.what());
+  const std::string hint = AsWritten(failure.Hint());
   if (m_json) {
-    WriteError(ToLine(Json{{"kind", "error"},
-                           {"code", static_cast<int>(failure.Code())},
-                           {"name", NameOf(failure.Code())},
-                           {"message", failure.what()},
-                           {"hint", failure.Hint()}}) +
-               "\n");
+    Json error{{"kind", "error"},
+               {"code", static_cast<int>(failure.Code())},
+               {"name", NameOf(failure.Code())},
+               {"message", message},
+               {"hint", hint}};
+    if (!failure.Cause().empty()) {
+      error["cause"] = failure.Cause();
+    }
+    WriteError(ToLine(error) + "\n");
     return;
   }
-  WriteError(m_errorStyle.Error("btctl: ") + ToText(failure.what()) + "\n");
-  if (!failure.Hint().empty()) {
-    WriteError(ToText(failure.Hint()) + "\n");
+  WriteError(m_errorStyle.Error("btctl: ") + TerminalSafe(message) + "\n");
+  if (!hint.empty()) {
+    WriteError(TerminalSafe(hint) + "\n");
   }
+}
+
+std::string Output::AsWritten(const std::string& text) const {
+  if (m_origin == Origin::COMMAND_LINE) {
+    return text;
+  }
+  std::string written = text;
+  Replace(written, "'btctl --help'", "'help'");
+  Replace(written, "Usage: btctl ", "Usage: ");
+  Replace(written, "'btctl' has no ", "there is no ");
+  Replace(written, "'btctl ", "'");
+  return written;
 }
 
 void Output::ShowProgress(int current, int total) {

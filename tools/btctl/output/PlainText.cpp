@@ -23,7 +23,20 @@ gint64 NumberOf(const Json& value) {
   return number;
 }
 
+/// 32,371
+std::string Grouped(std::size_t number) {
+  std::string digits = std::to_string(number);
+  for (std::size_t place = digits.size(); place > 3; place -= 3) {
+    digits.insert(place - 3, ",");
+  }
+  return digits;
+}
+
 }  // namespace
+
+std::string CutText(std::size_t listed, std::size_t total) {
+  return Grouped(listed) + " of " + Grouped(total) + ": the segment is full";
+}
 
 std::string Joined(const Json& values, const char* separator) {
   std::string joined;

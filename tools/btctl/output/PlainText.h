@@ -18,6 +18,9 @@ std::string ToText(const std::string& name, const Json& value);
 /// Values, one after the other. Those that are empty are left out.
 std::string Joined(const Json& values, const char* separator);
 
+/// "32,371 of 40,000: the segment is full".
+std::string CutText(std::size_t listed, std::size_t total);
+
 /// How many columns a text takes on a terminal.
 std::size_t WidthOf(const std::string& text);
 /// The text, filled up with blanks to that width.

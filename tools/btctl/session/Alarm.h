@@ -20,6 +20,7 @@ class Alarm {
             [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr)) {}
 
   bool HasCome() const { return std::chrono::steady_clock::now() >= m_time; }
+  std::chrono::steady_clock::duration Remaining() const { return m_time - std::chrono::steady_clock::now(); }
 
  private:
   const std::chrono::steady_clock::time_point m_time;

@@ -5,8 +5,8 @@
 
 #include "btctl/base/Failure.h"
 
-// Why the library cannot reach the service. Its interface only says that it cannot: who wants to tell people
-// what to do next looks at the bus.
+// Why the library cannot reach the service. Its interface only says that it cannot; the bus shows why, and so
+// what to do next.
 
 namespace btctl {
 
@@ -15,12 +15,12 @@ enum class Surroundings { COMPLETE, NO_BUS, NO_SERVICE };
 /// Asks the bus. Blocks, but never for long.
 Surroundings LookAround();
 
-/// What to tell the user of a start that failed.
+/// The message to the user about a start that failed.
 Failure WhyNotStarted();
-/// What to tell of a service that was there a moment ago.
+/// The message about a service that was there a moment ago.
 Failure ServiceIsGone();
 
-/// Tells when the service comes and goes, on the thread of the main loop; for the first time soon after the
+/// Reports when the service comes and goes, on the thread of the main loop; for the first time soon after the
 /// construction. A bus that goes away takes the service with it.
 class ServiceWatch {
  public:

@@ -1,8 +1,11 @@
 #include "btctl/session/LibraryLog.h"
 
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
+#include <mutex>
 
 #include <glib.h>
 
@@ -13,7 +16,9 @@ namespace {
 
 constexpr int kError = 100;  // a level of the library's log
 
-LibraryLog::Display display;
+std::atomic<LibraryLog::Display> display;
+std::mutex printerMutex;  // any thread logs
+LibraryLog::Printer printerOfShell;
 thread_local LibraryLog::Errors* collector = nullptr;
 
 std::string FieldOf(const GLogField* fields, gsize count, const char* key) {
@@ -37,8 +42,35 @@ const char* NameOf(GLogLevelFlags level) {
   return (level & G_LOG_LEVEL_WARNING) != 0 ? "warning" : "message";
 }
 
+/// On the thread of the main loop, if there is a printer.
+void Print(const std::string& line) {
+  LibraryLog::Printer printer;
+  {
+    const std::lock_guard<std::mutex> lock(printerMutex);
+    printer = printerOfShell;
+  }
+  if (printer) {
+    printer(line);
+  } else {
+    std::fputs(line.c_str(), stderr);
+  }
+}
+
 void Show(const Json& line, const std::string& text) {
-  std::fprintf(stderr, "%s\n", (display.isJson ? ToLine(line) : TerminalSafe(text)).c_str());
+  const std::string shown = (display.load().isJson ? ToLine(line) : TerminalSafe(text)) + "\n";
+  {
+    const std::lock_guard<std::mutex> lock(printerMutex);
+    if (printerOfShell) {
+      g_idle_add(
+          [](gpointer data) -> gboolean {
+            Print(*std::unique_ptr<std::string>(static_cast<std::string*>(data)));
+            return G_SOURCE_REMOVE;
+          },
+          new std::string(shown));
+      return;
+    }
+  }
+  std::fputs(shown.c_str(), stderr);
 }
 
 /// What GLib and others complain of.
@@ -66,7 +98,7 @@ void LibraryLog::Take(Display wanted) {
     if (std::atoi(libraryLevel.c_str()) >= kError) {
       Note(message);
     }
-    if (display.isShown) {
+    if (display.load().isShown) {
       const std::string file = FieldOf(fields, count, "CODE_FILE");
       const std::string function = FieldOf(fields, count, "CODE_FUNC");
       Show({{"kind", "log"},
@@ -81,6 +113,13 @@ void LibraryLog::Take(Display wanted) {
   };
   g_log_set_writer_func(write, nullptr, nullptr);
 }
+
+void LibraryLog::SetPrinter(const Printer& printer) {
+  const std::lock_guard<std::mutex> lock(printerMutex);
+  printerOfShell = printer;
+}
+
+LibraryLog::Display LibraryLog::Exchange(Display wanted) { return display.exchange(wanted); }
 
 void LibraryLog::Note(const std::string& error) {
   if (collector != nullptr && collector->m_first.empty()) {

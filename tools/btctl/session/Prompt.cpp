@@ -44,7 +44,7 @@ std::string Prompt(Session& session, const std::string& question) {
   try {
     session.WaitUntil([&] { return input.isComplete; });
   } catch (const Failure&) {
-    std::fputs("\n", stderr);  // what is told of it begins a line of its own
+    std::fputs("\n", stderr);  // the message about it begins on a new line
     throw;
   }
   if (input.hasEnded) {

@@ -14,7 +14,7 @@ namespace btctl {
 namespace {
 
 std::mutex startMutex;  // two threads may start the library if the first one was left to itself
-bool isStarted = false;
+std::atomic<bool> isStarted{false};
 
 }  // namespace
 
@@ -22,32 +22,29 @@ Session::Session()
     : m_interrupts(g_unix_signal_add(
           SIGINT,
           [](gpointer self) -> gboolean {
-            static_cast<Session*>(self)->OnInterrupt();
+            static_cast<Session*>(self)->Interrupt();
             return G_SOURCE_CONTINUE;
           },
           this)) {}
 
 Session::~Session() {
-  m_use.reset();  // the library is stopped after the last listener is gone
+  m_watch.reset();
+  m_events.reset();  // the library is stopped after the last listener is gone
   if (!m_hasLeftThreads && isStarted) {
     MWP_DestroyBlueTooth();
     isStarted = false;
   }
 }
 
-Session::Use& Session::InUse() {
-  if (!m_use) {
-    m_use.emplace(*this);
+EventHub& Session::Events() {
+  if (!m_events) {
+    m_events.emplace();
   }
-  return *m_use;
+  return *m_events;
 }
 
 void Session::Start() {
-  InUse();  // listeners first: they then hear all from the start on
-  Beside(StartLibrary);
-  if (!m_isServiceThere) {
-    m_isServiceThere = true;  // known before the watch has told
-  }
+  Ask([] {});
 }
 
 void Session::StartLibrary() {
@@ -91,9 +88,20 @@ void Session::RunBeside(std::function<void()> task) {
   }
 }
 
+/// Made when it is needed first. If the service is gone by then, its first report says so.
+void Session::WatchService() {
+  if (!m_watch) {
+    m_watch.emplace([this](bool isThere) { OnService(isThere); });
+  }
+}
+
 void Session::WaitUntil(const std::function<bool()>& condition) {
+  WatchService();
   while (!condition()) {
     ThrowIfOver();
+    if (m_guard) {
+      m_guard();
+    }
     if (m_isServiceGone && !m_stays) {
       throw ServiceIsGone();
     }
@@ -134,16 +142,23 @@ void Session::Begin(std::optional<Milliseconds> timeout) {
   }
 }
 
+void Session::Hasten(Milliseconds atMost) {
+  if (!m_deadline || m_deadline->Remaining() > atMost) {
+    m_deadline.emplace(atMost);
+  }
+}
+
 void Session::OnService(bool isThere) {
-  const bool isNews = m_isServiceThere.has_value() && *m_isServiceThere != isThere;
-  m_isServiceGone = !isThere && (m_isServiceGone || m_isServiceThere.value_or(false));
+  const bool wasThere = m_isServiceThere.value_or(isStarted);  // it answers at the start of the library
+  const bool isNews = (m_isServiceThere || isStarted) && wasThere != isThere;
+  m_isServiceGone = !isThere && (m_isServiceGone || wasThere);
   m_isServiceThere = isThere;
   if (isNews && m_observer) {
     m_observer(isThere);
   }
 }
 
-void Session::OnInterrupt() {
+void Session::Interrupt() {
   m_isInterrupted = true;
   if (m_interruptObserver) {
     m_interruptObserver();

@@ -40,8 +40,11 @@ class Session {
   /// interrupts, and what `request` throws.
   template <typename Request>
   auto Ask(Request request) {
-    Start();
-    return Beside(request);
+    Events();  // listeners first: they then hear all from the start on
+    return Beside([request] {
+      StartLibrary();
+      return request();
+    });
   }
 
   /// Starts the library, if it has not been started.
@@ -70,39 +73,39 @@ class Session {
   /// Lets all events that have already arrived be delivered.
   void DeliverArrived();
 
-  EventHub& Events() { return InUse().events; }
+  EventHub& Events();
 
   /// Begins a command: its time starts now.
   void Begin(std::optional<Milliseconds> timeout);
+  /// Leaves the command no more than that time from now on.
+  void Hasten(Milliseconds atMost);
   /// Whether waiting goes on while the service is away.
   void SetStays(bool stays) { m_stays = stays; }
   bool Stays() const { return m_stays; }
-  /// Is told, from now on, when the service comes and goes.
+  /// Is called when the service comes and goes, as far as that is watched: while something is waited for, and
+  /// after WatchService().
   void ObserveService(ServiceWatch::Observer observer) { m_observer = std::move(observer); }
-  /// Is called at Ctrl-C, beside what that does to those who wait.
+  void WatchService();
+  /// Is called again and again in WaitUntil, and ends the waiting by throwing a Failure.
+  void SetGuard(std::function<void()> guard) { m_guard = std::move(guard); }
+  /// Is called at Ctrl-C, in addition to what that does to those who wait.
   void ObserveInterrupt(std::function<void()> observer) { m_interruptObserver = std::move(observer); }
+
+  /// As Ctrl-C does.
+  void Interrupt();
 
   /// True if a request was left to itself: the program must then end without clearing up.
   bool HasLeftThreads() const { return m_hasLeftThreads; }
 
  private:
-  /// What begins to exist with the first use of the library.
-  struct Use {
-    explicit Use(Session& session) : watch([&session](bool isThere) { session.OnService(isThere); }) {}
-
-    EventHub events;
-    const ServiceWatch watch;
-  };
-
   static void StartLibrary();
-  Use& InUse();
   void RunBeside(std::function<void()> task);
   void OnService(bool isThere);
-  void OnInterrupt();
   void ThrowIfOver() const;
 
   const Source m_interrupts;
-  std::optional<Use> m_use;
+  std::optional<EventHub> m_events;
+  std::optional<ServiceWatch> m_watch;
   std::optional<Alarm> m_deadline;
   bool m_isInterrupted = false;
   std::optional<bool> m_isServiceThere;
@@ -111,6 +114,7 @@ class Session {
   bool m_hasLeftThreads = false;
   ServiceWatch::Observer m_observer;
   std::function<void()> m_interruptObserver;
+  std::function<void()> m_guard;
 };
 
 }  // namespace btctl

@@ -6,7 +6,7 @@
 
 namespace btctl {
 
-// The service itself tells what controls it has, but not what they are good for.
+// The service itself says which controls it has, but not what they are for.
 
 /// What a control does; empty for one that came later than this program.
 std::string HelpOfControl(const std::string& control);

@@ -22,7 +22,7 @@ Failure NoControls() {
           "Only the simulated service, btservice, has them."};
 }
 
-/// The shared connection, and what the service tells of its controls.
+/// The shared connection, and the description of the controls that the service gives.
 class Control {
  public:
   Control() {
@@ -112,7 +112,7 @@ GVariant* Pack(const GDBusMethodInfo& method, const std::vector<std::string>& va
     throw Failure(EXIT_USAGE,
                   CommandOf(method.name) + " takes " + std::to_string(arguments.size()) + " values, not " +
                       std::to_string(values.size()),
-                  "btctl sim " + CommandOf(method.name) + names);
+                  "They are: 'btctl sim " + CommandOf(method.name) + names + "'.");
   }
   std::vector<VariantPtr> owned;  // until the tuple holds them
   std::vector<GVariant*> children;

@@ -7,8 +7,8 @@
 #include "btctl/base/Json.h"
 
 // The controls of the simulated service: what a test or a developer does to it that no phone and no user
-// could. They are no part of the library, so this is the one place that talks D-Bus by itself. What controls
-// there are the service tells by itself. All of it blocks.
+// could. They are not part of the library, so this is the one place that talks D-Bus by itself. The service
+// is asked which controls there are. All of it blocks.
 
 namespace btctl {
 
