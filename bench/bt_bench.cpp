@@ -31,11 +31,8 @@ struct Section {
 };
 
 constexpr Section kSections[] = {
-    {"requests", MeasureRequests},
-    {"events", MeasureEvents},
-    {"start", MeasureStart},
-    {"contacts", MeasureContacts},
-    {"btctl", MeasureCommandLine},
+    {"requests", MeasureRequests}, {"events", MeasureEvents},     {"start", MeasureStart},
+    {"contacts", MeasureContacts}, {"btctl", MeasureCommandLine},
 };
 
 struct Options {
