@@ -1,4 +1,4 @@
-"""Calls of the controls, with arguments that are made from the signatures in the description of the interface."""
+"""Calls of an interface, with arguments that are made from the signatures in the description of the interface."""
 import xml.etree.ElementTree as ElementTree
 
 import odd_values
@@ -47,7 +47,7 @@ def text(name, random):
     """Without NUL, since the bus lets none pass."""
     if name == "device":
         return device(random)
-    if name == "address" and random.random() < 0.8:
+    if "addr" in name.lower() and random.random() < 0.8:
         return random.choice(KNOWN)
     if name in WORDS and random.random() < 0.8:
         return random.choice(WORDS[name])
@@ -88,6 +88,12 @@ def argument(name, kind, random, service_names):
         return integer(name, random)
     if kind == "u":
         return random.choice(UNSIGNED)
+    if kind == "y":
+        return random.choice([0, 1, 2, 3, 6, 7, 127, 128, 255])
+    if kind == "(yy)":
+        return random.choice([(0, 0), (1, 2), (255, 255)])
+    if kind == "v":
+        return variant(random)
     if kind == "ay":
         return random.randbytes(random.choice([0, 1, 4, 1000])) if random.random() < 0.95 else bytes(HUGE)
     if kind == "av":

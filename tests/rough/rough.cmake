@@ -1,11 +1,13 @@
-# Rough handling of the service: files that are bent, and odd calls of its controls. A fixed seed and few cases here; by
-# hand, files_test.py and controls_test.py take --count and --seed for more.
+# Rough handling of the service: files that are bent, and odd calls of its controls and of its own methods. A fixed seed and few cases here; by
+# hand, files_test.py and calls_test.py take --count and --seed for more.
 if(BT_TEST_SERVICE AND BT_BUILD_SIMULATION)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
   set(rough ${CMAKE_SOURCE_DIR}/script/sandbox --service $<TARGET_FILE:btservice> dbus-run-session --
             ${Python3_EXECUTABLE})
   file(GLOB worlds CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/service/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/../service/*.json)
   list(FILTER worlds EXCLUDE REGEX "schema\\.json$")
+  set(interfaces ${CMAKE_SOURCE_DIR}/service/com.zelk.linux.bluetooth.sim.xml
+                 ${CMAKE_SOURCE_DIR}/ipc/D-Bus/com.zelk.linux.bluetooth.xml)
   set(memory 1024)
   if(BT_SANITIZE)
     set(memory 0) # it keeps what was freed
@@ -14,9 +16,11 @@ if(BT_TEST_SERVICE AND BT_BUILD_SIMULATION)
   add_test(NAME rough/BentFilesAreRefusedOrServed
     COMMAND ${rough} ${CMAKE_CURRENT_LIST_DIR}/files_test.py --count 120 --memory ${memory} ${worlds})
   add_test(NAME rough/OddCallsAreAnswered
-    COMMAND ${rough} ${CMAKE_CURRENT_LIST_DIR}/controls_test.py --count 300 --memory ${memory}
-            ${CMAKE_SOURCE_DIR}/service/com.zelk.linux.bluetooth.sim.xml
-            ${CMAKE_SOURCE_DIR}/ipc/D-Bus/com.zelk.linux.bluetooth.xml ${worlds})
-  set_tests_properties(rough/BentFilesAreRefusedOrServed rough/OddCallsAreAnswered PROPERTIES
+    COMMAND ${rough} ${CMAKE_CURRENT_LIST_DIR}/calls_test.py --count 600 --memory ${memory} ${interfaces} ${worlds})
+  add_test(NAME rough/OddRequestsAreAnswered
+    COMMAND ${rough} ${CMAKE_CURRENT_LIST_DIR}/calls_test.py --requests --count 600 --memory ${memory} ${interfaces}
+            ${worlds})
+  set_tests_properties(rough/BentFilesAreRefusedOrServed rough/OddCallsAreAnswered
+                       rough/OddRequestsAreAnswered PROPERTIES
     TIMEOUT 240 SKIP_RETURN_CODE 77 LABELS service)
 endif()

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""Calls the controls of a living service with odd and hostile arguments, in random order, and judges it from outside: it
+"""Calls the methods of a living service with odd and hostile arguments, in random order, and judges it from outside: it
 answers each call with a result or a D-Bus error, takes no more memory than it may, and ends at SIGTERM in time.
 
-Runs in script/sandbox, on a bus. Usage: controls_test.py [--count N] [--seed N] CONTROLS_XML SERVICE_XML WORLD...
+Runs in script/sandbox, on a bus. Usage: calls_test.py [--count N] [--seed N] [--requests] CONTROLS_XML SERVICE_XML WORLD...
+--requests: calls the methods of the service itself in place of the controls of the simulation.
 """
 import argparse
 import collections
@@ -40,6 +41,7 @@ class Run:
         self.bus = Bus(options.bound)
         self.counts = collections.Counter()
         self.most_memory = 0
+        self.target = SERVICE if options.requests else CONTROLS
         interface = ElementTree.parse(options.service)
         self.service_names = [node.get("name") for kind in ("method", "signal") for node in interface.iter(kind)]
         world = source.choice(options.worlds)
@@ -55,7 +57,7 @@ class Run:
     def call_oddly(self, method):
         arguments = odd_calls.arguments(method, self.random, self.service_names)
         try:
-            self.call(CONTROLS, method.name, method.signature, arguments)
+            self.call(self.target, method.name, method.signature, arguments)
             self.counts["answered"] += 1
         except CallError as problem:
             if problem.name == NO_REPLY:
@@ -117,6 +119,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--count", type=int, default=400)
     parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--requests", action="store_true", help="call the service itself, not the controls")
     parser.add_argument("--bound", type=float, default=30, help="seconds in which an answer, a start and an end must come")
     parser.add_argument("--memory", type=int, default=1024, help="MiB that the service may have; 0: any")
     parser.add_argument("controls", type=pathlib.Path, help="the description of the controls")
@@ -125,7 +128,8 @@ def main():
     options = parser.parse_args()
 
     # Die does what it is asked for.
-    methods = [method for method in odd_calls.methods_of(options.controls) if method.name != "Die"]
+    methods = [method for method in odd_calls.methods_of(options.service if options.requests else options.controls)
+               if method.name != "Die"]
     with tempfile.TemporaryDirectory() as folder:
         run = Run(options, random.Random(options.seed), pathlib.Path(folder))
         try:
