@@ -133,7 +133,7 @@ void ForEachListener(MWPBtClient& client, const char* event, Notify notify) {
 
 /// Hands an event to every listener of its kind.
 template <typename Listener, typename... Params, typename... Args>
-void Tell(MWPBtClient& client, const char* event, void (Listener::*method)(Params...), const Args&... args) {
+void Send(MWPBtClient& client, const char* event, void (Listener::*method)(Params...), const Args&... args) {
   ForEachListener<Listener>(client, event, [&](Listener& listener) { (listener.*method)(args...); });
 }
 
@@ -145,101 +145,101 @@ MWPBtClient::~MWPBtClient() { Walk::MarkClientGone(*this); }
 
 void MWPBtClient::OnOpenBtStatusChanged(MWPBtType::PowerStatus status) {
   MWP_LOG_AT(976, MWP_LOG_DEBUG, "[btclient][MWPBtClient::OnOpenBtStatusChanged] %d", status);
-  Tell(*this, __func__, &IMWPBtComListener::OnOpenBtStatusChanged, status);
+  Send(*this, __func__, &IMWPBtComListener::OnOpenBtStatusChanged, status);
 }
 void MWPBtClient::OnBtProfileEnableStatusChanged(int enabled) {
   MWP_LOG_AT(991, MWP_LOG_DEBUG, "[btclient][MWPBtClient::OnBtProfileEnableStatusChanged] %d", enabled);
-  Tell(*this, __func__, &IMWPBtComListener::OnBtProfileEnableStatusChanged, enabled);
+  Send(*this, __func__, &IMWPBtComListener::OnBtProfileEnableStatusChanged, enabled);
 }
 void MWPBtClient::OnPairStatusChanged(MWPBtType::PairStatus status, MWPBtType::PairFailedReson reason,
                                       const std::string& address) {
-  Tell(*this, __func__, &IMWPBtComListener::OnPairStatusChanged, status, reason, address);
+  Send(*this, __func__, &IMWPBtComListener::OnPairStatusChanged, status, reason, address);
 }
 void MWPBtClient::OnAnswerPairRequest(const std::string& address, const std::string& pinCode,
                                       int androidAutoRequest, MWPBtType::PairRequestState state) {
-  Tell(*this, __func__, &IMWPBtComListener::OnAnswerPairRequest, address, pinCode, androidAutoRequest, state);
+  Send(*this, __func__, &IMWPBtComListener::OnAnswerPairRequest, address, pinCode, androidAutoRequest, state);
 }
 void MWPBtClient::OnBtCapabilityChanged(MWPBtType::Capability capability, int value) {
-  Tell(*this, __func__, &IMWPBtComListener::OnBtCapabilityChanged, capability, value);
+  Send(*this, __func__, &IMWPBtComListener::OnBtCapabilityChanged, capability, value);
 }
 void MWPBtClient::OnBtAttributeChanged(MWPBtType::Attribute attribute, const std::string& value) {
-  Tell(*this, __func__, &IMWPBtComListener::OnBtAttributeChanged, attribute, value);
+  Send(*this, __func__, &IMWPBtComListener::OnBtAttributeChanged, attribute, value);
 }
 void MWPBtClient::OnScanStatusChanged(MWPBtType::ScanStatus status) {
-  Tell(*this, __func__, &IMWPBtComListener::OnScanStatusChanged, status);
+  Send(*this, __func__, &IMWPBtComListener::OnScanStatusChanged, status);
 }
 void MWPBtClient::OnDeletePairStatusChanged(int status) {
-  Tell(*this, __func__, &IMWPBtComListener::OnDeletePairStatusChanged, status);
+  Send(*this, __func__, &IMWPBtComListener::OnDeletePairStatusChanged, status);
 }
 void MWPBtClient::OnOperatorNameChanged(const std::string& name) {
   MWP_LOG_AT(1183, MWP_LOG_INFO, "%s()", __func__);
-  Tell(*this, __func__, &IMWPBtComListener::OnOperatorNameChanged, name);
+  Send(*this, __func__, &IMWPBtComListener::OnOperatorNameChanged, name);
 }
 void MWPBtClient::OnConnectStatusChanged(const std::string& address, MWPBtType::ProfileId profile,
                                          MWPBtType::ConnStatus status) {
   MWP_LOG_AT(1201, MWP_LOG_INFO, "%s()", __func__);
-  Tell(*this, __func__, &IMWPBtComListener::OnConnectStatusChanged, address, profile, status);
+  Send(*this, __func__, &IMWPBtComListener::OnConnectStatusChanged, address, profile, status);
 }
 void MWPBtClient::OnSupportProfileChanged(const std::string& address, MWPBtType::ProfileId profile) {
-  Tell(*this, __func__, &IMWPBtComListener::OnSupportProfileChanged, address, profile);
+  Send(*this, __func__, &IMWPBtComListener::OnSupportProfileChanged, address, profile);
 }
 void MWPBtClient::OnWirelessEnableRequest(const std::string& address, const std::string& name,
                                           MWPBtType::SupportType type) {
-  Tell(*this, __func__, &IMWPBtComListener::OnWirelessEnableRequest, address, name, type);
+  Send(*this, __func__, &IMWPBtComListener::OnWirelessEnableRequest, address, name, type);
 }
 void MWPBtClient::OnAndroidAutoPairingResponse(MWPBtType::HUStatus status) {
-  Tell(*this, __func__, &IMWPBtComListener::OnAndroidAutoPairingResponse, status);
+  Send(*this, __func__, &IMWPBtComListener::OnAndroidAutoPairingResponse, status);
 }
 void MWPBtClient::OnSetDeviceOOBLinkKeyChanged(const std::string& address, int success) {
-  Tell(*this, __func__, &IMWPBtComListener::OnSetDeviceOOBLinkKeyChanged, address, success);
+  Send(*this, __func__, &IMWPBtComListener::OnSetDeviceOOBLinkKeyChanged, address, success);
 }
 
 // To IMWPBtPhoneListener
 
 void MWPBtClient::OnMobileService(int onService) {
-  Tell(*this, __func__, &IMWPBtPhoneListener::OnMobileService, onService);
+  Send(*this, __func__, &IMWPBtPhoneListener::OnMobileService, onService);
 }
 void MWPBtClient::OnRoamingStatusChanged(int roaming) {
   MWP_LOG_AT(1283, MWP_LOG_INFO, "%s()", __func__);
-  Tell(*this, __func__, &IMWPBtPhoneListener::OnRoamingStatusChanged, roaming);
+  Send(*this, __func__, &IMWPBtPhoneListener::OnRoamingStatusChanged, roaming);
 }
 void MWPBtClient::OnBtSignalChanged(unsigned char signal) {
-  Tell(*this, __func__, &IMWPBtPhoneListener::OnBtSignalChanged, signal);
+  Send(*this, __func__, &IMWPBtPhoneListener::OnBtSignalChanged, signal);
 }
 void MWPBtClient::OnBtBatteryChanged(unsigned char battery) {
-  Tell(*this, __func__, &IMWPBtPhoneListener::OnBtBatteryChanged, battery);
+  Send(*this, __func__, &IMWPBtPhoneListener::OnBtBatteryChanged, battery);
 }
 void MWPBtClient::OnCurrentCallInfoChanged(int callCount) {
-  Tell(*this, __func__, &IMWPBtPhoneListener::OnCurrentCallInfoChanged, callCount);
+  Send(*this, __func__, &IMWPBtPhoneListener::OnCurrentCallInfoChanged, callCount);
 }
 void MWPBtClient::OnCallingTimeChanged(int seconds, int callId, int active) {
-  Tell(*this, __func__, &IMWPBtPhoneListener::OnCallingTimeChanged, seconds, callId, active);
+  Send(*this, __func__, &IMWPBtPhoneListener::OnCallingTimeChanged, seconds, callId, active);
 }
 void MWPBtClient::OnCallStatusChanged(int callId, MWPBtType::CallStatus status, int callCount) {
-  Tell(*this, __func__, &IMWPBtPhoneListener::OnCallStatusChanged, callId, status, callCount);
+  Send(*this, __func__, &IMWPBtPhoneListener::OnCallStatusChanged, callId, status, callCount);
 }
 void MWPBtClient::OnConferenceChanged(MWPBtType::CallAction action, int supported) {
-  Tell(*this, __func__, &IMWPBtPhoneListener::OnConferenceChanged, action, supported);
+  Send(*this, __func__, &IMWPBtPhoneListener::OnConferenceChanged, action, supported);
 }
-void MWPBtClient::OnHangupCallChanged() { Tell(*this, __func__, &IMWPBtPhoneListener::OnHangupCallChanged); }
+void MWPBtClient::OnHangupCallChanged() { Send(*this, __func__, &IMWPBtPhoneListener::OnHangupCallChanged); }
 void MWPBtClient::OnAudioStatusChanged(MWPBtType::AudioStatus status) {
-  Tell(*this, __func__, &IMWPBtPhoneListener::OnAudioStatusChanged, status);
+  Send(*this, __func__, &IMWPBtPhoneListener::OnAudioStatusChanged, status);
 }
 void MWPBtClient::OnVoiceStatusChanged(int started) {
   MWP_LOG_AT(1541, MWP_LOG_INFO, "%s()", __func__);
-  Tell(*this, __func__, &IMWPBtPhoneListener::OnVoiceStatusChanged, started);
+  Send(*this, __func__, &IMWPBtPhoneListener::OnVoiceStatusChanged, started);
 }
 void MWPBtClient::OnCodecModeChanged(MWPBtType::CodecMode mode) {
-  Tell(*this, __func__, &IMWPBtPhoneListener::OnCodecModeChanged, mode);
+  Send(*this, __func__, &IMWPBtPhoneListener::OnCodecModeChanged, mode);
 }
 
 // To IMWPBtMediaListener
 
 void MWPBtClient::OnMediaAudioStateChanged(const std::string& address, int started) {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnMediaAudioStateChanged, address, started);
+  Send(*this, __func__, &IMWPBtMediaListener::OnMediaAudioStateChanged, address, started);
 }
 void MWPBtClient::OnBtMusicPlayChanged(MWPBtType::MusicPlayStatus status) {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnBtMusicPlayChanged, status);
+  Send(*this, __func__, &IMWPBtMediaListener::OnBtMusicPlayChanged, status);
 }
 // Logs once for each listener, just before it is called.
 void MWPBtClient::OnAudioTrackChanged() {
@@ -249,118 +249,118 @@ void MWPBtClient::OnAudioTrackChanged() {
     listener.OnAudioTrackChanged();
   });
 }
-void MWPBtClient::OnPlayModeChanged() { Tell(*this, __func__, &IMWPBtMediaListener::OnPlayModeChanged); }
+void MWPBtClient::OnPlayModeChanged() { Send(*this, __func__, &IMWPBtMediaListener::OnPlayModeChanged); }
 void MWPBtClient::OnSupportPlayModeChanged() {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnSupportPlayModeChanged);
+  Send(*this, __func__, &IMWPBtMediaListener::OnSupportPlayModeChanged);
 }
-void MWPBtClient::OnMediaInfoChanged() { Tell(*this, __func__, &IMWPBtMediaListener::OnMediaInfoChanged); }
+void MWPBtClient::OnMediaInfoChanged() { Send(*this, __func__, &IMWPBtMediaListener::OnMediaInfoChanged); }
 void MWPBtClient::OnCoverImageDownloadCompleted() {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnCoverImageDownloadCompleted);
+  Send(*this, __func__, &IMWPBtMediaListener::OnCoverImageDownloadCompleted);
 }
 void MWPBtClient::OnCurPositionChanged(int position, int totalLength) {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnCurPositionChanged, position, totalLength);
+  Send(*this, __func__, &IMWPBtMediaListener::OnCurPositionChanged, position, totalLength);
 }
 void MWPBtClient::OnSupportAvrcpNotify(MWPBtType::SupportAvrcpEvent event, int supported) {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnSupportAvrcpNotify, event, supported);
+  Send(*this, __func__, &IMWPBtMediaListener::OnSupportAvrcpNotify, event, supported);
 }
 void MWPBtClient::OnFastForwardChanged(int supported) {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnFastForwardChanged, supported);
+  Send(*this, __func__, &IMWPBtMediaListener::OnFastForwardChanged, supported);
 }
 void MWPBtClient::OnFastRewindChanged(int supported) {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnFastRewindChanged, supported);
+  Send(*this, __func__, &IMWPBtMediaListener::OnFastRewindChanged, supported);
 }
 void MWPBtClient::OnSupportBrowserStatusChanged(int supported) {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnSupportBrowserStatusChanged, supported);
+  Send(*this, __func__, &IMWPBtMediaListener::OnSupportBrowserStatusChanged, supported);
 }
-void MWPBtClient::OnPlayerInfoChanged() { Tell(*this, __func__, &IMWPBtMediaListener::OnPlayerInfoChanged); }
+void MWPBtClient::OnPlayerInfoChanged() { Send(*this, __func__, &IMWPBtMediaListener::OnPlayerInfoChanged); }
 void MWPBtClient::OnBrowserMediaInfoChanged() {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnBrowserMediaInfoChanged);
+  Send(*this, __func__, &IMWPBtMediaListener::OnBrowserMediaInfoChanged);
 }
 void MWPBtClient::OnCurBrowserPathChanged(int success) {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnCurBrowserPathChanged, success);
+  Send(*this, __func__, &IMWPBtMediaListener::OnCurBrowserPathChanged, success);
 }
 void MWPBtClient::OnBrowserFolderItemTotalChanged(int total) {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnBrowserFolderItemTotalChanged, total);
+  Send(*this, __func__, &IMWPBtMediaListener::OnBrowserFolderItemTotalChanged, total);
 }
 void MWPBtClient::OnMediaItemToNowPlayingStatus(int success) {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnMediaItemToNowPlayingStatus, success);
+  Send(*this, __func__, &IMWPBtMediaListener::OnMediaItemToNowPlayingStatus, success);
 }
 void MWPBtClient::OnSendPlayItemStatus(int success) {
-  Tell(*this, __func__, &IMWPBtMediaListener::OnSendPlayItemStatus, success);
+  Send(*this, __func__, &IMWPBtMediaListener::OnSendPlayItemStatus, success);
 }
 
 // To IMWPBtPbapListener
 
 void MWPBtClient::OnPBDownloadStatus(MWPBtType::PbapStatus status, MWPBtType::PbapType type) {
-  Tell(*this, __func__, &IMWPBtPbapListener::OnPBDownloadStatus, status, type);
+  Send(*this, __func__, &IMWPBtPbapListener::OnPBDownloadStatus, status, type);
 }
 void MWPBtClient::OnPbDownloadCountChanged(int current, int total) {
-  Tell(*this, __func__, &IMWPBtPbapListener::OnPbDownloadCountChanged, current, total);
+  Send(*this, __func__, &IMWPBtPbapListener::OnPbDownloadCountChanged, current, total);
 }
 void MWPBtClient::OnBtCallLogListChanged() {
-  Tell(*this, __func__, &IMWPBtPbapListener::OnBtCallLogListChanged);
+  Send(*this, __func__, &IMWPBtPbapListener::OnBtCallLogListChanged);
 }
 void MWPBtClient::OnDeletePhoneBookChanged(int success) {
-  Tell(*this, __func__, &IMWPBtPbapListener::OnDeletePhoneBookChanged, success);
+  Send(*this, __func__, &IMWPBtPbapListener::OnDeletePhoneBookChanged, success);
 }
 void MWPBtClient::OnContactFavoriteChanged(int contactId, int favorite) {
-  Tell(*this, __func__, &IMWPBtPbapListener::OnContactFavoriteChanged, contactId, favorite);
+  Send(*this, __func__, &IMWPBtPbapListener::OnContactFavoriteChanged, contactId, favorite);
 }
 
 // To IMWPBtMessageListener
 
 void MWPBtClient::OnMessageDownloadStatus(MWPBtType::MsgLoadStatus status) {
-  Tell(*this, __func__, &IMWPBtMessageListener::OnMessageDownloadStatus, status);
+  Send(*this, __func__, &IMWPBtMessageListener::OnMessageDownloadStatus, status);
 }
 void MWPBtClient::OnMessageDownloadCountChanged(int current, int total) {
-  Tell(*this, __func__, &IMWPBtMessageListener::OnMessageDownloadCountChanged, current, total);
+  Send(*this, __func__, &IMWPBtMessageListener::OnMessageDownloadCountChanged, current, total);
 }
 void MWPBtClient::OnMessageStatusNotify(MWPBtType::MsgStatus status, std::string handle) {
-  Tell(*this, __func__, &IMWPBtMessageListener::OnMessageStatusNotify, status, handle);
+  Send(*this, __func__, &IMWPBtMessageListener::OnMessageStatusNotify, status, handle);
 }
 void MWPBtClient::OnMessageSetPropertyStatus(MWPBtType::SetMsgProStatus status) {
-  Tell(*this, __func__, &IMWPBtMessageListener::OnMessageSetPropertyStatus, status);
+  Send(*this, __func__, &IMWPBtMessageListener::OnMessageSetPropertyStatus, status);
 }
 
 // To IMWPBtSppListener
 
 void MWPBtClient::OnSppConnectStatus(const std::string& address, MWPBtType::SupportType type, int connected) {
-  Tell(*this, __func__, &IMWPBtSppListener::OnSppConnectStatus, address, type, connected);
+  Send(*this, __func__, &IMWPBtSppListener::OnSppConnectStatus, address, type, connected);
 }
 void MWPBtClient::OnSppReceiveBufferChanged(const std::string& address, char* buffer, int length) {
-  Tell(*this, __func__, &IMWPBtSppListener::OnSppReceiveBufferChanged, address, buffer, length);
+  Send(*this, __func__, &IMWPBtSppListener::OnSppReceiveBufferChanged, address, buffer, length);
 }
 void MWPBtClient::OnHIDCalibration(int success) {
-  Tell(*this, __func__, &IMWPBtSppListener::OnHIDCalibration, success);
+  Send(*this, __func__, &IMWPBtSppListener::OnHIDCalibration, success);
 }
 void MWPBtClient::OnHIDConnection(std::string address, int status) {
-  Tell(*this, __func__, &IMWPBtSppListener::OnHIDConnection, address, status);
+  Send(*this, __func__, &IMWPBtSppListener::OnHIDConnection, address, status);
 }
 
 // To IMWPBtBleListener
 
 void MWPBtClient::OnBleDiscoveryResponse(int started, int result) {
-  Tell(*this, __func__, &IMWPBtBleListener::OnBleDiscoveryResponse, started, result);
+  Send(*this, __func__, &IMWPBtBleListener::OnBleDiscoveryResponse, started, result);
 }
 void MWPBtClient::OnBleConnectStatusChanged(const std::string& address, int status) {
-  Tell(*this, __func__, &IMWPBtBleListener::OnBleConnectStatusChanged, address, status);
+  Send(*this, __func__, &IMWPBtBleListener::OnBleConnectStatusChanged, address, status);
 }
 void MWPBtClient::OnBleAllService(int count) {
-  Tell(*this, __func__, &IMWPBtBleListener::OnBleAllService, count);
+  Send(*this, __func__, &IMWPBtBleListener::OnBleAllService, count);
 }
 void MWPBtClient::OnBleSmpNotify(MWPBtType::SmpEvent event, const std::string& address,
                                  unsigned char addressType, unsigned int passkey) {
-  Tell(*this, __func__, &IMWPBtBleListener::OnBleSmpNotify, event, address, addressType, passkey);
+  Send(*this, __func__, &IMWPBtBleListener::OnBleSmpNotify, event, address, addressType, passkey);
 }
 void MWPBtClient::OnBleCharNotify(unsigned short handle, std::vector<unsigned char> data,
                                   unsigned int length) {
   const unsigned char* const bytes = data.data();
-  Tell(*this, __func__, &IMWPBtBleListener::OnBleCharNotify, handle, bytes, length);
+  Send(*this, __func__, &IMWPBtBleListener::OnBleCharNotify, handle, bytes, length);
 }
 void MWPBtClient::OnBleGAttribResultNotify(unsigned char result, std::vector<unsigned char> data,
                                            unsigned short length) {
   const unsigned char* const bytes = data.data();
-  Tell(*this, __func__, &IMWPBtBleListener::OnBleGAttribResultNotify, result, bytes, length);
+  Send(*this, __func__, &IMWPBtBleListener::OnBleGAttribResultNotify, result, bytes, length);
 }
 
 // To nobody

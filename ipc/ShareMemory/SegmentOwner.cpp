@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kAccess = 0666;
 
-/// Whether the process that made a segment is no more, so that nobody else would ever remove it.
+/// Whether the process that created a segment no longer exists, so that nobody else would ever remove it.
 bool IsOrphan(int shmid) {
   shmid_ds status = {};
   if (shmctl(shmid, IPC_STAT, &status) == -1 || status.shm_cpid <= 0) {

@@ -24,8 +24,8 @@ class SegmentOwner {
   void* Attach(ShareMemID id, bool* fresh = nullptr);
   /// Whether this process has made the segment that is attached under this id: it held only zeros then.
   bool HasMade(ShareMemID id) const;
-  /// Removes the segments that this process has made, and those whose maker is no more, such as a service
-  /// that was killed: nobody else would.
+  /// Removes the segments that this process has made, and those whose creator no longer exists, such as a
+  /// service that was killed: nobody else would.
   void Remove();
 
  private:

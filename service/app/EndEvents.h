@@ -8,8 +8,8 @@
 
 namespace btservice {
 
-/// The events by which applications learn that the calls and connections of a service that died are no more,
-/// and what went with them.
+/// The events by which applications learn that the calls and connections of a service that died have ended,
+/// with all that depended on them.
 std::vector<StackEvent> EndEvents(const LeftBehind& left);
 
 }  // namespace btservice

@@ -30,7 +30,7 @@ class AskedLibrary : public testing::Test {
   /// Makes the request. Fails if the service receives anything, or the answer is another one.
   void ExpectNotAsked(const RequestCase& request, const RequestCall& call, const std::string& answer);
 
-  /// Tells the service how to reply, as GVariant text without types.
+  /// Sets how the service replies, as GVariant text without types.
   void SetReply(const std::string& method, const std::string& reply);
 
   /// The lines with this source.

@@ -12,7 +12,7 @@ namespace bttest {
 /// One event method of the client, called with given values.
 struct EventCase {
   std::string name;
-  MWPBtListenerType kind;  ///< of the listeners that are told
+  MWPBtListenerType kind;  ///< of the listeners that receive it
   std::function<void(MWPBtClient&)> call;
   std::vector<std::string> values;  ///< what a listener then notes (see RecordingListeners.h)
 };

@@ -16,18 +16,18 @@
 
 #include "contract/ValueText.h"
 
-// Listeners of all kinds that note each event they are told.
+// Listeners of all kinds that note each event that they receive.
 
 namespace bttest {
 
-/// An event as one listener was told it.
+/// An event as one listener received it.
 struct Reception {
   const IMWPBtListenerBase* listener;
   std::string event;                ///< name of the listener's method
   std::vector<std::string> values;  ///< as ValueText gives them; a buffer counts as the text of its bytes
 };
 
-/// What several listeners were told, in order.
+/// What several listeners received, in order.
 struct Receptions {
   std::vector<Reception> all;
   std::function<void()> afterEach;  ///< runs inside the callback, and may throw

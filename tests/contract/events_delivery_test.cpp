@@ -1,4 +1,4 @@
-// Every signal of the interface, sent by a service in another process: who is told, and what.
+// Every signal of the interface, sent by a service in another process: who receives it, and with what values.
 
 #include <gtest/gtest.h>
 
@@ -10,13 +10,13 @@ namespace {
 TEST_F(Events, EverySignalReachesTheListenersOfItsKindInAscendingOrderWithEachValue) {
   ASSERT_EQ(BluetoothInterface().signals.size(), 58u);
   for (const SignalDescription& signal : BluetoothInterface().signals) {
-    if (signal.name == kToldToNobody) {
+    if (signal.name == kHeardByNobody) {
       continue;
     }
     for (int variety = 0; variety < kVarieties; ++variety) {
       const VariantPtr arguments = Own(MakeTuple(signal.arguments, variety));
       Send(signal, arguments.get());
-      ExpectToldToOneKind(signal.name, TextsOf(arguments.get()));
+      ExpectOneKindHears(signal.name, TextsOf(arguments.get()));
     }
   }
   EXPECT_TRUE(log.Complaints().empty());
@@ -24,14 +24,14 @@ TEST_F(Events, EverySignalReachesTheListenersOfItsKindInAscendingOrderWithEachVa
 
 TEST_F(Events, OnScanedDeviceChangedReachesNobody) {
   for (int variety = 0; variety < kVarieties; ++variety) {
-    const SignalDescription& signal = BluetoothInterface().Signal(kToldToNobody);
+    const SignalDescription& signal = BluetoothInterface().Signal(kHeardByNobody);
     EXPECT_TRUE(Send(signal, MakeTuple(signal.arguments, variety)).empty());
   }
 }
 
 TEST_F(Events, TheEmptyAddressOfAConnectionChangeIsAnEmptyText) {
   Send("OnConnectStatusChanged", g_variant_new("(syy)", "", 1, 2));
-  ExpectToldToOneKind("OnConnectStatusChanged", {"''", "1", "2"});
+  ExpectOneKindHears("OnConnectStatusChanged", {"''", "1", "2"});
 }
 
 TEST_F(Events, SeveralSignalsArriveInTheOrderTheyWereSent) {
@@ -56,7 +56,7 @@ TEST_F(Events, SignalsWithABodyOfAnotherSignatureReachNobody) {
   EXPECT_TRUE(receptions.all.empty());
 
   Send("OnHangupCallChanged", g_variant_new("()"));
-  ExpectToldToOneKind("OnHangupCallChanged", {});
+  ExpectOneKindHears("OnHangupCallChanged", {});
 }
 
 TEST_F(Events, SignalsThatTheInterfaceDoesNotDescribeReachNobody) {
@@ -68,7 +68,7 @@ TEST_F(Events, SignalsThatTheInterfaceDoesNotDescribeReachNobody) {
 
 TEST_F(Events, AMissingTextIsAnEmptyOne) {
   for (const SignalDescription& signal : BluetoothInterface().signals) {
-    if (signal.name == kToldToNobody || signal.name == "OnSetDeviceOOBLinkKeyChanged") {
+    if (signal.name == kHeardByNobody || signal.name == "OnSetDeviceOOBLinkKeyChanged") {
       continue;
     }
     const VariantPtr arguments = Own(MakeTuple(signal.arguments, 0));
@@ -81,7 +81,7 @@ TEST_F(Events, AMissingTextIsAnEmptyOne) {
         expected[i] = "''";
       }
     }
-    ExpectToldToOneKind(signal.name, expected);
+    ExpectOneKindHears(signal.name, expected);
   }
 }
 

@@ -160,7 +160,7 @@ unsigned SignalId(const std::string& signal) {
   return id;
 }
 
-void Events::ExpectToldToOneKind(const std::string& event, const std::vector<std::string>& values) const {
+void Events::ExpectOneKindHears(const std::string& event, const std::vector<std::string>& values) const {
   ASSERT_EQ(receptions.all.size(), 2u) << event;
   const Reception& first = receptions.all[0];
   const Reception& second = receptions.all[1];

@@ -14,12 +14,12 @@
 #include "support/LogCapture.h"
 
 // What the tests of events have in common: the library is started, and two listeners of each kind note what
-// they are told.
+// they receive.
 
 namespace bttest {
 
-/// The only signal that nobody is told of.
-constexpr const char* kToldToNobody = "OnScanedDeviceChanged";
+/// The only signal that reaches no listener.
+constexpr const char* kHeardByNobody = "OnScanedDeviceChanged";
 
 /// The names of all signals in the order in which the library subscribes them.
 const std::vector<std::string>& SubscribedSignals();
@@ -33,7 +33,7 @@ std::vector<std::string> TextsOf(GVariant* arguments);
 enum class Texts { AS_GIVEN, MISSING };
 
 /// Emits a signal on the proxy object itself, as the bindings do with one that arrives; with null for every
-/// text, which never arrives over a bus, if told so.
+/// text, which never arrives over a bus, if that is wanted.
 void EmitOn(ComZelkLinuxBluetooth* proxy, const SignalDescription& signal, GVariant* arguments,
             Texts texts = Texts::AS_GIVEN);
 
@@ -58,7 +58,7 @@ class Events : public testing::Test {
  protected:
   Events() { log.Clear(); }
 
-  /// What the listeners are told once the service has sent the signal.
+  /// What the listeners receive once the service has sent the signal.
   const std::vector<Reception>& Send(const SignalDescription& signal, GVariant* arguments) {
     receptions.all.clear();
     library.Signal(signal.name, arguments);
@@ -68,9 +68,9 @@ class Events : public testing::Test {
     return Send(BluetoothInterface().Signal(signal), arguments);
   }
 
-  /// Fails unless the two listeners of one kind were told the event with these values, in the order of their
-  /// addresses, and nobody else was told anything.
-  void ExpectToldToOneKind(const std::string& event, const std::vector<std::string>& values) const;
+  /// Fails unless the two listeners of one kind received the event with these values, in the order of their
+  /// addresses, and no other received anything.
+  void ExpectOneKindHears(const std::string& event, const std::vector<std::string>& values) const;
 
   LogCapture log;
   StartedLibrary library;

@@ -30,7 +30,7 @@ TEST_F(Events, WithATextThatFindsNoMemoryAreLostWithOneErrorLineAndTheNextArrive
   }
   ExpectLost(log, receptions, "CallBackOnOperatorNameChanged");
   Send("OnHangupCallChanged", g_variant_new("()"));
-  ExpectToldToOneKind("OnHangupCallChanged", {});
+  ExpectOneKindHears("OnHangupCallChanged", {});
 }
 
 TEST_F(Events, WithBytesThatFindNoMemoryAreLostWithOneErrorLineAndTheNextArrives) {
@@ -43,7 +43,7 @@ TEST_F(Events, WithBytesThatFindNoMemoryAreLostWithOneErrorLineAndTheNextArrives
   }
   ExpectLost(log, receptions, "CallBackOnSppReceiveBufferChanged");
   Send("OnHangupCallChanged", g_variant_new("()"));
-  ExpectToldToOneKind("OnHangupCallChanged", {});
+  ExpectOneKindHears("OnHangupCallChanged", {});
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ TEST_F(Events, AfterDestroyMakeAClientThatIsNotStarted) {
     ASSERT_EQ(TheClient(), nullptr);
     library.Signal(signal.name, MakeTuple(signal.arguments, 0));
 
-    EXPECT_EQ(TheClient() != nullptr, signal.name != kToldToNobody) << signal.name;
+    EXPECT_EQ(TheClient() != nullptr, signal.name != kHeardByNobody) << signal.name;
     EXPECT_EQ(MWPBtClient::m_bInitClient, 0) << signal.name;
     EXPECT_EQ(MWPBtClient::m_bServiceReady, 0) << signal.name;
   }
@@ -55,7 +55,7 @@ TEST_F(Events, AfterDestroyReachListenersOfTheNewClientAlthoughItIsNotStarted) {
   MWP_DestroyBlueTooth();
   listeners.emplace(receptions);
   Send("OnHangupCallChanged", g_variant_new("()"));
-  ExpectToldToOneKind("OnHangupCallChanged", {});
+  ExpectOneKindHears("OnHangupCallChanged", {});
 }
 
 TEST_F(Events, AMissingLinkKeyAddressDoesNotMakeAClient) {
@@ -75,19 +75,19 @@ TEST_F(Events, ASecondConnectionIsSubscribedAndTheFirstKeepsItsHandlers) {
   for (const SignalDescription& signal : BluetoothInterface().signals) {
     EXPECT_EQ(Handlers(first, signal.name).size(), 1u) << signal.name;
     EXPECT_EQ(Handlers(second, signal.name).size(), 1u) << signal.name;
-    if (signal.name == kToldToNobody) {
+    if (signal.name == kHeardByNobody) {
       continue;
     }
     const VariantPtr arguments = Own(MakeTuple(signal.arguments, 0));
     for (ComZelkLinuxBluetooth* const proxy : {first, second}) {
       receptions.all.clear();
       EmitOn(proxy, signal, arguments.get());
-      ExpectToldToOneKind(signal.name, TextsOf(arguments.get()));
+      ExpectOneKindHears(signal.name, TextsOf(arguments.get()));
     }
   }
 }
 
-TEST_F(Events, WithTwoConnectionsEachSignalIsToldTwice) {
+TEST_F(Events, WithTwoConnectionsEachSignalIsDeliveredTwice) {
   ASSERT_NE(TheClient()->InitInstance(), 0);
   EXPECT_EQ(Send("OnHangupCallChanged", g_variant_new("()")).size(), 4u);
 }
@@ -103,7 +103,7 @@ TEST(EventsBeforeCreate, MakeAClientThatIsNotStarted) {
     recorder.Emit(signal, arguments);
     StartedLibrary::HandleSignals();
   };
-  send(kToldToNobody, g_variant_new("(ssy)", "a", "b", 1));
+  send(kHeardByNobody, g_variant_new("(ssy)", "a", "b", 1));
   EXPECT_EQ(TheClient(), nullptr);
   send("OnOpenBtStatusChanged", g_variant_new("(y)", 1));
   ASSERT_NE(TheClient(), nullptr);

@@ -1,4 +1,5 @@
-// The events of the client: which listeners are told, what, and what is logged. No bus is needed.
+// The events of the client: which listeners receive them, with what values, and what is logged. No bus is
+// needed.
 
 #include <functional>
 #include <map>
@@ -31,7 +32,7 @@ class FanOut : public testing::Test {
   std::optional<TwoListenersOfEachKind> listeners{receptions};
 };
 
-TEST_F(FanOut, TheCasesAreAllSignalsThatSomebodyIsToldOfAndTheSixLowEnergyEvents) {
+TEST_F(FanOut, TheCasesAreAllSignalsThatReachAListenerAndTheSixLowEnergyEvents) {
   std::set<std::string> expected{"OnBleDiscoveryResponse", "OnBleConnectStatusChanged",
                                  "OnBleAllService",        "OnBleSmpNotify",
                                  "OnBleCharNotify",        "OnBleGAttribResultNotify"};
@@ -60,7 +61,7 @@ TEST_F(FanOut, EveryEventReachesTheListenersOfItsKindInAscendingOrderAndNobodyEl
   }
 }
 
-TEST_F(FanOut, OnlyTheTypeTagDecidesWhoIsTold) {
+TEST_F(FanOut, OnlyTheTypeTagDecidesWhichListenersReceiveIt) {
   listeners.reset();
   RecordingComListener listener(receptions);
   listener.m_nType = MAX_LISTENER;
@@ -166,7 +167,7 @@ class BleBytes : public IMWPBtBleListener {
 };
 
 TEST_F(FanOut, LowEnergyListenersGetTheAddressOfTheSameFirstByteAndTheLengthAsItCame) {
-  listeners.reset();  // they would read as many bytes as they are told
+  listeners.reset();  // they would read as many bytes as the event says
   BleBytes one, two;
   for (const unsigned int length : {0u, 1u, 3u, 4u, 4294967295u}) {
     Client().OnBleCharNotify(1, {42, 43, 44}, length);

@@ -164,7 +164,7 @@ struct Thrower {
   std::function<void()> act;
 };
 
-TEST_F(FanOutLock, IsGivenBackAndAllOthersAreToldWhenListenersThrow) {
+TEST_F(FanOutLock, IsGivenBackAndAllOthersAreCalledWhenListenersThrow) {
   TwoListenersOfEachKind listeners(receptions);
   const Thrower throwers[] = {
       {"boom", [] { throw std::runtime_error("boom"); }},
@@ -194,7 +194,7 @@ TEST_F(FanOutLock, IsGivenBackAndAllOthersAreToldWhenListenersThrow) {
   }
 }
 
-TEST_F(FanOutLock, IsGivenBackWhenOneOfThreeListenersThrowsAndTheOtherTwoAreTold) {
+TEST_F(FanOutLock, IsGivenBackWhenOneOfThreeListenersThrowsAndTheOtherTwoAreCalled) {
   RecordingPhoneListener one(receptions), two(receptions), three(receptions);
   for (std::size_t thrower = 1; thrower <= 3; ++thrower) {
     receptions.all.clear();

@@ -54,7 +54,7 @@ TEST(Interface, OfTheLibraryIsThatOfTheDescriptionWithoutPropertiesOrAnnotations
 }
 
 TEST(Interface, OverridesNoProperty) {
-  // What a class is told is the first free property number minus 1.
+  // What reaches a class is the first free property number minus 1.
   GObjectClass* const objectClass =
       G_OBJECT_CLASS(g_type_class_ref(com_zelk_linux_bluetooth_skeleton_get_type()));
   EXPECT_EQ(com_zelk_linux_bluetooth_override_properties(objectClass, 7), 6u);

@@ -9,7 +9,7 @@
 
 namespace btservice {
 
-/// One of the applications on a drive: a process of drive_client, what it is told and what it says.
+/// One of the applications on a drive: a process of drive_client, its input and its output.
 class DriveClient {
  public:
   /// Starts the process, with files for its input and output in a directory. Throws if the library does not
@@ -24,7 +24,7 @@ class DriveClient {
   /// Closes its input, so that it ends.
   void Dismiss();
 
-  /// The events that its listeners were told so far: "OnHangupCallChanged()".
+  /// The events that its listeners have received so far: "OnHangupCallChanged()".
   const std::vector<std::string>& Events();
   bool HasSeen(const std::string& event);
   bttest::ChildProcess& Process() { return m_process; }

@@ -1,6 +1,6 @@
 // drive_client: an application that knows the public headers only. It starts the library, does what the lines
 // of its standard input ask for, and prints a line "answer REQUEST NUMBER" for each, and "event NAME(VALUES)"
-// for each event that it is told of. It ends with its input.
+// for each event that it receives. It ends with its input.
 
 #include <cstdio>
 #include <functional>

@@ -63,7 +63,7 @@ class DriveTest : public testing::Test {
   }
   DriveClient& Client(int number) { return *clients[number % kClients]; }
 
-  /// Does something of which the service shall tell.
+  /// Does something that the service reports.
   template <typename Action>
   void Do(const char* signal, Action action) {
     service.ForgetSignals();
@@ -195,14 +195,14 @@ std::vector<std::string> Between(const std::vector<std::string>& texts, const st
 }
 
 /// Nothing if they are the same; else the first difference, since there are thousands.
-std::string Difference(const std::vector<std::string>& sent, const std::vector<std::string>& told) {
-  const auto [one, other] = std::mismatch(sent.begin(), sent.end(), told.begin(), told.end());
-  if (one == sent.end() && other == told.end()) {
+std::string Difference(const std::vector<std::string>& sent, const std::vector<std::string>& heard) {
+  const auto [one, other] = std::mismatch(sent.begin(), sent.end(), heard.begin(), heard.end());
+  if (one == sent.end() && other == heard.end()) {
     return "";
   }
-  return std::to_string(sent.size()) + " sent and " + std::to_string(told.size()) + " told; as number " +
+  return std::to_string(sent.size()) + " sent and " + std::to_string(heard.size()) + " heard; as number " +
          std::to_string(one - sent.begin()) + " " + (one != sent.end() ? *one : "nothing") +
-         " was sent, and " + (other != told.end() ? *other : "nothing") + " told";
+         " was sent, and " + (other != heard.end() ? *other : "nothing") + " heard";
 }
 
 TEST_F(DriveTest, EveryEventArrivesAndNothingGrows) {
@@ -240,12 +240,14 @@ TEST_F(DriveTest, EveryEventArrivesAndNothingGrows) {
     ExpectNoGrowth(warmedUp[i], atTheEnd[i], "client " + std::to_string(i));
   }
 
-  // A device that a search finds is told to no listener: there is no such method. That is the one exception.
+  // A device that a search finds reaches no listener: there is no such method. That is the one exception.
   std::vector<std::string> sent = Between(witness.Signals(), begin, end);
-  const auto isUntold = [](const std::string& text) { return text.rfind("OnScanedDeviceChanged(", 0) == 0; };
-  const auto told = std::remove_if(sent.begin(), sent.end(), isUntold);
-  EXPECT_NE(told, sent.end()) << "there was something to find";
-  sent.erase(told, sent.end());
+  const auto isHeardByNobody = [](const std::string& text) {
+    return text.rfind("OnScanedDeviceChanged(", 0) == 0;
+  };
+  const auto heard = std::remove_if(sent.begin(), sent.end(), isHeardByNobody);
+  EXPECT_NE(heard, sent.end()) << "there was something to find";
+  sent.erase(heard, sent.end());
   EXPECT_GT(sent.size(), 3600U) << "a position each second";
   for (const auto& client : clients) {
     EXPECT_EQ(Difference(sent, Between(client->Events(), begin, end)), "");

@@ -1,6 +1,6 @@
 // libFuzzer target: the handler of each signal, with any body that the bus lets through. The first byte of an
 // input chooses the signal, the others are its serialised arguments. The body takes the way of a real one,
-// from the proxy's "g-signal" through the handler to a listener of each kind, and the listener is told just
+// from the proxy's "g-signal" through the handler to a listener of each kind, and the listener receives just
 // that.
 
 #include <cstdint>
@@ -67,7 +67,7 @@ GVariant* MakeBody(const std::string& type, const std::uint8_t* data, std::size_
   return body;
 }
 
-/// What a listener is to be told of a body; false if it holds a variant without bytes, which is dropped.
+/// What a listener has to receive of a body; false if it holds a variant without bytes, which is dropped.
 bool Expect(GVariant* body, std::vector<std::string>& values) {
   bool isWhole = true;
   for (gsize i = 0; i < g_variant_n_children(body); ++i) {
@@ -118,7 +118,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   g_variant_unref(body);
 
   const bool isHeard = isWhole && std::string(signal.name) != "OnScanedDeviceChanged";
-  Check(library.Heard().size() == (isHeard ? 1 : 0), "one listener is told, and of what is whole alone");
+  Check(library.Heard().size() == (isHeard ? 1 : 0), "one listener is called, and only for what is whole");
   Check(!isHeard || library.Heard()[0].event == signal.name, "the event has the signal's name");
   Check(!isHeard || library.Heard()[0].values == values, "the event has the values of the signal");
   Check(bttest::TakeErrors() == (isWhole ? 0 : 1), "an event that is dropped is an error");

@@ -1,5 +1,5 @@
 // libFuzzer target: any bytes as a vCard file. Whatever they are, what comes out is fit for the bus and for
-// the segments: UTF-8 without control characters. So is what the log is told.
+// the segments: UTF-8 without control characters. So is what is logged.
 
 #include <algorithm>
 #include <cstdint>

@@ -20,8 +20,8 @@ struct Answer {
   std::vector<GDBusMethodInvocation*> unanswered;  ///< calls that hang
 };
 
-/// The object that is taken for the Bluetooth service: records what it is called with, and answers as it was
-/// told.
+/// The object that is taken for the Bluetooth service: records what it is called with, and answers as it
+/// is set up to.
 class RecordingService {
  public:
   /// Exports the interface, which must outlive this.

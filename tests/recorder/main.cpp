@@ -1,5 +1,5 @@
 // bt_recorder [--no-name]: a recording Bluetooth service on the session bus. Prints its unique bus name when
-// it is ready. With --no-name it takes the service's name only when it is told to.
+// it is ready. With --no-name it takes the service's name only when it is asked to.
 
 #include <cstdio>
 #include <cstring>

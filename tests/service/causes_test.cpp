@@ -28,7 +28,7 @@ struct Cause {
   std::vector<std::string> signals;
 };
 
-/// When the service starts the phone is connected, and tells of itself; its phone book is read.
+/// When the service starts the phone is connected, and reports its state; its phone book is read.
 const std::vector<std::string> kAtStart{"OnOpenBtStatusChanged",   "OnConnectStatusChanged",
                                         "OnSupportProfileChanged", "OnMobileService",
                                         "OnOperatorNameChanged",   "OnRoamingStatusChanged",

@@ -265,7 +265,7 @@ TEST_F(ControlTest, TheServiceDies) {
   EXPECT_TRUE(bttest::FindSegment(SH_CONTACT_LIST)) << "nothing was cleaned up";
 }
 
-TEST_F(ControlTest, TheTimeIsTold) {
+TEST_F(ControlTest, TheTimeIsReported) {
   EXPECT_THAT(Control("GetTime"), StartsWith("(int64 "));
   EXPECT_THAT(Control("GetTime"), HasSubstr(", 20.0)"));
 }

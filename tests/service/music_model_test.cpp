@@ -163,7 +163,7 @@ TEST_F(MusicModelTest, ShuffledEveryTrackPlaysOnce) {
   EXPECT_EQ(Title(), "Lantern");
 }
 
-TEST_F(MusicModelTest, PlayModesAreToldAndChecked) {
+TEST_F(MusicModelTest, PlayModesAreReportedAndChecked) {
   Connect();
   EXPECT_EQ(Music().SupportedPlayModes().size(), 5U);
   Do(Music().SetPlayMode({PLAYER_REPEAT, REPEAT_ALL}));

@@ -27,7 +27,7 @@ int SegmentsLeft() {
   return left;
 }
 
-TEST(ServiceProcessTest, TellsHowItIsUsed) {
+TEST(ServiceProcessTest, ShowsHowItIsUsed) {
   ChildProcess help({kExecutable, "--help"});
   EXPECT_EQ(help.Wait(), 0);
   for (const char* const word : {"--speed", "--keep-segments", "--remove-segments", "--reserve", "--version",
@@ -75,9 +75,9 @@ int SegmentsLeftBy(const std::vector<std::string>& options) {
 
 TEST(ServiceProcessTest, EndsOnSigtermAndLeavesItsSegments) { EXPECT_EQ(SegmentsLeftBy({}), 8); }
 
-TEST(ServiceProcessTest, LeavesItsSegmentsIfToldTo) { EXPECT_EQ(SegmentsLeftBy({"--keep-segments"}), 8); }
+TEST(ServiceProcessTest, LeavesItsSegmentsIfAskedTo) { EXPECT_EQ(SegmentsLeftBy({"--keep-segments"}), 8); }
 
-TEST(ServiceProcessTest, RemovesItsSegmentsIfToldTo) { EXPECT_EQ(SegmentsLeftBy({"--remove-segments"}), 0); }
+TEST(ServiceProcessTest, RemovesItsSegmentsIfAskedTo) { EXPECT_EQ(SegmentsLeftBy({"--remove-segments"}), 0); }
 
 TEST(ServiceProcessTest, EndsOnSigint) {
   RunningService service;
@@ -113,7 +113,7 @@ TEST(ServiceProcessTest, EndsWithTheBus) {
   EXPECT_EQ(SegmentsLeft(), 8);
 }
 
-TEST(ServiceProcessTest, EndsWithTheBusAndRemovesItsSegmentsIfToldTo) {
+TEST(ServiceProcessTest, EndsWithTheBusAndRemovesItsSegmentsIfAskedTo) {
   RunningService service({"--remove-segments"});
   ASSERT_TRUE(bttest::RunUntil([] { return SegmentsLeft() == 8; }));
   service.Bus().Stop();

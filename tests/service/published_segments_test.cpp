@@ -168,7 +168,7 @@ TEST(OddSegmentsTest, ASegmentThatIsTooSmallIsRefusedWithAReason) {
 }
 
 TEST(OddSegmentsTest, SettingsThatAClientWasKilledOverAreRepaired) {
-  // It has set the loaded flag, and no more.
+  // It has only set the loaded flag.
   bttest::CreateSegment(SH_BT_PARAMETER, 40);
   const std::int32_t one = 1;
   std::vector<unsigned char> bytes(sizeof(one));
@@ -193,7 +193,7 @@ TEST(OddSegmentsTest, PhonesAreConnectedAlthoughAClientWasLoadingAtTheStart) {
   std::vector<unsigned char> bytes(sizeof(one));
   std::memcpy(bytes.data(), &one, sizeof(one));
   bttest::WriteSegment(SH_BT_PARAMETER, PARAMETER_LOADED, bytes);
-  bttest::WriteSegment(SH_BT_PARAMETER, PARAMETER_POWER_SWITCH, bytes);  // no more is loaded yet
+  bttest::WriteSegment(SH_BT_PARAMETER, PARAMETER_POWER_SWITCH, bytes);  // nothing else is loaded yet
   RunningService service({"--world", "one-phone", "--speed", "50"});
   ASSERT_TRUE(service.WaitFor("OnOpenBtStatusChanged (byte 0x01,)"));
   ASSERT_EQ(service.Ask("SetPower", g_variant_new("(y)", 0)), "(1,)");

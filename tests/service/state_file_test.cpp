@@ -211,7 +211,7 @@ TEST_F(UnusableStateFileTest, ALinkThatLeadsNowhereNearAFileIsLeftAsItIs) {
   EXPECT_TRUE(std::filesystem::is_symlink(Path()));
 }
 
-TEST_F(StateFileTest, AFileThatCannotBeWrittenIsToldSo) {
+TEST_F(StateFileTest, AFileThatCannotBeWrittenIsReported) {
   std::ofstream(directory.Path().string() + "/deep") << "in the way";
   bttest::LogCapture capture;
   StateFile file(Path());

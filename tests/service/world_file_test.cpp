@@ -100,7 +100,7 @@ TEST_F(WorldFileTest, WhatIsSaidIsTaken) {
   EXPECT_EQ(file.timeline[0].every, Milliseconds(10));
 }
 
-TEST_F(WorldFileTest, WhatIsWrongIsToldWithItsLineAndWhatWasExpected) {
+TEST_F(WorldFileTest, WhatIsWrongIsReportedWithItsLineAndWhatWasExpected) {
   EXPECT_EQ(
       ProblemOf("{\"format\": 1,\n \"devices\": [\n  {\"name\": \"A\",\n   \"address\": \"12\"}]}"),
       "world.json:4: devices[0].address: expected a Bluetooth address such as 00:1A:7D:DA:71:13, got '12'");
@@ -131,7 +131,7 @@ TEST_F(WorldFileTest, ANumberBeforeTheEndOfItsLineIsOnThatLine) {
             "world.json:1: format: expected a whole number from 1 to 1, got 9223372036854775808");
 }
 
-TEST_F(WorldFileTest, AWordThatIsNoneIsToldWithThoseThatAre) {
+TEST_F(WorldFileTest, AnUnknownWordIsReportedWithTheKnownOnes) {
   const std::string device = R"({"address": "00:1A:7D:DA:71:13", "name": "A",
     "pairing": "guess"})";
   EXPECT_EQ(ProblemOf("{\"format\": 1, \"devices\": [" + device + "]}"),
@@ -139,7 +139,7 @@ TEST_F(WorldFileTest, AWordThatIsNoneIsToldWithThoseThatAre) {
             "pin or just-works, got 'guess'");
 }
 
-TEST_F(WorldFileTest, TextThatIsNoJsonIsToldWithItsLine) {
+TEST_F(WorldFileTest, TextThatIsNoJsonIsReportedWithItsLine) {
   EXPECT_EQ(ProblemOf("{\"format\": 1,\n \"devices\": [}"),
             "world.json:2: this is not JSON: '\"devices\": [}'");
   EXPECT_EQ(ProblemOf("{\"format\": 1,"), "world.json:1: the text ends too early");
@@ -162,7 +162,7 @@ TEST_F(WorldFileTest, NothingHappensToStrangers) {
             "'00:1A:7D:DA:71:13'");
 }
 
-TEST_F(WorldFileTest, AFileThatCannotBeReadIsToldSo) {
+TEST_F(WorldFileTest, AFileThatCannotBeReadIsReported) {
   EXPECT_THAT([] { LoadWorld("/nowhere/world.json"); },
               testing::ThrowsMessage<std::runtime_error>(HasSubstr("/nowhere/world.json: cannot be read")));
   EXPECT_THAT([] { LoadWorld("unheard-of"); },

@@ -14,7 +14,7 @@ try:
     import jsonschema
 except ImportError:
     print("there is no validator: install python3-jsonschema")
-    sys.exit(77)  # CTest is told that this means skipped
+    sys.exit(77)  # CTest knows that this means skipped
 
 WRONGS = {
     "no format": lambda world: world.pop("format"),

@@ -1,4 +1,4 @@
-// What is told, and with which exit code, when things are not as they should be.
+// What is reported, and with which exit code, when things are not as they should be.
 
 #include <csignal>
 
@@ -65,7 +65,7 @@ TEST(WithoutABus, ABadAddressOrNameIsFoundAllTheSame) {
   ExpectFailure(RunBtctl({"words", "Nonsense"}), UNKNOWN_NAME, "there is no enumeration 'Nonsense'");
 }
 
-TEST(WithoutABus, AWrongCommandLineIsToldAsSuch) {
+TEST(WithoutABus, AWrongCommandLineIsReportedAsSuch) {
   const std::vector<Words> wrong{{"fly"},
                                  {"call"},
                                  {"call", "fly"},
@@ -133,12 +133,12 @@ TEST_F(WithoutAService, TheSimulationHasNothingToControl) {
 
 using WithAService = BtctlWithRecorder;
 
-TEST_F(WithAService, ARefusalIsTold) {
+TEST_F(WithAService, ARefusalIsReported) {
   ExpectFailure(RunBtctl({"ringtone", "stop"}), REFUSED,
                 "the service refused\n'btctl status' shows the current state.");
 }
 
-TEST_F(WithAService, AnErrorOfTheServiceIsToldWithItsReason) {
+TEST_F(WithAService, AnErrorOfTheServiceIsReportedWithItsReason) {
   service.FailNext("AcceptCall", 1, "com.zelk.Error.Busy", "the line is busy");
   ExpectFailure(RunBtctl({"call", "accept"}), REFUSED,
                 "the request failed: GDBus.Error:com.zelk.Error.Busy: the line is busy");
@@ -156,7 +156,7 @@ TEST_F(WithAService, AnAnswerOfWrongTypesIsAFailure) {
   ExpectFailure(RunBtctl({"contacts", "count"}), REFUSED, "the request failed");
 }
 
-TEST_F(WithAService, WhatTheServiceDoesNotKnowIsTold) {
+TEST_F(WithAService, WhatTheServiceDoesNotKnowIsReported) {
   ExpectFailure(RunBtctl({"devices", "name", kPhone}), REFUSED, "the service does not know");
   ExpectFailure(RunBtctl({"music", "position"}), REFUSED, "the service has no answer");
 }

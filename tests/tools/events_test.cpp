@@ -60,7 +60,7 @@ TEST_F(Monitoring, EverySignalIsShownWithEachOfItsValues) {
       shown.push_back(Shown(argument.signature, number));
     }
     service.Emit(signal.name, g_variant_new_tuple(values.data(), values.size()));
-    if (signal.name != "OnScanedDeviceChanged") {  // no listener of the library is told of it
+    if (signal.name != "OnScanedDeviceChanged") {  // it reaches no listener of the library
       expected.push_back({{"event", signal.name}, {"values", shown}});
     }
   }
@@ -302,14 +302,14 @@ TEST(LowEnergyEvents, AreShownWithEachOfTheirValues) {
     object.erase("time");
     seen.push_back(object.dump());
   });
-  IMWPBtBleListener& told = listener;
+  IMWPBtBleListener& base = listener;
   const unsigned char bytes[] = {0, 255};
-  told.OnBleDiscoveryResponse(1, 7);
-  told.OnBleConnectStatusChanged("a", MWPBtType::BT_CONN_CONNECTED);
-  told.OnBleAllService(3);
-  told.OnBleSmpNotify(MWPBtType::BT_SMP_PASSKEY_DISPLAY, "b", 1, 42);
-  told.OnBleCharNotify(500, bytes, 2);
-  told.OnBleGAttribResultNotify(9, bytes, 1);
+  base.OnBleDiscoveryResponse(1, 7);
+  base.OnBleConnectStatusChanged("a", MWPBtType::BT_CONN_CONNECTED);
+  base.OnBleAllService(3);
+  base.OnBleSmpNotify(MWPBtType::BT_SMP_PASSKEY_DISPLAY, "b", 1, 42);
+  base.OnBleCharNotify(500, bytes, 2);
+  base.OnBleGAttribResultNotify(9, bytes, 1);
   EXPECT_THAT(
       seen,
       ElementsAre(R"({"event":"OnBleDiscoveryResponse","values":{"started":true,"result":7}})",

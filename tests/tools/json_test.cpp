@@ -1,4 +1,4 @@
-// The JSON objects have the members that docs/btctl.md tells.
+// The JSON objects have the members that docs/btctl.md lists.
 
 #include <algorithm>
 #include <sstream>

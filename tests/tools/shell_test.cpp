@@ -96,7 +96,7 @@ TEST_F(InTheShell, TheHistoryOutlivesTheShell) {
   EXPECT_THAT(service.TakeCallTexts(), testing::ElementsAre("TerminateCall()"));
 }
 
-TEST_F(InTheShell, AFailureIsToldAndIsTheExitCodeIfItIsTheLast) {
+TEST_F(InTheShell, AFailureIsReportedAndIsTheExitCodeIfItIsTheLast) {
   Start();
   terminal->Type("connect here\n");
   EXPECT_TRUE(terminal->WaitFor("is not a Bluetooth address"));

@@ -63,7 +63,7 @@ TEST_P(InEveryWorld, EveryQuestionIsAnswered) {
   }
 }
 
-TEST_P(InEveryWorld, EachDeviceIsConnectedOrTheReasonIsToldInTime) {
+TEST_P(InEveryWorld, EachDeviceIsConnectedOrTheReasonIsReportedInTime) {
   EXPECT_EQ(Run({"power", "on"}).Object()["result"], "on");
   for (const Json& device : Devices()) {
     const Ran connect = Run({"connect", device["address"]});

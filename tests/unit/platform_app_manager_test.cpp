@@ -52,7 +52,7 @@ TEST_F(PlatformAppManager, ThereIsOneForAllOfTheProcess) {
   EXPECT_EQ(MWP_GetAppMgrService(), &manager);
 }
 
-TEST_F(PlatformAppManager, EachListenerIsToldOfTheModuleInAscendingOrderOfAddresses) {
+TEST_F(PlatformAppManager, EachListenerHearsOfTheModuleInAscendingOrderOfAddresses) {
   std::vector<int> order;
   for (int i = 2; i >= 0; --i) {
     listeners[i].then = [&order, i](AppBootInfo&) { order.push_back(i); };
@@ -64,7 +64,7 @@ TEST_F(PlatformAppManager, EachListenerIsToldOfTheModuleInAscendingOrderOfAddres
   EXPECT_EQ(listeners[2].seen[0].nStatus, 1);
 }
 
-TEST_F(PlatformAppManager, AListenerAddedTwiceIsToldOnceAndOneRemovedNoMore) {
+TEST_F(PlatformAppManager, AListenerAddedTwiceIsCalledOnceAndOneRemovedNotAtAll) {
   manager.AddListener(&listeners[0]);
   manager.AddListener(&listeners[0]);
   manager.NotifyModuleStatus(up);
@@ -95,7 +95,7 @@ TEST_F(PlatformAppManager, AListenerMayRemoveItselfAndTheNextOne) {
   EXPECT_EQ(listeners[2].seen.size(), 1u);
 }
 
-TEST_F(PlatformAppManager, ListenersAddedMeanwhileAreToldIfTheirTurnIsYetToCome) {
+TEST_F(PlatformAppManager, ListenersAddedMeanwhileAreCalledIfTheirTurnIsYetToCome) {
   listeners[1].then = [this](AppBootInfo&) { AddAll(); };
   manager.AddListener(&listeners[1]);
   manager.NotifyModuleStatus(up);
@@ -116,7 +116,7 @@ TEST_F(PlatformAppManager, AListenerThatThrowsDoesNotLeaveTheRegistryLocked) {
   ASSERT_EQ(other.wait_for(std::chrono::seconds(10)), std::future_status::ready);
 }
 
-TEST_F(PlatformAppManager, NobodyIsTakenOutWhileTheListenersAreToldByAnotherThread) {
+TEST_F(PlatformAppManager, NobodyIsTakenOutWhileAnotherThreadCallsTheListeners) {
   std::future<void> removal;
   listeners[0].then = [this, &removal](AppBootInfo&) {
     removal = std::async(std::launch::async, [this] { manager.RemoveListener(&listeners[2]); });
