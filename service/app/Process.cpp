@@ -9,17 +9,15 @@
 
 namespace btservice {
 
-Process::Process(const Options& options, const WorldFile& file, GMainLoop* loop)
+Process::Process(const Options& options, StackProvider& provider, GMainLoop* loop)
     : m_options(options),
-      m_file(file),
+      m_provider(provider),
       m_loop(loop),
       m_object(com_zelk_linux_bluetooth_skeleton_new()),
-      m_controls(bluetooth_sim_skeleton_new()),
       m_bus({[this] { OnOwned(); }, [this](bool busIsGone) { OnLost(busIsGone); }}) {}
 
 int Process::Run() {
-  if (!m_bus.Connect() || !m_bus.Export(m_object.Base(), kServicePath) ||
-      !m_bus.Export(m_controls.Base(), kControlPath)) {
+  if (!m_bus.Connect() || !m_bus.Export(m_object.Base(), kServicePath) || !m_provider.Export(m_bus)) {
     std::fputs(
         "btservice: there is no session bus; set DBUS_SESSION_BUS_ADDRESS, or start one with "
         "dbus-run-session\n",
@@ -38,7 +36,7 @@ int Process::Run() {
 /// Comes before the first call to the name is looked at, so that the service answers it.
 void Process::OnOwned() {
   if (!m_service) {
-    m_service.emplace(m_options, m_file, m_object.Get(), m_controls.Get(), m_bus);
+    m_service.emplace(m_options, m_provider, m_object.Get(), m_bus);
     m_service->Start();
   }
 }

@@ -9,7 +9,6 @@
 #include "service/app/Options.h"
 #include "service/app/Service.h"
 #include "service/app/ServiceBus.h"
-#include "service/world/WorldFile.h"
 
 namespace btservice {
 
@@ -18,7 +17,7 @@ namespace btservice {
 class Process {
  public:
   /// The main loop is ended when the process is to end.
-  Process(const Options& options, const WorldFile& file, GMainLoop* loop);
+  Process(const Options& options, StackProvider& provider, GMainLoop* loop);
 
   /// Serves until the main loop ends, and answers the exit code of the process.
   int Run();
@@ -28,12 +27,11 @@ class Process {
   void OnLost(bool busIsGone);
 
   Options m_options;
-  WorldFile m_file;
+  StackProvider& m_provider;
   GMainLoop* m_loop;
   int m_exitCode = EXIT_ENDED;
 
   Exported<ComZelkLinuxBluetooth> m_object;
-  Exported<BluetoothSim> m_controls;
   ServiceBus m_bus;
   std::optional<Service> m_service;
 };

@@ -1,28 +1,25 @@
 #ifndef SERVICE_APP_SERVICE_H
 #define SERVICE_APP_SERVICE_H
 
+#include <bt_dbus.h>
+
 #include "service/app/GLibScheduler.h"
 #include "service/app/Options.h"
 #include "service/app/ServiceBus.h"
-#include "service/control/CallLimit.h"
-#include "service/control/ControlMethods.h"
-#include "service/dbus/Methods.h"
+#include "service/app/StackProvider.h"
 #include "service/dbus/SignalEmitter.h"
-#include "service/model/SimulatedStack.h"
-#include "service/model/Timeline.h"
 #include "service/segments/ParameterSegment.h"
 #include "service/segments/Publisher.h"
 #include "service/state/StateFile.h"
-#include "service/world/WorldFile.h"
 
 namespace btservice {
 
-/// The whole service, put together. To be made by a process that owns the service's name.
+/// The whole service, put together: a stack, and what clients meet of it. To be made by a process that owns
+/// the service's name.
 class Service {
  public:
-  /// The objects are on the bus already; they must outlive this, and the bus must too.
-  Service(const Options& options, WorldFile file, ComZelkLinuxBluetooth* object, BluetoothSim* controls,
-          ServiceBus& bus);
+  /// The object is on the bus already; it must outlive this, as must the provider and the bus.
+  Service(const Options& options, StackProvider& provider, ComZelkLinuxBluetooth* object, ServiceBus& bus);
 
   /// Takes over from a service before this one, and begins to live.
   void Start();
@@ -30,22 +27,16 @@ class Service {
   void Stop();
 
  private:
-  WorldFile Prepare(WorldFile file);
-  void BindMethods(ComZelkLinuxBluetooth* object, BluetoothSim* controls);
+  StackStart LoadStart();
 
   const Options& m_options;
-  ServiceBus& m_bus;
   SegmentOwner m_segments;
   ParameterSegment m_parameters;
   StateFile m_state;
-  WorldFile m_file;
   GLibScheduler m_scheduler;
   SignalEmitter m_emitter;
-  SimulatedStack m_stack;
-  Timeline m_timeline;
+  ProvidedStack m_provided;
   Publisher m_publisher;
-  AnswerFaults m_answers;
-  CallLimit m_controlLimit;
 };
 
 }  // namespace btservice

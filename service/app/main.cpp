@@ -1,8 +1,7 @@
 // btservice: a Bluetooth service to develop against, without car and phone.
 
-#include <cstdio>
+#include <memory>
 #include <optional>
-#include <stdexcept>
 
 #include <glib-unix.h>
 
@@ -18,35 +17,25 @@ gboolean QuitOnSignal(gpointer loop) {
   return G_SOURCE_CONTINUE;
 }
 
-/// Nothing, and a message, if the world cannot be loaded.
-std::optional<WorldFile> LoadWorldOrComplain(const std::string& name) {
-  try {
-    return name.empty() ? WorldFile{BuiltInWorld(), {}} : LoadWorld(name);
-  } catch (const std::runtime_error& problem) {
-    std::fprintf(stderr, "btservice: %s\n", problem.what());
-    return std::nullopt;
-  }
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
+  const std::unique_ptr<StackProvider> provider = MakeStackProvider();
   Options options;
   int exitCode = EXIT_ENDED;
-  if (!ParseOptions(argc, argv, options, exitCode)) {
+  if (!ParseOptions(argc, argv, *provider, options, exitCode)) {
     return exitCode;
   }
   if (options.reserve) {
     return UseUpSmallIdentifiers() ? EXIT_ENDED : EXIT_NOT_RESERVED;
   }
-  const std::optional<WorldFile> world = LoadWorldOrComplain(options.world);
-  if (!world) {
-    return EXIT_BAD_WORLD;
+  if (const std::optional<int> ends = provider->Prepare()) {
+    return *ends;
   }
   GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
   g_unix_signal_add(SIGTERM, QuitOnSignal, loop);
   g_unix_signal_add(SIGINT, QuitOnSignal, loop);
-  exitCode = Process(options, *world, loop).Run();
+  exitCode = Process(options, *provider, loop).Run();
   g_main_loop_unref(loop);
   return exitCode;
 }

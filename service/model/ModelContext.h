@@ -34,13 +34,9 @@ struct ModelContext {
   Scheduler& scheduler;
   const Delays& delays;
   std::mt19937 random;
-  std::vector<StackObserver*> observers;
+  const StackObservers& observers;
 
-  void Report(const StackEvent& event) const {
-    for (StackObserver* const observer : observers) {
-      observer->OnStackEvent(event);
-    }
-  }
+  void Report(const StackEvent& event) const { observers.Report(event); }
 };
 
 }  // namespace btservice

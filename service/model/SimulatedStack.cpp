@@ -6,7 +6,7 @@ namespace btservice {
 
 SimulatedStack::SimulatedStack(Scheduler& scheduler, const World& world)
     : m_world(world),
-      m_context{scheduler, m_world.delays, std::mt19937(m_world.seed), {}},
+      m_context{scheduler, m_world.delays, std::mt19937(m_world.seed), Observers()},
       m_power(m_context),
       m_settings(m_context, m_world.adapter, m_world.settings),
       m_devices(m_context, m_world),

@@ -26,7 +26,6 @@ class SimulatedStack : public BluetoothStack {
   PhoneBookControl& PhoneBook() override { return m_phoneBook; }
   SerialControl& Serial() override { return m_serial; }
 
-  void AddObserver(StackObserver& observer) override { m_context.observers.push_back(&observer); }
   void Start() override;
   KeptState Kept() const override;
   void Stop() override;

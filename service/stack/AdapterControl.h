@@ -7,25 +7,37 @@
 
 namespace btservice {
 
-/// The local adapter: power, settings, the search for devices.
+/// The local adapter: power, settings, the search for devices. What holds for all requests is said at
+/// BluetoothStack.
 class AdapterControl {
  public:
   virtual ~AdapterControl() = default;
 
-  virtual bool SetPower(bool on) = 0;
-  virtual PowerStatus Power() const = 0;
-  /// Has everything that is known reported again, calls and a running download included.
-  virtual void ReportStatus() = 0;
+  /// Switches the adapter on or off. Refused if it is in that state, or on its way to it. PowerChanged
+  /// follows for the way there and for its end. Off ends searches, pairings, calls and connections, each
+  /// reported before the adapter is off.
+  virtual bool SetPower(bool on);
+  /// BT_POWER_OFF as well if there is no adapter.
+  virtual PowerStatus Power() const;
+  /// Reports everything that is known, in the order that MWPBtCom::GetBluetoothServiceStatus lists: a screen
+  /// that joins late draws from it. Calls and a running download are part of it.
+  virtual void ReportStatus();
 
-  virtual bool SetCapability(Capability capability, int value) = 0;
-  virtual int GetCapability(Capability capability) const = 0;
-  virtual bool SetAttribute(Attribute attribute, const std::string& value) = 0;
-  /// False if there is no such attribute.
-  virtual bool GetAttribute(Attribute attribute, std::string& value) const = 0;
+  /// Sets a capability to 0 or 1; CapabilityChanged follows, also if it had that value. Other values and
+  /// capabilities that cannot be switched are refused. The service keeps the value over a restart.
+  virtual bool SetCapability(Capability capability, int value);
+  /// 0 for a capability that the stack does not have.
+  virtual int GetCapability(Capability capability) const;
+  /// Sets an attribute; AttributeChanged follows. Refused if it is read only, or the value makes no sense.
+  virtual bool SetAttribute(Attribute attribute, const std::string& value);
+  /// False, and value as it was, if there is no such attribute.
+  virtual bool GetAttribute(Attribute attribute, std::string& value) const;
 
-  virtual bool SetScanning(bool on) = 0;
-  virtual void ForgetFoundDevices() = 0;
-  virtual bool EnterTestMode() = 0;
+  /// Begins or ends a search; ScanChanged and DeviceFound follow. A search ends by itself after a while.
+  virtual bool SetScanning(bool on);
+  /// Forgets the devices that were found and are not paired.
+  virtual void ForgetFoundDevices();
+  virtual bool EnterTestMode();
 };
 
 }  // namespace btservice

@@ -9,34 +9,47 @@
 
 namespace btservice {
 
-/// Calls through the connected phone, their sound, and ring tones.
+/// Calls through the connected phone, their sound, and ring tones. Without a phone that is connected for
+/// calls everything is refused. What becomes of a call is reported as CallChanged, for each call that has
+/// changed, and CallsChanged after them. What holds for all requests is said at BluetoothStack.
 class CallControl {
  public:
   virtual ~CallControl() = default;
 
-  virtual bool Accept() = 0;
-  virtual bool Reject() = 0;
-  virtual bool HangUp() = 0;
-  virtual bool Dial(const std::string& number) = 0;
-  virtual bool Redial() = 0;
-  /// callId 0: the calls that the action is about by itself.
-  virtual bool Perform(CallAction action, int callId) = 0;
-  virtual bool SendTone(char tone) = 0;
-  /// The calls, the one that is spoken in first.
-  virtual std::vector<CallInfo> Calls() const = 0;
+  /// Accepts the call that rings, or the one that waits: then the other is held.
+  virtual bool Accept();
+  /// Refuses the call that rings or waits.
+  virtual bool Reject();
+  /// Ends the call that is being dialled, or the one that is spoken in, or refuses the one that rings.
+  virtual bool HangUp();
+  /// Refused if the number has other than digits, '*', '#' and '+', or no further call is possible.
+  virtual bool Dial(const std::string& number);
+  /// Dials the last number again. Refused if there is none.
+  virtual bool Redial();
+  /// One of the actions with two calls. callId 0: the calls that the action is about by itself. Refused
+  /// unless CallActionChanged has said that it is possible.
+  virtual bool Perform(CallAction action, int callId);
+  /// '0' to '9', '*', '#' and 'A' to 'D', while a call is active.
+  virtual bool SendTone(char tone);
+  /// The calls, the one that is spoken in first. Their seconds are those of now.
+  virtual std::vector<CallInfo> Calls() const;
 
-  /// Puts the sound on the phone (true) or on the head unit.
-  virtual bool SetPrivate(bool onPhone) = 0;
-  virtual bool IsPrivate() const = 0;
-  virtual void StartVoiceRecognition() = 0;
-  virtual void StopVoiceRecognition() = 0;
-  /// Nothing if no phone is connected or its number is unknown.
-  virtual std::optional<std::string> OwnNumber() const = 0;
+  /// Puts the sound on the phone (true) or on the head unit. CallAudioChanged follows.
+  virtual bool SetPrivate(bool onPhone);
+  virtual bool IsPrivate() const;
+  /// VoiceRecognitionChanged follows.
+  virtual void StartVoiceRecognition();
+  virtual void StopVoiceRecognition();
+  /// Nothing if no phone is connected, or if it keeps its number to itself.
+  virtual std::optional<std::string> OwnNumber() const;
 
-  virtual bool PlayRingtone() = 0;
-  virtual bool StopRingtone() = 0;
-  virtual bool PlayPreview(const std::string& path) = 0;
-  virtual bool StopPreview() = 0;
+  /// Refused if no call comes in; ends with the ringing.
+  virtual bool PlayRingtone();
+  /// False if none was playing.
+  virtual bool StopRingtone();
+  /// path: an absolute one, of a sound file.
+  virtual bool PlayPreview(const std::string& path);
+  virtual bool StopPreview();
 };
 
 }  // namespace btservice

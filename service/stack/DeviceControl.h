@@ -9,37 +9,55 @@
 
 namespace btservice {
 
-/// The remote devices: pairing, the list of paired devices, connections, wireless projection.
+/// The remote devices: pairing, the list of paired devices, connections, wireless projection. Addresses are
+/// taken in upper and lower case and reported in upper case; a request with a text that is none is refused.
+/// What holds for all requests is said at BluetoothStack.
 class DeviceControl {
  public:
   virtual ~DeviceControl() = default;
 
-  virtual bool Pair(const std::string& address, const std::string& pin) = 0;
-  virtual bool AcceptPairing(const std::string& address, const std::string& pin, PairRequestState state) = 0;
-  virtual bool RejectPairing(const std::string& address, PairRequestState state) = 0;
-  virtual bool SetOobLinkKey(const std::string& address, const Bytes& key) = 0;
+  /// Begins to pair with a device, found before or not; pin is for devices that want one, and may be empty.
+  /// Refused while another pairing is under way, and if the device is paired. PairChanged follows, and
+  /// PairRequested if somebody has to answer.
+  virtual bool Pair(const std::string& address, const std::string& pin);
+  /// Answer PairRequested. Refused if that device does not ask, or not in this way (state).
+  virtual bool AcceptPairing(const std::string& address, const std::string& pin, PairRequestState state);
+  virtual bool RejectPairing(const std::string& address, PairRequestState state);
+  /// Pairs by a key of 16 bytes that was exchanged by other means. OobLinkKeySet follows, with the outcome.
+  virtual bool SetOobLinkKey(const std::string& address, const Bytes& key);
 
-  virtual std::vector<DeviceInfo> PairedDevices() const = 0;
+  /// In the order that is shown: the latest first unless they were moved. PairedDevicesChanged says that the
+  /// list, or anything in it, is another.
+  virtual std::vector<DeviceInfo> PairedDevices() const;
   /// Any device that is known, paired or found.
-  virtual std::optional<DeviceInfo> FindDevice(const std::string& address) const = 0;
-  virtual bool DeletePairings() = 0;
-  virtual bool DeletePairing(const std::string& address) = 0;
-  virtual bool MovePairing(const std::string& address, int position) = 0;
+  virtual std::optional<DeviceInfo> FindDevice(const std::string& address) const;
+  /// Delete all pairings, or one, and end the connections of these devices. PairingDeleted follows.
+  virtual bool DeletePairings();
+  virtual bool DeletePairing(const std::string& address);
+  /// position counts from 0. Refused if the list is shorter, or the device is not in it.
+  virtual bool MovePairing(const std::string& address, int position);
   /// Forgets a device that was found and is not paired.
-  virtual void RemoveDevice(const std::string& address) = 0;
+  virtual void RemoveDevice(const std::string& address);
 
-  /// only: other devices are disconnected from the profile first.
-  virtual bool Connect(const std::string& address, ProfileId profile, bool only) = 0;
-  virtual bool Disconnect(const std::string& address, ProfileId profile) = 0;
-  virtual bool Reconnect(const std::string& address, ProfileId profile) = 0;
-  virtual void EnableProfiles() = 0;
-  virtual void DisableProfiles(const std::string& address) = 0;
-  /// The device whose connection of this profile is the one in use.
-  virtual ConnectionState Connection(ProfileId profile) const = 0;
+  /// Connects one profile of a paired device, or BT_PROFILE_HFP_A2DP: both of these. only: other devices are
+  /// disconnected from the profile first. ConnectionChanged follows, BT_CONN_FAILED if it does not come
+  /// about.
+  virtual bool Connect(const std::string& address, ProfileId profile, bool only);
+  virtual bool Disconnect(const std::string& address, ProfileId profile);
+  /// As Connect for a device that was connected before: to have a lost link back.
+  virtual bool Reconnect(const std::string& address, ProfileId profile);
+  /// Allows all profiles of all devices.
+  virtual void EnableProfiles();
+  /// Disconnects a device, and keeps its profiles from being connected.
+  virtual void DisableProfiles(const std::string& address);
+  /// The device whose connection of this profile is the one in use, and how far it is.
+  virtual ConnectionState Connection(ProfileId profile) const;
 
-  virtual bool SetProjectionRunning(bool running) = 0;
-  virtual bool RequestProjectionPairing(const std::string& address, int method) = 0;
-  virtual void SetProjectionAllowed(const std::string& address, bool allowed) = 0;
+  /// Whether wireless projection runs now, as the head unit sees it.
+  virtual bool SetProjectionRunning(bool running);
+  /// ProjectionPairingAnswered follows.
+  virtual bool RequestProjectionPairing(const std::string& address, int method);
+  virtual void SetProjectionAllowed(const std::string& address, bool allowed);
 };
 
 }  // namespace btservice

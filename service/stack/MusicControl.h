@@ -10,48 +10,60 @@
 
 namespace btservice {
 
-/// The player of the connected device, and what can be browsed in it.
+/// The player of the connected device, and what can be browsed in it. Without one everything but the audio
+/// output is refused. What holds for all requests is said at BluetoothStack.
 class MusicControl {
  public:
   virtual ~MusicControl() = default;
 
-  /// Opens or closes the audio output.
-  virtual bool EnableOutput(bool on) = 0;
-  virtual bool Play() = 0;
-  virtual bool Pause() = 0;
-  virtual bool Previous() = 0;
-  virtual bool Next() = 0;
+  /// Opens or closes the audio output. StreamChanged follows if music runs.
+  virtual bool EnableOutput(bool on);
+  /// The keys of a remote control. The player does as it likes: PlayStatusChanged, TrackChanged,
+  /// TrackInfoChanged say what it has done.
+  virtual bool Play();
+  virtual bool Pause();
+  virtual bool Previous();
+  virtual bool Next();
   /// Winds while on; only one direction at a time.
-  virtual bool FastForward(bool on) = 0;
-  virtual bool FastReverse(bool on) = 0;
+  virtual bool FastForward(bool on);
+  virtual bool FastReverse(bool on);
 
-  virtual MusicPlayStatus Status() const = 0;
+  virtual MusicPlayStatus Status() const;
   /// Position and length in milliseconds; nothing without a player.
-  virtual std::optional<std::pair<int, int>> Position() const = 0;
-  virtual std::optional<TrackInfo> CurrentTrack() const = 0;
-  /// Reports the position, or the texts of the track, again and again while on.
-  virtual bool ReportPosition(bool on, int periodMs) = 0;
-  virtual bool ReportTrackInfo(bool on, int periodMs) = 0;
+  virtual std::optional<std::pair<int, int>> Position() const;
+  virtual std::optional<TrackInfo> CurrentTrack() const;
+  /// Reports the position, or the texts of the track, again and again while on; the period is in
+  /// milliseconds.
+  virtual bool ReportPosition(bool on, int periodMs);
+  virtual bool ReportTrackInfo(bool on, int periodMs);
 
-  virtual std::vector<PlayMode> PlayModes() const = 0;
-  virtual std::vector<PlayMode> SupportedPlayModes() const = 0;
-  virtual bool SetPlayMode(PlayMode mode) = 0;
-  virtual bool SupportsNotification(SupportAvrcpEvent event) const = 0;
+  virtual std::vector<PlayMode> PlayModes() const;
+  virtual std::vector<PlayMode> SupportedPlayModes() const;
+  /// PlayModeChanged follows.
+  virtual bool SetPlayMode(PlayMode mode);
+  virtual bool SupportsNotification(SupportAvrcpEvent event) const;
 
-  virtual bool SupportsBrowsing() const = 0;
-  virtual bool IsRootFolder() const = 0;
-  virtual bool ToRootFolder(ItemRange range) = 0;
-  virtual bool FolderUp(ItemRange range) = 0;
-  virtual bool FolderDown(const std::string& uid, ItemRange range) = 0;
+  // Browsing. Going to a folder, searching and the queue report BrowserPathChanged where a folder is entered,
+  // and BrowserItemsArrived once Items has them.
+
+  virtual bool SupportsBrowsing() const;
+  virtual bool IsRootFolder() const;
+  virtual bool ToRootFolder(ItemRange range);
+  virtual bool FolderUp(ItemRange range);
+  virtual bool FolderDown(const std::string& uid, ItemRange range);
   /// Searches in a folder and below it; an empty uid is the current folder.
-  virtual bool Search(const std::string& uid, const std::string& words, ItemRange range) = 0;
-  virtual bool BrowseQueue(ItemRange range) = 0;
-  /// Asks for the items of a scope again, and for what the last such request brought.
-  virtual bool FetchItems(BrowserScopeType scope) = 0;
-  virtual std::vector<BrowserItem> Items(BrowserScopeType scope) const = 0;
-  virtual bool CountFolder(const std::string& uid) = 0;
-  virtual bool PlayItem(const std::string& uid, BrowserScopeType scope) = 0;
-  virtual bool QueueItem(const std::string& uid, BrowserScopeType scope) = 0;
+  virtual bool Search(const std::string& uid, const std::string& words, ItemRange range);
+  virtual bool BrowseQueue(ItemRange range);
+  /// Asks for the items of a scope again. BrowserItemsArrived follows only if they differ from those reported
+  /// last, since an application asks for them when it hears of that event.
+  virtual bool FetchItems(BrowserScopeType scope);
+  /// What the last request for items of this scope has brought.
+  virtual std::vector<BrowserItem> Items(BrowserScopeType scope) const;
+  /// BrowserFolderTotal follows.
+  virtual bool CountFolder(const std::string& uid);
+  /// ItemPlayed, ItemQueued follow.
+  virtual bool PlayItem(const std::string& uid, BrowserScopeType scope);
+  virtual bool QueueItem(const std::string& uid, BrowserScopeType scope);
 };
 
 }  // namespace btservice

@@ -8,24 +8,31 @@
 
 namespace btservice {
 
-/// The downloaded phone book and call logs of the connected phone.
+/// The downloaded phone book and call logs of the connected phone. What holds for all requests is said at
+/// BluetoothStack.
 class PhoneBookControl {
  public:
   virtual ~PhoneBookControl() = default;
 
-  virtual bool StartDownload(PbapType type) = 0;
-  virtual bool StopDownload() = 0;
+  /// Refused unless a phone is connected for its phone book, and while a download runs. DownloadStatusChanged
+  /// and DownloadProgress follow.
+  virtual bool StartDownload(PbapType type);
+  virtual bool StopDownload();
 
-  virtual const std::vector<Contact>& Contacts() const = 0;
-  virtual std::vector<Contact> Favorites() const = 0;
-  virtual bool DeleteContact(int id) = 0;
-  virtual bool ClearContacts() = 0;
-  virtual bool SetFavorite(int contactId, bool favorite) = 0;
+  /// The reference holds until something is changed or downloaded.
+  virtual const std::vector<Contact>& Contacts() const;
+  virtual std::vector<Contact> Favorites() const;
+  /// Refused if there is no such contact. ContactsDeleted follows. The phone keeps what is deleted here.
+  virtual bool DeleteContact(int id);
+  virtual bool ClearContacts();
+  /// FavoriteChanged follows.
+  virtual bool SetFavorite(int contactId, bool favorite);
 
   /// The latest first.
-  virtual std::vector<CallLogEntry> CallLogs(CallLogType type) const = 0;
-  virtual bool DeleteCallLog(int id) = 0;
-  virtual bool ClearCallLogs(CallLogType type) = 0;
+  virtual std::vector<CallLogEntry> CallLogs(CallLogType type) const;
+  /// CallLogsChanged follows.
+  virtual bool DeleteCallLog(int id);
+  virtual bool ClearCallLogs(CallLogType type);
 };
 
 }  // namespace btservice

@@ -7,17 +7,21 @@
 
 namespace btservice {
 
-/// Serial channels, and input to a phone over HID.
+/// Serial channels, and input to a phone over HID. What holds for all requests is said at BluetoothStack.
 class SerialControl {
  public:
   virtual ~SerialControl() = default;
 
-  virtual bool OfferService(const std::string& uuid) = 0;
-  virtual bool Send(const std::string& address, const Bytes& data) = 0;
+  /// Lets devices open a serial channel to the service of this UUID. SerialChannelChanged when one does.
+  virtual bool OfferService(const std::string& uuid);
+  /// Refused if there is no channel to that device. What comes back is SerialDataArrived.
+  virtual bool Send(const std::string& address, const Bytes& data);
 
-  virtual bool CalibrateHid(const std::string& address, HIDTYPE type) = 0;
-  virtual bool SendHidPosition(const std::string& address, HIDTYPE type, int x, int y, int buttons) = 0;
-  virtual bool SendHidKey(const std::string& address, int key) = 0;
+  /// HidCalibrated follows.
+  virtual bool CalibrateHid(const std::string& address, HIDTYPE type);
+  /// Refused if the device takes no input.
+  virtual bool SendHidPosition(const std::string& address, HIDTYPE type, int x, int y, int buttons);
+  virtual bool SendHidKey(const std::string& address, int key);
 };
 
 }  // namespace btservice

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "service/stack/StackTypes.h"
 
@@ -231,6 +232,22 @@ class StackObserver {
  public:
   virtual ~StackObserver() = default;
   virtual void OnStackEvent(const StackEvent& event) = 0;
+};
+
+/// Those who hear what a stack reports.
+class StackObservers {
+ public:
+  /// The observer is called after those that were added before, and must live as long as anything is
+  /// reported.
+  void Add(StackObserver& observer) { m_observers.push_back(&observer); }
+  void Report(const StackEvent& event) const {
+    for (StackObserver* const observer : m_observers) {
+      observer->OnStackEvent(event);
+    }
+  }
+
+ private:
+  std::vector<StackObserver*> m_observers;
 };
 
 }  // namespace btservice

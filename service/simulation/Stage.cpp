@@ -1,0 +1,49 @@
+#include "service/simulation/Stage.h"
+
+#include <ctime>
+#include <utility>
+
+#define MWP_LOG_SOURCE "service/simulation/Stage"
+#include <mwp/MWPLog.h>
+
+namespace btservice {
+namespace {
+
+World AtStart(World world, const StackStart& start) {
+  world.startTime = std::time(nullptr);
+  world.settings = start.settings;
+  if (start.kept) {
+    Restore(*start.kept, world);
+  }
+  return world;
+}
+
+}  // namespace
+
+Stage::Stage(const ServiceParts& parts, WorldFile file, const StackStart& start, double speed,
+             BluetoothSim* controls)
+    : SimulatedStack(parts.scheduler, AtStart(std::move(file.world), start)),
+      m_happenings(std::move(file.timeline)),
+      m_timeline(parts.scheduler, Controls()) {
+  BindControls(parts, speed, controls);
+}
+
+void Stage::BindControls(const ServiceParts& parts, double speed, BluetoothSim* object) {
+  ControlBinder controls(object, &m_controlLimit);
+  ServiceBus& bus = parts.bus;
+  BindWorldMethods(controls, Controls());
+  BindFaultMethods(controls,
+                   {m_answers, parts.segments,
+                    [&bus](const std::string& name, GVariant* tuple) { bus.EmitSignal(name, tuple); },
+                    [&bus](unsigned milliseconds) { bus.LeaveFor(milliseconds); }});
+  controls.Bind(SIM_METHOD(get_time),
+                [&scheduler = parts.scheduler, speed] { return std::tuple(scheduler.Now().count(), speed); });
+}
+
+void Stage::Start() {
+  MWP_LOG(MWP_LOG_INFO, "serving a world of %zu devices", Controls().Devices().size());
+  SimulatedStack::Start();
+  m_timeline.Start(m_happenings);
+}
+
+}  // namespace btservice

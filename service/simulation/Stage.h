@@ -1,0 +1,36 @@
+#ifndef SERVICE_SIMULATION_STAGE_H
+#define SERVICE_SIMULATION_STAGE_H
+
+#include "service/app/StackProvider.h"
+#include "service/control/AnswerFaults.h"
+#include "service/control/CallLimit.h"
+#include "service/control/ControlMethods.h"
+#include "service/model/SimulatedStack.h"
+#include "service/model/Timeline.h"
+#include "service/world/WorldFile.h"
+
+namespace btservice {
+
+/// The simulated stack in a world that somebody directs: by the world's timeline, and by the controls on the
+/// bus.
+class Stage : public SimulatedStack {
+ public:
+  /// The object of the controls must outlive this.
+  Stage(const ServiceParts& parts, WorldFile file, const StackStart& start, double speed,
+        BluetoothSim* controls);
+
+  void Start() override;
+  AnswerGate& Gate() { return m_answers; }
+
+ private:
+  void BindControls(const ServiceParts& parts, double speed, BluetoothSim* controls);
+
+  std::vector<Happening> m_happenings;
+  Timeline m_timeline;
+  AnswerFaults m_answers;
+  CallLimit m_controlLimit;
+};
+
+}  // namespace btservice
+
+#endif
