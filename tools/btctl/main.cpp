@@ -45,8 +45,8 @@ ExitCode Run(Session& session, AnswerStream& answers, const std::vector<std::str
   }
 }
 
-/// Opens standard input and error if they are closed: else the connection to the bus would take their
-/// numbers, and would get the messages. Standard output is the business of AnswerStream.
+/// Opens standard input and error if they are closed: else another file would take their numbers, and would
+/// get the messages. Standard output is the business of AnswerStream.
 void OpenStandardFiles() {
   for (const int standard : {STDIN_FILENO, STDERR_FILENO}) {
     if (fcntl(standard, F_GETFD) < 0) {
