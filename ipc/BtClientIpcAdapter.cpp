@@ -8,8 +8,8 @@
 #include "ipc/BtProxy.h"
 #include "ipc/ServiceError.h"
 #include "ipc/SessionBusExit.h"
-#include "ipc/ShareMemory/SegmentCatalogue.h"
 #include "ipc/ShareMemory/ShareMemory.h"
+#include "protocol/Segments.h"
 
 ComZelkLinuxBluetooth* g_BtProxy = nullptr;
 

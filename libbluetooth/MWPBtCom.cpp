@@ -5,8 +5,8 @@
 #define MWP_LOG_SOURCE "libbluetooth/MWPBtCom"
 #include <mwp/MWPLog.h>
 
-#include "libbluetooth/BluetoothAddress.h"
 #include "libbluetooth/ForwardToClient.h"
+#include "protocol/Address.h"
 
 namespace {
 

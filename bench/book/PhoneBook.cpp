@@ -5,7 +5,7 @@
 #include <cstring>
 #include <random>
 
-#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "protocol/Segments.h"
 
 namespace {
 

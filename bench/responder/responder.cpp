@@ -13,8 +13,8 @@
 #include "bench/book/PhoneBook.h"
 #include "bench/peers/BookMessage.h"
 #include "bench/responder/BenchInterface.h"
-#include "ipc/ShareMemory/SegmentCatalogue.h"
 #include "ipc/ShareMemory/ShareMemory.h"
+#include "protocol/Segments.h"
 
 namespace {
 

@@ -14,8 +14,8 @@
 #include "bench/peers/BookMessage.h"
 #include "bench/sections/QuickCall.h"
 #include "bench/sections/Sections.h"
-#include "ipc/ShareMemory/SegmentCatalogue.h"
 #include "ipc/ShareMemory/ShareMemory.h"
+#include "protocol/Segments.h"
 #ifdef BENCH_HAS_VFORMAT
 #include "bench/peers/BookCards.h"
 #include "service/world/VCard.h"

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <map>
 
-#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "protocol/Segments.h"
 
 /// The segments as seen by the service, which writes them: knows which of them this process has made, and
 /// follows a key to the segment that it names now. A client that tears down can mark a segment for removal:

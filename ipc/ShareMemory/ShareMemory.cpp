@@ -10,8 +10,8 @@
 #define MWP_LOG_SOURCE "ipc/ShareMemory/ShareMemory"
 #include <mwp/MWPLog.h>
 
-#include "ipc/ShareMemory/SegmentCatalogue.h"
 #include "ipc/ShareMemory/UsableSegment.h"
+#include "protocol/Segments.h"
 
 std::map<int, int> g_ShmIdMap = {
     {SH_PAIRED_LIST, 2048},     {SH_CONTACT_LIST, 0x200000}, {SH_FAV_CONTACT_LIST, 0x100000},

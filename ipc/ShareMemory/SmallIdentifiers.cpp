@@ -10,7 +10,7 @@
 #define MWP_LOG_SOURCE "ipc/ShareMemory/SmallIdentifiers"
 #include <mwp/MWPLog.h>
 
-#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "protocol/Segments.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include <cstddef>
 
-#include "ipc/ShareMemory/SegmentCatalogue.h"
 #include "ipc/ShareMemory/ShareMemory.h"
+#include "protocol/Segments.h"
 
 /// The bytes of a segment that may be read and written.
 struct SegmentBytes {

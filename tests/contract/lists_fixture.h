@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "ipc/BtClientIpcAdapter.h"
-#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "protocol/Segments.h"
 #include "support/BusDaemon.h"
 #include "support/Recorder.h"
 #include "support/Segments.h"

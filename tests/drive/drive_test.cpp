@@ -12,7 +12,7 @@
 #include "drive/BusWitness.h"
 #include "drive/DriveClient.h"
 #include "drive/ProcessUsage.h"
-#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "protocol/Segments.h"
 #include "support/MainLoop.h"
 #include "support/Segments.h"
 #include "support/TemporaryDirectory.h"

@@ -5,8 +5,8 @@
 
 #include "fuzz/LogCount.h"
 #include "ipc/BtProxy.h"
-#include "ipc/ShareMemory/SegmentCatalogue.h"
 #include "ipc/ShareMemory/ShareMemory.h"
+#include "protocol/Segments.h"
 
 namespace bttest {
 namespace {

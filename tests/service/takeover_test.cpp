@@ -10,7 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ipc/ShareMemory/SegmentCatalogue.h"
+#include "protocol/Segments.h"
 #include "service/stack/StackTypes.h"
 #include "support/Segments.h"
 #include "support/TemporaryDirectory.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "libbluetooth/BluetoothAddress.h"
+#include "protocol/Address.h"
 
 namespace {
 

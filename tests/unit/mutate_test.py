@@ -75,7 +75,7 @@ class Faults(unittest.TestCase):
 
 
 class CommandLine(unittest.TestCase):
-    FILE = "libbluetooth/BluetoothAddress.h"
+    FILE = "protocol/Address.h"
 
     def test_help_is_printed(self):
         result = run("--help")
@@ -90,9 +90,9 @@ class CommandLine(unittest.TestCase):
         of_one_line = run("--list", first).stdout.splitlines()
         self.assertEqual(of_one_line, [line for line in lines if line.startswith(first + ": ")])
 
-    def test_without_a_file_those_of_both_folders_are_listed(self):
+    def test_without_a_file_those_of_all_folders_are_listed(self):
         files = {line.split(":")[0] for line in run("--list").stdout.splitlines()}
-        self.assertEqual({file.split("/")[0] for file in files}, {"libbluetooth", "ipc"})
+        self.assertEqual({file.split("/")[0] for file in files}, {"libbluetooth", "ipc", "protocol"})
 
     def test_a_sample_is_part_of_them_and_the_same_for_the_same_seed(self):
         everything = run("--list", self.FILE).stdout.splitlines()

@@ -9,9 +9,9 @@
 #include <sys/shm.h>
 
 #include "ipc/BtClientIpcAdapter.h"
-#include "ipc/ShareMemory/SegmentCatalogue.h"
 #include "ipc/ShareMemory/ShareMemory.h"
 #include "ipc/ShareMemory/ShmUnPackUtils.h"
+#include "protocol/Segments.h"
 #include "support/LogCapture.h"
 #include "support/Segments.h"
 
