@@ -9,14 +9,13 @@
 #include "ipc/ServiceError.h"
 #include "ipc/SessionBusExit.h"
 #include "ipc/ShareMemory/ShareMemory.h"
+#include "protocol/BusNames.h"
 #include "protocol/Segments.h"
 
 ComZelkLinuxBluetooth* g_BtProxy = nullptr;
 
 namespace {
 
-constexpr const char* kBusName = "com.zelk.linux.bluetooth";
-constexpr const char* kObjectPath = "/com/zelk/linux/bluetooth";
 constexpr int kLastRetry = 6;  // counted from 0: seven failures end the attempt
 
 }  // namespace
@@ -53,8 +52,8 @@ bool BtClientIpcAdapter::InitDBusConnect() {
   bool firstTry = true;
   for (;;) {
     ServiceError error;
-    g_BtProxy = com_zelk_linux_bluetooth_proxy_new_for_bus_sync(G_BUS_TYPE_SESSION, G_DBUS_PROXY_FLAGS_NONE,
-                                                                kBusName, kObjectPath, nullptr, error.Out());
+    g_BtProxy = com_zelk_linux_bluetooth_proxy_new_for_bus_sync(
+        G_BUS_TYPE_SESSION, G_DBUS_PROXY_FLAGS_NONE, kServiceName, kServicePath, nullptr, error.Out());
     SessionBusExit::SwitchOff(g_BtProxy);
     if (g_BtProxy == nullptr) {
       MWP_LOG(MWP_LOG_ERROR, "InitDBusConnect: Failed to create proxy. Reason: %s.retry->%d", error.Message(),

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <string>
 
 #include <mwp/MWPLibConfigs.h>
@@ -12,47 +13,51 @@
 
 #include "ipc/BtClientIpcAdapter.h"
 #include "ipc/ShareMemory/UsableSegment.h"
+#include "protocol/Settings.h"
 
 namespace {
 
-constexpr int kPersistCategory = 8;  // Bluetooth
-
-/// How one persisted setting gets into the parameter segment. The texts are the ones that log analysis knows,
+/// What is logged about each setting as it is loaded. The texts are the ones that log analysis knows,
 /// including the name of a method that does not issue them and the scan setting under the download's text.
-struct Setting {
-  int key;
-  std::size_t offset;
-  const char* defaultPath;  ///< in the configuration store; null: the default is 0
-  const char* failureText;  ///< takes the default if there is a defaultPath
-  const char* valueText;
+struct SettingTexts {
+  ParameterOffset offset;
+  const char* failure;  ///< takes the default if the configuration store has one
+  const char* value;
 };
 
-constexpr Setting kSettings[] = {
-    {309, PARAMETER_POWER_SWITCH, "/setting/default_bluetooth_power",
-     "MWPBtClient::GetCapability Failed ! Set Default bt power:%d ",
+constexpr SettingTexts kSettingTexts[] = {
+    {PARAMETER_POWER_SWITCH, "MWPBtClient::GetCapability Failed ! Set Default bt power:%d ",
      "LoadPersistDataToSharemenory powerSwitch:%d"},
-    {303, PARAMETER_AUTO_CONNECT, "/setting/default_bluetooth_auto_connect",
-     "MWPBtClient::GetCapability Failed ! Set Default auto connect:%d ",
+    {PARAMETER_AUTO_CONNECT, "MWPBtClient::GetCapability Failed ! Set Default auto connect:%d ",
      "LoadPersistDataToSharemenory auto connect:%d"},
-    {304, PARAMETER_AUTO_ANSWER, "/setting/default_bluetooth_auto_answer",
-     "MWPBtClient::GetCapability Failed ! Set Default auto answer:%d ",
+    {PARAMETER_AUTO_ANSWER, "MWPBtClient::GetCapability Failed ! Set Default auto answer:%d ",
      "LoadPersistDataToSharemenory auto anwser:%d"},
-    {305, PARAMETER_AUTO_REJECT_INCALL, nullptr,
+    {PARAMETER_AUTO_REJECT_INCALL,
      "MWPBtClient::GetCapability Get BTC_AUTO_REJECT_INCALL Failed ! Reset vlaue 0",
      "LoadPersistDataToSharemenory auto reject call:%d"},
-    {306, PARAMETER_AUTO_DOWNLOAD, "/setting/default_bluetooth_auto_download",
-     "MWPBtClient::GetCapability Failed ! Set Default auto download all:%d ",
+    {PARAMETER_AUTO_DOWNLOAD, "MWPBtClient::GetCapability Failed ! Set Default auto download all:%d ",
      "LoadPersistDataToSharemenory auto download:%d"},
-    {307, PARAMETER_ENABLE_SCAN, nullptr,
-     "MWPBtClient::GetCapability Get BTC_ENABLE_SCAN Failed ! Reset vlaue 0",
+    {PARAMETER_ENABLE_SCAN, "MWPBtClient::GetCapability Get BTC_ENABLE_SCAN Failed ! Reset vlaue 0",
      "LoadPersistDataToSharemenory auto download:%d"},
-    {308, PARAMETER_AUTO_ANSWER_PAIR, nullptr,
-     "MWPBtClient::GetCapability Get BTC_AUTO_ANSWER_PAIR Failed ! Reset vlaue 0",
+    {PARAMETER_AUTO_ANSWER_PAIR, "MWPBtClient::GetCapability Get BTC_AUTO_ANSWER_PAIR Failed ! Reset vlaue 0",
      "LoadPersistDataToSharemenory auto answer pair:%d"},
-    {310, PARAMETER_LOCAL_RING, nullptr,
+    {PARAMETER_LOCAL_RING,
      "MWPBtClient::GetCapability Get PERSIST_BLUETOOTH_ENABLE_LOCAL_RING Failed ! Reset vlaue 0",
      "LoadPersistDataToSharemenory local ringtone :%d"},
 };
+
+constexpr std::size_t kSettingCount = std::size(kSettings);
+
+constexpr bool EverySettingHasItsTexts() {
+  for (std::size_t i = 0; i < kSettingCount; ++i) {
+    if (kSettings[i].offset != kSettingTexts[i].offset) {
+      return false;
+    }
+  }
+  return true;
+}
+static_assert(std::size(kSettingTexts) == kSettingCount, "each setting has its texts");
+static_assert(EverySettingHasItsTexts(), "the texts are in the order of the settings");
 
 int ReadParameter(const SegmentBytes& segment, std::size_t offset) {
   std::int32_t value;
@@ -67,34 +72,17 @@ void WriteParameter(const SegmentBytes& segment, std::size_t offset, int value) 
 
 /// Where the parameter segment keeps a capability; false for a capability that it does not keep.
 bool FindParameter(MWPBtType::Capability capability, std::size_t& offset) {
-  switch (capability) {
-    case MWPBtType::BT_CAP_POWER_SWITCH:
-      offset = PARAMETER_POWER_SWITCH;
-      return true;
-    case MWPBtType::BT_CAP_AUTO_CONNECT:
-      offset = PARAMETER_AUTO_CONNECT;
-      return true;
-    case MWPBtType::BT_CAP_AUTO_ANSWER:
-      offset = PARAMETER_AUTO_ANSWER;
-      return true;
-    case MWPBtType::BT_CAP_AUTO_REJECT_INCALL:
-      offset = PARAMETER_AUTO_REJECT_INCALL;
-      return true;
-    case MWPBtType::BT_CAP_AUTO_DOWNLOAD:
-      offset = PARAMETER_AUTO_DOWNLOAD;
-      return true;
-    case MWPBtType::BT_CAP_ENABLE_SCAN:
-      offset = PARAMETER_ENABLE_SCAN;
-      return true;
-    case MWPBtType::BT_CAP_LOCAL_RING:
-      offset = PARAMETER_LOCAL_RING;
-      return true;
-    case MWPBtType::BT_CAP_PARAMETER_LOADED:
-      offset = PARAMETER_LOADED;
-      return true;
-    default:
-      return false;
+  if (capability == MWPBtType::BT_CAP_PARAMETER_LOADED) {
+    offset = PARAMETER_LOADED;
+    return true;
   }
+  for (const SettingEntry& setting : kSettings) {
+    if (setting.capability == capability) {
+      offset = setting.offset;
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace
@@ -114,14 +102,15 @@ void BtClientIpcAdapter::LoadPersistDataToSharemenory() {
   WriteParameter(segment, PARAMETER_LOADED, 1);
 
   int value = 0;
-  for (const Setting& setting : kSettings) {
+  for (std::size_t i = 0; i < kSettingCount; ++i) {
+    const SettingEntry& setting = kSettings[i];
     const MWPLogSite site{MWP_LOG_SOURCE, __func__, __LINE__};
-    if (MWP_GetA7PersistService()->ReadInt(kPersistCategory, setting.key, &value) != 0) {
+    if (MWP_GetA7PersistService()->ReadInt(kSettingsCategory, setting.key, &value) != 0) {
       value = setting.defaultPath != nullptr ? GetLibConfigs()->GetInt(setting.defaultPath) : 0;
-      MWPLogWrite(site, MWP_LOG_ERROR, setting.failureText, value);
-      MWP_GetA7PersistService()->WriteInt(kPersistCategory, setting.key, value, 0);
+      MWPLogWrite(site, MWP_LOG_ERROR, kSettingTexts[i].failure, value);
+      MWP_GetA7PersistService()->WriteInt(kSettingsCategory, setting.key, value, 0);
     }
-    MWPLogWrite(site, MWP_LOG_DEBUG, setting.valueText, value);
+    MWPLogWrite(site, MWP_LOG_DEBUG, kSettingTexts[i].value, value);
     WriteParameter(segment, setting.offset, value);
   }
 }

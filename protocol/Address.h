@@ -3,6 +3,9 @@
 
 #include <string>
 
+/// The same as IsBluetoothAddress, as a regular expression, for those who check addresses elsewhere.
+constexpr const char* kBluetoothAddressPattern = "^([0-9A-Fa-f]{2}:){5}[0-9A-Fa-f]{2}$";
+
 /// Whether text is a Bluetooth address: 17 characters, six pairs of hexadecimal digits of either case
 /// separated by ':'.
 inline bool IsBluetoothAddress(const std::string& text) {

@@ -3,7 +3,7 @@
 #include <bt_dbus.h>
 
 #include "bench/programs/StartFigures.h"
-#include "bench/responder/BenchInterface.h"
+#include "protocol/BusNames.h"
 
 int main() {
   if (com_zelk_linux_bluetooth_proxy_new_for_bus_sync(G_BUS_TYPE_SESSION, G_DBUS_PROXY_FLAGS_NONE,

@@ -1,12 +1,9 @@
 #ifndef BENCH_RESPONDER_BENCHINTERFACE_H
 #define BENCH_RESPONDER_BENCHINTERFACE_H
 
-// Names that the benchmark and its responder agree on.
+// Names that the benchmark and its responder agree on, beside those of the service.
 
-constexpr const char* kServiceName = "com.zelk.linux.bluetooth";  ///< the interface's name as well
-constexpr const char* kServicePath = "/com/zelk/linux/bluetooth";
-
-constexpr const char* kControlPath = "/bench/control";
-constexpr const char* kControlInterface = "bench.Control";
+constexpr const char* kBenchPath = "/bench/control";
+constexpr const char* kBenchInterface = "bench.Control";
 
 #endif

@@ -4,6 +4,7 @@
 
 #include "bench/harness/Programs.h"
 #include "bench/responder/BenchInterface.h"
+#include "protocol/BusNames.h"
 
 Responder::Responder() {
   m_connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
@@ -36,8 +37,8 @@ GVariant* Responder::FetchBook() { return Call("GetBook", nullptr); }
 GVariant* Responder::Call(const char* method, GVariant* arguments) {
   GError* error = nullptr;
   GVariant* const reply =
-      g_dbus_connection_call_sync(m_connection, kServiceName, kControlPath, kControlInterface, method,
-                                  arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, &error);
+      g_dbus_connection_call_sync(m_connection, kServiceName, kBenchPath, kBenchInterface, method, arguments,
+                                  nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, &error);
   if (reply == nullptr) {
     const std::string reason = error->message;
     g_error_free(error);

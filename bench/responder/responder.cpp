@@ -14,6 +14,7 @@
 #include "bench/peers/BookMessage.h"
 #include "bench/responder/BenchInterface.h"
 #include "ipc/ShareMemory/ShareMemory.h"
+#include "protocol/BusNames.h"
 #include "protocol/Segments.h"
 
 namespace {
@@ -97,7 +98,7 @@ bool Export(GDBusConnection* connection, ComZelkLinuxBluetooth* skeleton, Book& 
   GVariant* reply = nullptr;
   const bool exported = g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(skeleton), connection,
                                                          kServicePath, &error) &&
-                        g_dbus_connection_register_object(connection, kControlPath, control->interfaces[0],
+                        g_dbus_connection_register_object(connection, kBenchPath, control->interfaces[0],
                                                           &kControlTable, &book, nullptr, &error) != 0 &&
                         (reply = g_dbus_connection_call_sync(
                              connection, "org.freedesktop.DBus", "/org/freedesktop/DBus",

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 #include <sys/ipc.h>
 #include <sys/shm.h>
@@ -13,9 +14,16 @@
 #include "ipc/ShareMemory/UsableSegment.h"
 #include "protocol/Segments.h"
 
+namespace {
+
+/// The size of a segment, under its id.
+std::pair<const int, int> SizeOf(ShareMemID id) { return {id, static_cast<int>(kSegmentCatalogue[id].size)}; }
+
+}  // namespace
+
 std::map<int, int> g_ShmIdMap = {
-    {SH_PAIRED_LIST, 2048},     {SH_CONTACT_LIST, 0x200000}, {SH_FAV_CONTACT_LIST, 0x100000},
-    {SH_CALL_LOG_LIST, 0xC800}, {SH_CALL_INFO_LIST, 2048},
+    SizeOf(SH_PAIRED_LIST),   SizeOf(SH_CONTACT_LIST),   SizeOf(SH_FAV_CONTACT_LIST),
+    SizeOf(SH_CALL_LOG_LIST), SizeOf(SH_CALL_INFO_LIST),
 };
 
 std::map<int, void*> ShareMemory::m_ShmId_AddrMap;

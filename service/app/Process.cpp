@@ -5,7 +5,7 @@
 #define MWP_LOG_SOURCE "service/app/Process"
 #include <mwp/MWPLog.h>
 
-#include "service/app/BusNames.h"
+#include "protocol/BusNames.h"
 
 namespace btservice {
 
@@ -45,9 +45,8 @@ void Process::OnLost(bool busIsGone) {
   if (busIsGone) {
     MWP_LOG(MWP_LOG_WARNING, "the session bus is gone");
   } else {
-    std::fputs(
-        "btservice: com.zelk.linux.bluetooth has an owner on this bus already; end that service first\n",
-        stderr);
+    std::fprintf(stderr, "btservice: %s has an owner on this bus already; end that service first\n",
+                 kServiceName);
     m_exitCode = EXIT_NAME_TAKEN;
   }
   g_main_loop_quit(m_loop);

@@ -6,7 +6,7 @@
 #define MWP_LOG_SOURCE "service/app/ServiceBus"
 #include <mwp/MWPLog.h>
 
-#include "service/app/BusNames.h"
+#include "protocol/BusNames.h"
 #include "service/dbus/WireLimits.h"
 #include "service/world/Quote.h"
 

@@ -3,26 +3,9 @@
 #include <algorithm>
 #include <cctype>
 
+#include "protocol/Address.h"
+
 namespace btservice {
-namespace {
-
-constexpr std::size_t kAddressLength = 17;
-
-}  // namespace
-
-bool IsDeviceAddress(const std::string& text) {
-  if (text.size() != kAddressLength) {
-    return false;
-  }
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool isRight =
-        i % 3 == 2 ? text[i] == ':' : std::isxdigit(static_cast<unsigned char>(text[i])) != 0;
-    if (!isRight) {
-      return false;
-    }
-  }
-  return true;
-}
 
 std::string ReportedAddress(const std::string& address) {
   std::string text = address;
@@ -59,7 +42,7 @@ RemoteDevice* DeviceTable::FindKnown(const std::string& address) const {
 }
 
 RemoteDevice* DeviceTable::Add(const DeviceData& data) {
-  if (!IsDeviceAddress(data.address) || Find(data.address) != nullptr) {
+  if (!IsBluetoothAddress(data.address) || Find(data.address) != nullptr) {
     return nullptr;
   }
   m_devices.push_back(std::make_unique<RemoteDevice>(data));

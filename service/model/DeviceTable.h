@@ -10,9 +10,6 @@
 
 namespace btservice {
 
-/// True if text is an address such as 00:1A:7D:DA:71:13.
-bool IsDeviceAddress(const std::string& text);
-
 /// An address as it is reported: in upper case, however it was asked for.
 std::string ReportedAddress(const std::string& address);
 

@@ -1,5 +1,7 @@
 #include "service/model/Pairing.h"
 
+#include "protocol/Address.h"
+
 namespace btservice {
 namespace {
 
@@ -23,7 +25,7 @@ Pairing::Pairing(ModelContext& context, PowerSwitch& power, Settings& settings, 
 }
 
 bool Pairing::Start(const std::string& address, const std::string& pin) {
-  if (!m_power.IsOn() || !IsDeviceAddress(address) || IsBusy()) {
+  if (!m_power.IsOn() || !IsBluetoothAddress(address) || IsBusy()) {
     return false;
   }
   const RemoteDevice* const device = m_devices.Find(address);
@@ -190,7 +192,7 @@ std::string Pairing::SixDigits() {
 }
 
 bool Pairing::SetOobLinkKey(const std::string& address, const Bytes& key) {
-  if (!m_power.IsOn() || !IsDeviceAddress(address)) {
+  if (!m_power.IsOn() || !IsBluetoothAddress(address)) {
     return false;
   }
   m_oobTasks.After(m_context.delays.oobKey, [this, address, fits = key.size() == kLinkKeySize] {

@@ -1,5 +1,7 @@
 #include "service/model/Projection.h"
 
+#include "protocol/Address.h"
+
 namespace btservice {
 
 Projection::Projection(ModelContext& context, PowerSwitch& power, DeviceTable& devices, Pairing& pairing,
@@ -25,7 +27,7 @@ bool Projection::SetRunning(bool running) {
 }
 
 bool Projection::RequestPairing(const std::string& address) {
-  if (!m_power.IsOn() || !IsDeviceAddress(address)) {
+  if (!m_power.IsOn() || !IsBluetoothAddress(address)) {
     return false;
   }
   m_tasks.After(m_context.delays.projection, [this, address] { Answer(address); });

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "ipc/ShareMemory/SegmentReader.h"
-#include "service/model/DeviceTable.h"
+#include "protocol/Address.h"
+#include "service/stack/StackTypes.h"
 
 namespace btservice {
 namespace {
@@ -69,7 +70,7 @@ std::vector<std::string> ReadConnectedDevices(const std::uint8_t* memory, std::s
     int other = 0;
     std::string address;
     if (!ReadInts(reader, {&other, &other, &status, &other}) || !reader.ReadString(address) ||
-        !IsDeviceAddress(address) || !SkipTexts(reader, 1)) {
+        !IsBluetoothAddress(address) || !SkipTexts(reader, 1)) {
       break;
     }
     if (status == BT_CONN_CONNECTED || status == BT_CONN_CONNECTING || status == BT_CONN_DISCONNECTING) {

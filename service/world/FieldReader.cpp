@@ -5,7 +5,7 @@
 
 #include <glib.h>
 
-#include "service/model/DeviceTable.h"
+#include "protocol/Address.h"
 #include "service/world/Limits.h"
 #include "service/world/Quote.h"
 
@@ -91,7 +91,7 @@ void FieldReader::Read(const JsonNode& node, const std::string& place, Duration 
 
 void FieldReader::Read(const JsonNode& node, const std::string& place, AddressText value) {
   const char* const expected = "a Bluetooth address such as 00:1A:7D:DA:71:13";
-  if (!IsDeviceAddress(TextOf(node, place, expected))) {
+  if (!IsBluetoothAddress(TextOf(node, place, expected))) {
     Fail(node, place, expected);
   }
   value.value = node.text;

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "protocol/Address.h"
 #include "service/world/Words.h"
 #include "service/world/WorldFields.h"
 #include "service/world/WorldFile.h"
@@ -52,9 +53,7 @@ class SchemaWriter {
     return {{"type", "integer"}, {"minimum", bounded.least}, {"maximum", bounded.most}};
   }
   Json Schema(const Duration&) { return {{"type", "integer"}, {"minimum", 0}, {"maximum", Duration::kMost}}; }
-  Json Schema(const AddressText&) {
-    return {{"type", "string"}, {"pattern", "^([0-9A-Fa-f]{2}:){5}[0-9A-Fa-f]{2}$"}};
-  }
+  Json Schema(const AddressText&) { return {{"type", "string"}, {"pattern", kBluetoothAddressPattern}}; }
   Json Schema(const PatternText& text) {
     return {{"type", "string"}, {"pattern", std::string("^") + text.pattern + "$"}};
   }

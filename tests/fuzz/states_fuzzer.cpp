@@ -10,7 +10,7 @@
 
 #include "fuzz/FuzzCheck.h"
 #include "fuzz/LogCount.h"
-#include "service/model/DeviceTable.h"
+#include "protocol/Address.h"
 #include "service/state/StateFile.h"
 
 namespace {
@@ -45,7 +45,7 @@ void CheckWorld(const btservice::World& world) {
   bool wasPaired = true;
   std::set<std::string> addresses;
   for (const btservice::DeviceData& device : world.devices) {
-    Check(btservice::IsDeviceAddress(device.address), "a device has an address");
+    Check(IsBluetoothAddress(device.address), "a device has an address");
     Check(wasPaired || !device.paired, "those that are paired come first");
     wasPaired = device.paired;
     addresses.insert(device.address);

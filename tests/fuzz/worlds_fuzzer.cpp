@@ -5,7 +5,7 @@
 #include <string>
 
 #include "fuzz/FuzzCheck.h"
-#include "service/model/DeviceTable.h"
+#include "protocol/Address.h"
 #include "service/world/JsonNode.h"
 #include "service/world/WorldFields.h"
 #include "service/world/WorldFile.h"
@@ -16,12 +16,12 @@ using bttest::Check;
 
 void CheckWorld(const btservice::WorldSource& source) {
   for (const btservice::DeviceSource& device : source.devices) {
-    Check(btservice::IsDeviceAddress(device.device.address), "a device has an address");
+    Check(IsBluetoothAddress(device.device.address), "a device has an address");
     Check(device.phoneBook.generate >= 0 && device.phoneBook.generate <= 100000, "a number is in its bounds");
   }
   for (const btservice::Happening& happening : source.timeline) {
     Check(happening.at.count() >= 0 && happening.every.count() >= 0, "no time is negative");
-    Check(btservice::IsDeviceAddress(happening.device), "what happens happens to a device");
+    Check(IsBluetoothAddress(happening.device), "what happens happens to a device");
   }
 }
 

@@ -7,6 +7,7 @@
 
 #include <gio/gio.h>
 
+#include "protocol/BusNames.h"
 #include "support/BusDaemon.h"
 #include "support/ChildProcess.h"
 #include "support/GlibPointers.h"
@@ -15,10 +16,6 @@
 namespace btservice {
 
 constexpr const char* kExecutable = "/app/bin/btservice";
-constexpr const char* kServiceName = "com.zelk.linux.bluetooth";
-constexpr const char* kServicePath = "/com/zelk/linux/bluetooth";
-constexpr const char* kControlPath = "/com/zelk/linux/bluetooth/sim";
-constexpr const char* kControlInterface = "com.zelk.linux.bluetooth.sim";
 
 /// A btservice on a bus of its own, and a connection to that bus that knows nothing of the library.
 class RunningService {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "protocol/BusNames.h"
 #include "support/GlibPointers.h"
 
 namespace bttest {
@@ -56,8 +57,8 @@ class Client {
   }
 
  private:
-  static constexpr const char* kName = "com.zelk.linux.bluetooth";
-  static constexpr const char* kPath = "/com/zelk/linux/bluetooth";
+  static constexpr const char* kName = kServiceName;
+  static constexpr const char* kPath = kServicePath;
 
   ConnectionPtr m_connection;
 };

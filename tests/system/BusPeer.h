@@ -3,11 +3,10 @@
 
 #include <string>
 
+#include "protocol/BusNames.h"
 #include "support/GlibPointers.h"
 
 namespace bttest {
-
-constexpr const char* kServiceName = "com.zelk.linux.bluetooth";
 
 /// One more participant of the test's bus, which is neither the library nor the service and exports nothing.
 class BusPeer {

@@ -17,6 +17,7 @@
 #include <bluetooth/MWPBtPbap.h>
 #include <bluetooth/MWPBtPhone.h>
 
+#include "protocol/BusNames.h"
 #include "support/BusDaemon.h"
 #include "support/ChildProcess.h"
 #include "support/GlibPointers.h"
@@ -69,9 +70,8 @@ class ServiceValues : public testing::Test {
     ErrorCollector error;
     const ConnectionPtr connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
     const VariantPtr happened(g_dbus_connection_call_sync(
-        connection.get(), "com.zelk.linux.bluetooth", "/com/zelk/linux/bluetooth/sim",
-        "com.zelk.linux.bluetooth.sim", "Call", g_variant_new("(ss)", kPhone, number), nullptr,
-        G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
+        connection.get(), kServiceName, kControlPath, kControlInterface, "Call",
+        g_variant_new("(ss)", kPhone, number), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
     error.ThrowIfSet("Call");
     EXPECT_TRUE(RunUntil([&] { return calls.ids.size() > before; }));
     return calls.ids.empty() ? 0 : calls.ids.back();

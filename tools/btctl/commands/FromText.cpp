@@ -6,16 +6,12 @@
 #include <glib.h>
 
 #include "btctl/base/Failure.h"
+#include "protocol/Address.h"
 
 namespace btctl {
 
 void CheckAddress(const std::string& text) {
-  static constexpr std::size_t kLength = 17;
-  bool isValid = text.size() == kLength;
-  for (std::size_t i = 0; isValid && i < kLength; ++i) {
-    isValid = i % 3 == 2 ? text[i] == ':' : g_ascii_isxdigit(text[i]) != FALSE;
-  }
-  if (!isValid) {
+  if (!IsBluetoothAddress(text)) {
     throw Failure(EXIT_BAD_ADDRESS, "'" + text + "' is not a Bluetooth address",
                   "An address has six pairs of hexadecimal digits: 00:1A:7D:DA:71:13.");
   }

@@ -4,10 +4,11 @@
 
 #include <gio/gio.h>
 
+#include "protocol/BusNames.h"
+
 namespace btctl {
 namespace {
 
-constexpr const char* kServiceName = "com.zelk.linux.bluetooth";
 constexpr int kBusAnswersWithinMs = 2000;
 
 /// Whether anybody owns the service's name; nothing is done about an error, which means that there is no bus.

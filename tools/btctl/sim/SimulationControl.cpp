@@ -7,12 +7,11 @@
 #include "btctl/session/Diagnosis.h"
 #include "btctl/sim/ControlHelp.h"
 #include "btctl/sim/Variants.h"
+#include "protocol/BusNames.h"
 
 namespace btctl {
 namespace {
 
-constexpr const char* kBusName = "com.zelk.linux.bluetooth";
-constexpr const char* kPath = "/com/zelk/linux/bluetooth/sim";
 constexpr const char* kInterfacePrefix =
     "com.zelk.";  // unlike the bus's own interfaces, which all objects have
 constexpr int kTimeoutMs = 25000;
@@ -55,7 +54,7 @@ class Control {
   GVariant* Call(const char* interface, const char* method, GVariant* arguments, const GVariantType* type) {
     g_autoptr(GError) error = nullptr;
     GVariant* const answer =
-        g_dbus_connection_call_sync(m_bus, kBusName, kPath, interface, method, arguments, type,
+        g_dbus_connection_call_sync(m_bus, kServiceName, kControlPath, interface, method, arguments, type,
                                     G_DBUS_CALL_FLAGS_NONE, kTimeoutMs, nullptr, &error);
     if (answer == nullptr) {
       if (LookAround() != Surroundings::COMPLETE) {
