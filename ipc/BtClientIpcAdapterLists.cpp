@@ -15,6 +15,7 @@
 #include "ipc/BtClientIpcAdapter.h"
 #include "ipc/ServiceCall.h"
 #include "ipc/ShareMemory/ListSegment.h"
+#include "protocol/Records.h"
 
 namespace {
 
@@ -25,12 +26,6 @@ constexpr Fault kIntCutOff = "an integer is cut off by the end of the segment";
 constexpr Fault kTextWithoutEnd = "a text has no end inside the segment";
 constexpr Fault kImpossibleCount = "a count is negative or too large for the segment";
 constexpr Fault kOutOfMemory = "there is not enough memory";
-
-// The fewest bytes that an item can take: its integers, and the NULs of its texts.
-constexpr std::size_t kSmallestText = 1;
-constexpr std::size_t kSmallestNumberGroup = 4 + 4;
-constexpr std::size_t kSmallestContact = 4 + 1 + 1 + 4;
-constexpr std::size_t kSmallestCallLog = 3 * 4 + 5 * 1;
 
 bool IsPossible(int count, std::size_t smallestItem, const SegmentReader& reader) {
   return count >= 0 && static_cast<std::size_t>(count) <= reader.Remaining() / smallestItem;
@@ -86,12 +81,26 @@ Fault ReadNumberGroup(SegmentReader& reader, MWPTypeContactNumber& group) {
   return kNoFault;
 }
 
-Fault ReadRecord(SegmentReader& reader, MWPTypeContact& contact) {
-  if (!reader.ReadInt(contact.nContactId)) {
-    return kIntCutOff;
+/// Reads the items with which a record begins. The integers come first in the segment, wherever the record
+/// has them.
+template <typename Record>
+Fault ReadItems(SegmentReader& reader, Record& record) {
+  for (const auto integer : RecordItems<Record>::kIntegers) {
+    if (!reader.ReadInt(record.*integer)) {
+      return kIntCutOff;
+    }
   }
-  if (!reader.ReadString(contact.strText1) || !reader.ReadString(contact.strText2)) {
-    return kTextWithoutEnd;
+  for (const auto text : RecordItems<Record>::kTexts) {
+    if (!reader.ReadString(record.*text)) {
+      return kTextWithoutEnd;
+    }
+  }
+  return kNoFault;
+}
+
+Fault ReadRecord(SegmentReader& reader, MWPTypeContact& contact) {
+  if (const Fault fault = ReadItems(reader, contact)) {
+    return fault;
   }
   int count = 0;
   if (const Fault fault = ReadCount(reader, kSmallestNumberGroup, count)) {
@@ -101,32 +110,7 @@ Fault ReadRecord(SegmentReader& reader, MWPTypeContact& contact) {
                   [&reader](MWPTypeContactNumber& group) { return ReadNumberGroup(reader, group); });
 }
 
-Fault ReadRecord(SegmentReader& reader, MWPTypeCallLog& log) {
-  // The integers come first in the segment, and last in the record.
-  if (!reader.ReadInt(log.nLogId) || !reader.ReadInt(log.nValue1) || !reader.ReadInt(log.nValue2)) {
-    return kIntCutOff;
-  }
-  for (std::string* text : {&log.strText1, &log.strText2, &log.strText3, &log.strText4, &log.strText5}) {
-    if (!reader.ReadString(*text)) {
-      return kTextWithoutEnd;
-    }
-  }
-  return kNoFault;
-}
-
-Fault ReadCallSlot(SegmentReader& reader, MWPTypeCallSlot& slot) {
-  for (int* value : {&slot.nValue1, &slot.nValue2, &slot.nValue3, &slot.nValue4, &slot.nValue5}) {
-    if (!reader.ReadInt(*value)) {
-      return kIntCutOff;
-    }
-  }
-  for (std::string* text : {&slot.strText1, &slot.strText2, &slot.strText3}) {
-    if (!reader.ReadString(*text)) {
-      return kTextWithoutEnd;
-    }
-  }
-  return kNoFault;
-}
+Fault ReadRecord(SegmentReader& reader, MWPTypeCallLog& log) { return ReadItems(reader, log); }
 
 /// The first byte from which on a segment is all zeros.
 const unsigned char* EndOfData(const unsigned char* begin, const unsigned char* end) {
@@ -226,7 +210,7 @@ int BtClientIpcAdapter::GetCurrentCallInfo(MWPTypeCallInfo& info) {
     MWPTypeCallSlot whole;
     Fault fault = kNoFault;
     try {
-      fault = ReadCallSlot(reader, whole);
+      fault = ReadItems(reader, whole);
     } catch (const std::bad_alloc&) {
       fault = kOutOfMemory;
     }

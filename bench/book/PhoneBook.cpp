@@ -1,10 +1,10 @@
 #include "bench/book/PhoneBook.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
 #include <random>
 
+#include "protocol/Records.h"
 #include "protocol/Segments.h"
 
 namespace {
@@ -48,44 +48,7 @@ MWPTypeContact MakeContact(int id, Dice& dice) {
   return contact;
 }
 
-class Packer {
- public:
-  void Int(std::int32_t value) {
-    const auto* const bytes = reinterpret_cast<const unsigned char*>(&value);
-    m_bytes.insert(m_bytes.end(), bytes, bytes + sizeof value);
-  }
-
-  void Count(std::size_t count) { Int(static_cast<std::int32_t>(count)); }
-
-  void Text(const std::string& text) {
-    m_bytes.insert(m_bytes.end(), text.c_str(), text.c_str() + text.size() + 1);
-  }
-
-  void Contact(const MWPTypeContact& contact) {
-    Int(contact.nContactId);
-    Text(contact.strText1);
-    Text(contact.strText2);
-    Count(contact.listNumbers.size());
-    for (const MWPTypeContactNumber& group : contact.listNumbers) {
-      Int(group.nType);
-      Count(group.vecValues.size());
-      for (const std::string& value : group.vecValues) {
-        Text(value);
-      }
-    }
-  }
-
-  const std::vector<unsigned char>& Bytes() const { return m_bytes; }
-
- private:
-  std::vector<unsigned char> m_bytes;
-};
-
-std::size_t PackedSize(const MWPTypeContact& contact) {
-  Packer packer;
-  packer.Contact(contact);
-  return packer.Bytes().size();
-}
+constexpr std::size_t kCapacity = kSegmentCatalogue[SH_CONTACT_LIST].size;
 
 bool IsSameGroup(const MWPTypeContactNumber& left, const MWPTypeContactNumber& right) {
   return left.nType == right.nType && left.vecValues == right.vecValues;
@@ -103,25 +66,24 @@ bool IsSameContact(const MWPTypeContact& left, const MWPTypeContact& right) {
 PhoneBook MakeFullBook() {
   Dice dice;
   PhoneBook book;
-  std::size_t room = kSegmentCatalogue[SH_CONTACT_LIST].size - sizeof(std::int32_t);
+  ListWriter writer(kCapacity);
   for (int id = 1;; ++id) {
     MWPTypeContact contact = MakeContact(id, dice);
-    const std::size_t size = PackedSize(contact);
-    if (size > room) {
+    PutRecord(writer, contact);
+    if (!writer.EndRecord()) {
       return book;
     }
-    room -= size;
     book.push_back(std::move(contact));
   }
 }
 
 std::vector<unsigned char> PackForSegment(const PhoneBook& book) {
-  Packer packer;
-  packer.Count(book.size());
+  ListWriter writer(kCapacity);
   for (const MWPTypeContact& contact : book) {
-    packer.Contact(contact);
+    PutRecord(writer, contact);
+    writer.EndRecord();
   }
-  return packer.Bytes();
+  return writer.Contents();
 }
 
 std::string PackAsVCards(const PhoneBook& book) {

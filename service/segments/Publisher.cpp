@@ -66,12 +66,12 @@ void Publisher::OnStackEvent(const StackEvent& event) {
 template <typename Record>
 bool Publisher::PublishList(ShareMemID id, const std::vector<Record>& records) {
   const SegmentEntry& entry = kSegmentCatalogue[id];
-  ListPacker packer = PackList(records, entry.size);
-  if (static_cast<std::size_t>(packer.Count()) < records.size()) {
+  ListWriter writer = PackList(records, entry.size);
+  if (static_cast<std::size_t>(writer.Count()) < records.size()) {
     MWP_LOG(MWP_LOG_WARNING, "%s holds %d of %zu records: no more fit into its %zu bytes", entry.name,
-            packer.Count(), records.size(), entry.size);
+            writer.Count(), records.size(), entry.size);
   }
-  return Write(id, packer.Contents());
+  return Write(id, writer.Contents());
 }
 
 /// What a service before this one has published is not to be found behind the lists of this one.

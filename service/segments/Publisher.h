@@ -6,7 +6,6 @@
 
 #include "ipc/ShareMemory/SegmentOwner.h"
 #include "service/segments/CallTableSegment.h"
-#include "service/segments/ListPacker.h"
 #include "service/stack/BluetoothStack.h"
 
 namespace btservice {

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "protocol/Records.h"
 #include "service/segments/TextCut.h"
 
 namespace btservice {
@@ -24,60 +25,71 @@ PbapType Repository(CallLogType type) {
   return BT_PBAP_ALL;
 }
 
-/// Answers where the seconds lie.
-std::size_t PackSlot(ListPacker& packer, const CallInfo& call) {
-  packer
-      .Put(call.id)           // nValue1
-      .Put(call.status)       // nValue2
-      .Put(call.incoming)     // nValue3: 1 incoming, 0 outgoing
-      .Put(call.multiparty);  // nValue4: 1 part of a conference
-  const std::size_t seconds = packer.Offset();
-  packer.Put(call.seconds);  // nValue5: since it was answered
-  for (const std::string* const text : {&call.number, &call.name, &call.deviceAddress}) {
-    packer.Put(CutText(*text, kLongestCallText));  // strText1 to strText3
-  }
+MWPTypeCallSlot SlotOf(const CallInfo& call) {
+  MWPTypeCallSlot slot;
+  slot.nValue1 = call.id;
+  slot.nValue2 = call.status;
+  slot.nValue3 = call.incoming ? 1 : 0;
+  slot.nValue4 = call.multiparty ? 1 : 0;  // part of a conference
+  slot.nValue5 = call.seconds;             // since it was answered
+  slot.strText1 = CutText(call.number, kLongestCallText);
+  slot.strText2 = CutText(call.name, kLongestCallText);
+  slot.strText3 = CutText(call.deviceAddress, kLongestCallText);
+  return slot;
+}
+
+/// Returns where the seconds lie.
+std::size_t PackSlot(ListWriter& writer, const CallInfo& call) {
+  const std::size_t seconds = writer.Offset() + RecordItems<MWPTypeCallSlot>::kOffsetOfValue5;
+  PutRecord(writer, SlotOf(call));
   return seconds;
 }
 
 }  // namespace
 
-void PackRecord(ListPacker& packer, const DeviceInfo& device) {
-  packer.Put(device.connected).Put(device.enabled).Put(device.status).Put(device.support);
-  packer.Put(device.address).Put(device.name);
+void PackRecord(ListWriter& writer, const DeviceInfo& device) {
+  MWPTypeDevice record;
+  record.strAddr = device.address;
+  record.strName = device.name;
+  record.eProfileId = device.connected;
+  record.eEnableProfileId = device.enabled;
+  record.eConnectStatus = device.status;
+  record.eSupportType = device.support;
+  PutRecord(writer, record);
 }
 
-void PackRecord(ListPacker& packer, const Contact& contact) {
-  packer.Put(contact.id)
-      .Put(contact.firstName)    // strText1
-      .Put(contact.familyName);  // strText2
-  packer.Put(static_cast<int>(contact.numbers.size()));
+void PackRecord(ListWriter& writer, const Contact& contact) {
+  MWPTypeContact record;
+  record.nContactId = contact.id;
+  record.strText1 = contact.firstName;
+  record.strText2 = contact.familyName;
   for (const ContactNumbers& group : contact.numbers) {
-    packer.Put(group.type).Put(static_cast<int>(group.numbers.size()));
-    for (const std::string& number : group.numbers) {
-      packer.Put(number);
-    }
+    record.listNumbers.push_back({group.type, group.numbers});
   }
+  PutRecord(writer, record);
 }
 
-void PackRecord(ListPacker& packer, const CallLogEntry& entry) {
-  packer.Put(entry.id)
-      .Put(entry.contactId)                 // nValue1: -1 if the number is in no contact
-      .Put(Repository(entry.type))          // nValue2
-      .Put(entry.name)                      // strText1
-      .Put(entry.number)                    // strText2
-      .Put(entry.date)                      // strText3
-      .Put(entry.time)                      // strText4
-      .Put(std::to_string(entry.seconds));  // strText5: how long was spoken
+void PackRecord(ListWriter& writer, const CallLogEntry& entry) {
+  MWPTypeCallLog record;
+  record.nLogId = entry.id;
+  record.nValue1 = entry.contactId;  // -1 if the number is in no contact
+  record.nValue2 = Repository(entry.type);
+  record.strText1 = entry.name;
+  record.strText2 = entry.number;
+  record.strText3 = entry.date;
+  record.strText4 = entry.time;
+  record.strText5 = std::to_string(entry.seconds);  // how long was spoken
+  PutRecord(writer, record);
 }
 
 PackedCallTable PackCallTable(const std::vector<CallInfo>& calls, std::size_t capacity) {
   PackedCallTable table;
-  ListPacker packer(capacity);
+  ListWriter writer(capacity);
   for (std::size_t slot = 0; slot < table.seconds.size(); ++slot) {
-    table.seconds[slot] = PackSlot(packer, slot < calls.size() ? calls[slot] : CallInfo());
-    packer.EndRecord();
+    table.seconds[slot] = PackSlot(writer, slot < calls.size() ? calls[slot] : CallInfo());
+    writer.EndRecord();
   }
-  table.contents = packer.Contents();
+  table.contents = writer.Contents();
   const auto count = static_cast<std::int32_t>(calls.size());
   std::memcpy(table.contents.data(), &count, sizeof(count));
   return table;

@@ -4,31 +4,32 @@
 #include <array>
 #include <vector>
 
-#include "service/segments/ListPacker.h"
+#include "protocol/ListWriter.h"
+#include "service/stack/StackTypes.h"
 
 namespace btservice {
 
-// The records of the list segments, in the order in which their items lie there. Clients name the items by
-// kind and number only; what this service means by them is written beside each.
+// The records of the list segments. Clients name their items by kind and number only; what this service means
+// by them is written beside each.
 
 /// SH_PAIRED_LIST.
-void PackRecord(ListPacker& packer, const DeviceInfo& device);
+void PackRecord(ListWriter& writer, const DeviceInfo& device);
 /// SH_CONTACT_LIST, SH_FAV_CONTACT_LIST, SH_CONTACT_INFO.
-void PackRecord(ListPacker& packer, const Contact& contact);
+void PackRecord(ListWriter& writer, const Contact& contact);
 /// SH_CALL_LOG_LIST, SH_CALL_LOG_INFO.
-void PackRecord(ListPacker& packer, const CallLogEntry& entry);
+void PackRecord(ListWriter& writer, const CallLogEntry& entry);
 
 /// A counted list of records.
 template <typename Record>
-ListPacker PackList(const std::vector<Record>& records, std::size_t capacity) {
-  ListPacker packer(capacity);
+ListWriter PackList(const std::vector<Record>& records, std::size_t capacity) {
+  ListWriter writer(capacity);
   for (const Record& record : records) {
-    PackRecord(packer, record);
-    if (!packer.EndRecord()) {
+    PackRecord(writer, record);
+    if (!writer.EndRecord()) {
       break;
     }
   }
-  return packer;
+  return writer;
 }
 
 /// The contents of SH_CALL_INFO_LIST.

@@ -14,8 +14,8 @@ namespace {
 constexpr std::size_t kKept = 4096;  // bytes that are never given back
 
 /// One contact with a first name, and numbers of one kind.
-Packer OneContact(const std::string& name, int numbers, const std::string& number) {
-  Packer packer;
+SegmentItems OneContact(const std::string& name, int numbers, const std::string& number) {
+  SegmentItems packer;
   packer.Int(1).Int(7).Text(name).Text("").Int(1).Int(2).Int(numbers);
   for (int i = 0; i < numbers; ++i) {
     packer.Text(number);
@@ -25,7 +25,7 @@ Packer OneContact(const std::string& name, int numbers, const std::string& numbe
 
 struct ListMemory : Lists {
   /// Fetches into the list of the fetches before.
-  void Fetch(const Packer& packer) {
+  void Fetch(const SegmentItems& packer) {
     packer.Publish(SH_CONTACT_LIST);
     EXPECT_EQ(m_adapter.GetContactList(contacts), 1);
     ASSERT_EQ(contacts.size(), 1u);

@@ -13,7 +13,7 @@
 namespace {
 
 using bttest::Lists;
-using bttest::Packer;
+using bttest::SegmentItems;
 
 constexpr int kCountBytes = 4;
 constexpr int kSmallestContact = 10;  // id, two empty texts, number of groups
@@ -27,7 +27,7 @@ int Capacity(ShareMemID id, int before, int itemBytes) {
 
 /// As many of the smallest contacts as there is room for, under a count.
 void PublishContacts(ShareMemID id, int announced) {
-  Packer packer;
+  SegmentItems packer;
   packer.Int(announced);
   for (int i = 0; i < Capacity(id, kCountBytes, kSmallestContact); ++i) {
     packer.Int(-1).Text("").Text("").Int(0);
@@ -60,7 +60,7 @@ TEST_F(Lists, AreReadInFullWhenTheSmallestContactsFillTheSegment) {
 TEST_F(Lists, AreReadInFullWhenTheSmallestGroupsFillTheSegment) {
   const int capacity = Capacity(SH_CONTACT_LIST, kCountBytes + kSmallestContact, kSmallestGroup);
   for (const int announced : {capacity, capacity + 1}) {
-    Packer().Int(1).Int(7).Text("").Text("").Int(announced).Publish(SH_CONTACT_LIST);
+    SegmentItems().Int(1).Int(7).Text("").Text("").Int(announced).Publish(SH_CONTACT_LIST);
     bttest::LogCapture log;
     std::list<MWPTypeContact> contacts;
     EXPECT_EQ(m_adapter.GetContactList(contacts), 1);
@@ -78,7 +78,7 @@ TEST_F(Lists, AreReadInFullWhenTheSmallestGroupsFillTheSegment) {
 TEST_F(Lists, AreReadInFullWhenTheSmallestCallLogsFillTheSegment) {
   const int capacity = Capacity(SH_CALL_LOG_LIST, kCountBytes, kSmallestLog);
   for (const int announced : {capacity, capacity + 1}) {
-    Packer packer;
+    SegmentItems packer;
     packer.Int(announced);
     for (int i = 0; i < capacity; ++i) {
       packer.Int(-1).Int(-1).Int(-1).Raw(std::string(5, '\0'));
@@ -100,7 +100,7 @@ TEST_F(Lists, EndBeforeARecordWhoseLastIntegerIsCutOff) {
   constexpr int kRoomForTheSecond = kSmallestContact - 2;
   const std::size_t text =
       kSegmentCatalogue[SH_CONTACT_LIST].size - kCountBytes - kSmallestContact - kRoomForTheSecond;
-  Packer()
+  SegmentItems()
       .Int(2)
       .Int(1)
       .Text(std::string(text, 'x'))

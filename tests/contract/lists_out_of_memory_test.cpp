@@ -13,7 +13,7 @@
 namespace {
 
 using bttest::Lists;
-using bttest::Packer;
+using bttest::SegmentItems;
 using testing::HasSubstr;
 
 constexpr std::size_t kLarge = 50000;
@@ -28,7 +28,7 @@ void ExpectOutOfMemory(const bttest::LogCapture& log, const std::string& method)
 }
 
 TEST_F(Lists, OfContactsEndBeforeTheOneThatFindsNoMemory) {
-  Packer()
+  SegmentItems()
       .Int(3)
       .Int(1)
       .Text("a")
@@ -55,7 +55,7 @@ TEST_F(Lists, OfContactsEndBeforeTheOneThatFindsNoMemory) {
 }
 
 TEST_F(Lists, OfCallLogsEndBeforeTheOneThatFindsNoMemory) {
-  Packer()
+  SegmentItems()
       .Int(2)
       .Int(1)
       .Int(2)
@@ -87,7 +87,7 @@ TEST_F(Lists, OfCallLogsEndBeforeTheOneThatFindsNoMemory) {
 
 TEST_F(Lists, TheCallTableKeepsTheSlotBeforeTheOneThatFindsNoMemory) {
   constexpr std::size_t kLargeForACall = 1000;
-  Packer()
+  SegmentItems()
       .Int(2)
       .Int(1)
       .Int(2)

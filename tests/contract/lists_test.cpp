@@ -15,18 +15,18 @@
 namespace {
 
 using bttest::Lists;
-using bttest::Packer;
+using bttest::SegmentItems;
 
-Packer& AddContact(Packer& packer, int id, const std::string& first, const std::string& second) {
+SegmentItems& AddContact(SegmentItems& packer, int id, const std::string& first, const std::string& second) {
   return packer.Int(id).Text(first).Text(second).Int(1).Int(2).Int(1).Text("+49 123");
 }
 
-Packer& AddLog(Packer& packer, int id) {
+SegmentItems& AddLog(SegmentItems& packer, int id) {
   return packer.Int(id).Int(id + 1).Int(id + 2).Text("a").Text("").Text("ccc").Text("d").Text("e");
 }
 
 TEST_F(Lists, ContactsAreReadWithTheirGroupsAndNumbersInOrder) {
-  Packer packer;
+  SegmentItems packer;
   packer.Int(2);
   packer.Int(7).Text("J\u00fcrgen").Text("M").Int(2);
   packer.Int(1).Int(2).Text("111").Text("222");
@@ -58,7 +58,7 @@ TEST_F(Lists, ContactsAreReadWithTheirGroupsAndNumbersInOrder) {
 }
 
 TEST_F(Lists, FavouritesComeFromTheirOwnSegmentUnderTheirOwnLogTexts) {
-  Packer packer;
+  SegmentItems packer;
   packer.Int(1);
   AddContact(packer, 1, "a", "b").Publish(SH_FAV_CONTACT_LIST);
   bttest::LogCapture log;
@@ -80,7 +80,7 @@ TEST_F(Lists, AnEmptySegmentYieldsAnEmptyListAndTheServicesResult) {
 }
 
 TEST_F(Lists, AGroupWithoutNumbersHasAnEmptyVector) {
-  Packer().Int(1).Int(1).Text("a").Text("b").Int(1).Int(4).Int(0).Publish(SH_CONTACT_LIST);
+  SegmentItems().Int(1).Int(1).Text("a").Text("b").Int(1).Int(4).Int(0).Publish(SH_CONTACT_LIST);
   std::list<MWPTypeContact> contacts;
   m_adapter.GetContactList(contacts);
   ASSERT_EQ(contacts.size(), 1u);
@@ -91,7 +91,7 @@ TEST_F(Lists, AGroupWithoutNumbersHasAnEmptyVector) {
 
 TEST_F(Lists, IntegersAfterTextsOfAnyLengthAreReadFromUnalignedAddresses) {
   for (const char* text : {"", "1", "12", "123", "1234"}) {
-    Packer()
+    SegmentItems()
         .Int(1)
         .Int(0x01020304)
         .Text(text)
@@ -128,7 +128,7 @@ TEST_F(Lists, AFailedCallLeavesTheListAsItWasAndAnswersOne) {
 }
 
 TEST_F(Lists, AListThatIsFetchedAgainIsReplacedInFull) {
-  Packer large;
+  SegmentItems large;
   large.Int(3);
   for (const int id : {1, 2, 3}) {
     AddContact(large, id, "a long first name of many letters", "b");
@@ -138,7 +138,7 @@ TEST_F(Lists, AListThatIsFetchedAgainIsReplacedInFull) {
   m_adapter.GetContactList(contacts);
   ASSERT_EQ(contacts.size(), 3u);
 
-  Packer().Int(1).Int(9).Text("x").Text("").Int(0).Publish(SH_CONTACT_LIST);
+  SegmentItems().Int(1).Int(9).Text("x").Text("").Int(0).Publish(SH_CONTACT_LIST);
   m_adapter.GetContactList(contacts);
   ASSERT_EQ(contacts.size(), 1u);
   EXPECT_EQ(contacts.front().nContactId, 9);
@@ -147,7 +147,7 @@ TEST_F(Lists, AListThatIsFetchedAgainIsReplacedInFull) {
 }
 
 TEST_F(Lists, CallLogsAreAppendedSoThatFetchingTwiceYieldsEveryEntryTwice) {
-  Packer packer;
+  SegmentItems packer;
   packer.Int(2);
   AddLog(packer, 10);
   AddLog(packer, 20).Publish(SH_CALL_LOG_LIST);
@@ -178,7 +178,7 @@ TEST_F(Lists, ALogThatSomebodyElseAskedForMeanwhileIsWhatIsReadAndItsEntriesSayW
   constexpr int kMissed = 3;
   constexpr int kOutgoing = 2;
   const auto publish = [](int log) {
-    Packer packer;
+    SegmentItems packer;
     packer.Int(1).Int(5).Int(-1).Int(log).Text("").Text("").Text("").Text("").Text("");
     packer.Publish(SH_CALL_LOG_LIST);
   };
@@ -209,7 +209,7 @@ TEST_F(Lists, AMissingSegmentClearsContactsAndLeavesCallLogs) {
 
 TEST_F(Lists, ASegmentThatIsNoListIsNotUnpacked) {
   // Without its row in the table of lists, a segment reads as empty.
-  Packer packer;
+  SegmentItems packer;
   packer.Int(1);
   AddContact(packer, 1, "a", "b").Publish(SH_CONTACT_LIST);
   g_ShmIdMap.erase(SH_CONTACT_LIST);
@@ -219,7 +219,7 @@ TEST_F(Lists, ASegmentThatIsNoListIsNotUnpacked) {
 }
 
 TEST_F(Lists, CallInfoIsReadWithoutACallAndBothSlotsWhateverTheCountSays) {
-  Packer packer;
+  SegmentItems packer;
   packer.Int(1);
   packer.Int(1).Int(2).Int(3).Int(4).Int(5).Text("a").Text("bb").Text("ccc");
   packer.Int(-1).Int(-2).Int(-3).Int(-4).Int(-5).Text("").Text("").Text("z");
@@ -267,7 +267,7 @@ std::vector<int> ReadCorrupt(BtClientIpcAdapter& adapter, const std::string& err
 }
 
 TEST_F(Lists, ANegativeCountYieldsNoRecordAndOneErrorLine) {
-  Packer packer;
+  SegmentItems packer;
   packer.Int(-1);
   AddContact(packer, 1, "a", "b").Publish(SH_CONTACT_LIST);
   EXPECT_EQ(
@@ -278,7 +278,7 @@ TEST_F(Lists, ANegativeCountYieldsNoRecordAndOneErrorLine) {
 }
 
 TEST_F(Lists, AnAbsurdCountYieldsTheRecordsThatAreThereAndNoneMadeOfZeros) {
-  Packer packer;
+  SegmentItems packer;
   packer.Int(2147483647);
   AddContact(packer, 1, "a", "b");
   AddContact(packer, 2, "c", "d").Publish(SH_CONTACT_LIST);
@@ -290,7 +290,7 @@ TEST_F(Lists, AnAbsurdCountYieldsTheRecordsThatAreThereAndNoneMadeOfZeros) {
 }
 
 TEST_F(Lists, ATextWithoutAnEndKeepsTheRecordsBeforeIt) {
-  Packer packer;
+  SegmentItems packer;
   packer.Int(3);
   AddContact(packer, 1, "a", "b");
   packer.Int(2).Raw(std::string(kSegmentCatalogue[SH_CONTACT_LIST].size, 'x')).Publish(SH_CONTACT_LIST);
@@ -302,7 +302,7 @@ TEST_F(Lists, ATextWithoutAnEndKeepsTheRecordsBeforeIt) {
 
 TEST_F(Lists, ABadCountInsideARecordKeepsTheRecordsBeforeIt) {
   for (const int count : {-1, 2147483647, 300000}) {
-    Packer packer;
+    SegmentItems packer;
     packer.Int(3);
     AddContact(packer, 1, "a", "b");
     packer.Int(2).Text("c").Text("d").Int(count).Publish(SH_CONTACT_LIST);
@@ -315,7 +315,7 @@ TEST_F(Lists, ABadCountInsideARecordKeepsTheRecordsBeforeIt) {
 }
 
 TEST_F(Lists, ACorruptCallTableKeepsTheSlotThatIsWhole) {
-  Packer packer;
+  SegmentItems packer;
   packer.Int(2);
   packer.Int(1).Int(2).Int(3).Int(4).Int(5).Text("a").Text("b").Text("c");
   packer.Int(6).Int(7).Int(8).Int(9).Int(10).Raw(std::string(2048, 'x'));
@@ -339,7 +339,7 @@ constexpr ShareMemID kListSegments[] = {SH_PAIRED_LIST, SH_CONTACT_LIST, SH_FAV_
 
 TEST_F(Lists, UnpackUtilsReadTheCountAndTextsAtTheirCursor) {
   for (const ShareMemID id : kListSegments) {
-    Packer().Int(3).Text("first").Text("").Text("third").Publish(id);
+    SegmentItems().Int(3).Text("first").Text("").Text("third").Publish(id);
     ShmUnPackUtils unpack;
     EXPECT_EQ(sizeof unpack, sizeof(void*));
     std::string text = "as it was";
@@ -354,7 +354,7 @@ TEST_F(Lists, UnpackUtilsReadTheCountAndTextsAtTheirCursor) {
 }
 
 TEST_F(Lists, UnpackUtilsDoNotStartOnASegmentThatIsNoListAndStayWhereTheyAre) {
-  Packer().Int(1).Text("first").Publish(SH_PAIRED_LIST);
+  SegmentItems().Int(1).Text("first").Publish(SH_PAIRED_LIST);
   ShmUnPackUtils unpack;
   ASSERT_EQ(unpack.StartShmUnPackList(SH_PAIRED_LIST), 1);
   EXPECT_EQ(unpack.StartShmUnPackList(SH_CONTACT_INFO), 0);
@@ -365,7 +365,7 @@ TEST_F(Lists, UnpackUtilsDoNotStartOnASegmentThatIsNoListAndStayWhereTheyAre) {
 }
 
 TEST_F(Lists, UnpackUtilsReadNothingAfterAStartOnASegmentThatIsNotThere) {
-  Packer().Int(1).Text("first").Publish(SH_PAIRED_LIST);
+  SegmentItems().Int(1).Text("first").Publish(SH_PAIRED_LIST);
   ShmUnPackUtils unpack;
   ASSERT_EQ(unpack.StartShmUnPackList(SH_PAIRED_LIST), 1);
   ShareMemory::DetachShareMemory(SH_CONTACT_LIST);
@@ -377,7 +377,7 @@ TEST_F(Lists, UnpackUtilsReadNothingAfterAStartOnASegmentThatIsNotThere) {
 
 TEST_F(Lists, UnpackUtilsStopAtATextWithoutAnEnd) {
   for (const ShareMemID id : kListSegments) {
-    Packer().Int(1).Raw(std::string(kSegmentCatalogue[id].size - sizeof(int), 'x')).Publish(id);
+    SegmentItems().Int(1).Raw(std::string(kSegmentCatalogue[id].size - sizeof(int), 'x')).Publish(id);
     ShmUnPackUtils unpack;
     EXPECT_EQ(unpack.StartShmUnPackList(id), 1);
     bttest::LogCapture log;
@@ -389,7 +389,7 @@ TEST_F(Lists, UnpackUtilsStopAtATextWithoutAnEnd) {
 }
 
 TEST_F(Lists, UnpackUtilsSayThatTheirSegmentIsGoneAndReadNothing) {
-  Packer().Int(1).Text("first").Text("second").Publish(SH_PAIRED_LIST);
+  SegmentItems().Int(1).Text("first").Text("second").Publish(SH_PAIRED_LIST);
   ShmUnPackUtils unpack;
   EXPECT_EQ(unpack.StartShmUnPackList(SH_PAIRED_LIST), 1);
   std::string text;

@@ -7,8 +7,8 @@
 
 #include <bluetooth/MWPBtRecords.h>
 
-// What a service puts into the list segments: integers of four bytes, lowest first, and texts with a NUL at
-// their end, one after the other. Shares nothing with what the library reads them with.
+// What a service puts into the list segments. Shares nothing with what the library reads them with, nor with
+// what the simulated service writes them with.
 
 namespace bttest {
 

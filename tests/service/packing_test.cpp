@@ -5,61 +5,13 @@
 
 #include "service/segments/Records.h"
 #include "service/segments/TextCut.h"
+#include "support/SegmentItems.h"
 
 namespace btservice {
 namespace {
 
+using bttest::SegmentItems;
 using testing::ElementsAreArray;
-
-/// What a segment should hold, written by hand.
-class Expected {
- public:
-  Expected& Int(std::int32_t value) {
-    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(&value);
-    contents.insert(contents.end(), bytes, bytes + 4);
-    return *this;
-  }
-  Expected& Text(const std::string& text) {
-    contents.insert(contents.end(), text.begin(), text.end());
-    contents.push_back(0);
-    return *this;
-  }
-  Bytes contents;
-};
-
-TEST(ListPackerTest, AnEmptyListIsACountOfZero) {
-  EXPECT_THAT(ListPacker(100).Contents(), ElementsAreArray(Expected().Int(0).contents));
-}
-
-TEST(ListPackerTest, ItemsLieSideBySideWithoutPadding) {
-  ListPacker packer(100);
-  packer.Put("abc").Put(7).Put("").Put(-1).EndRecord();
-  EXPECT_THAT(packer.Contents(),
-              ElementsAreArray(Expected().Int(1).Text("abc").Int(7).Text("").Int(-1).contents));
-}
-
-TEST(ListPackerTest, ATextEndsAtANul) {
-  ListPacker packer(100);
-  packer.Put(std::string("ab\0cd", 5)).EndRecord();
-  EXPECT_THAT(packer.Contents(), ElementsAreArray(Expected().Int(1).Text("ab").contents));
-}
-
-TEST(ListPackerTest, AListThatIsTooLargeEndsWithTheLastWholeRecord) {
-  ListPacker packer(4 + 2 * 6 + 5);
-  EXPECT_TRUE(packer.Put(1).Put("a").EndRecord());
-  EXPECT_TRUE(packer.Put(2).Put("b").EndRecord());
-  EXPECT_FALSE(packer.Put(3).Put("c").EndRecord());
-  EXPECT_FALSE(packer.Put("").EndRecord()) << "though it would fit";
-  EXPECT_EQ(packer.Count(), 2);
-  EXPECT_THAT(packer.Contents(),
-              ElementsAreArray(Expected().Int(2).Int(1).Text("a").Int(2).Text("b").contents));
-}
-
-TEST(ListPackerTest, AListMayFillItsSegmentToTheLastByte) {
-  ListPacker packer(4 + 6);
-  EXPECT_TRUE(packer.Put(1).Put("a").EndRecord());
-  EXPECT_EQ(packer.Contents().size(), 10U);
-}
 
 TEST(RecordsTest, AContactWithGroupsOfNumbers) {
   Contact contact;
@@ -67,7 +19,7 @@ TEST(RecordsTest, AContactWithGroupsOfNumbers) {
   contact.firstName = "Zoë";
   contact.familyName = "Zimmer";
   contact.numbers = {{NUMBER_MOBILE, {"1", "22"}}, {NUMBER_WORK, {}}};
-  EXPECT_THAT(PackList<Contact>({contact}, 1000).Contents(), ElementsAreArray(Expected()
+  EXPECT_THAT(PackList<Contact>({contact}, 1000).Contents(), ElementsAreArray(SegmentItems()
                                                                                   .Int(1)
                                                                                   .Int(7)
                                                                                   .Text("Zoë")
@@ -79,7 +31,7 @@ TEST(RecordsTest, AContactWithGroupsOfNumbers) {
                                                                                   .Text("22")
                                                                                   .Int(NUMBER_WORK)
                                                                                   .Int(0)
-                                                                                  .contents));
+                                                                                  .Bytes()));
 }
 
 TEST(RecordsTest, ACallLogEntryHasItsNumbersBeforeItsTexts) {
@@ -93,7 +45,7 @@ TEST(RecordsTest, ACallLogEntryHasItsNumbersBeforeItsTexts) {
   entry.time = "18:05:10";
   entry.seconds = 61;
   EXPECT_THAT(PackList<CallLogEntry>({entry}, 1000).Contents(),
-              ElementsAreArray(Expected()
+              ElementsAreArray(SegmentItems()
                                    .Int(1)
                                    .Int(3)
                                    .Int(9)
@@ -103,7 +55,7 @@ TEST(RecordsTest, ACallLogEntryHasItsNumbersBeforeItsTexts) {
                                    .Text("2026-05-29")
                                    .Text("18:05:10")
                                    .Text("61")
-                                   .contents));
+                                   .Bytes()));
 }
 
 TEST(RecordsTest, TheCallTableAlwaysHasTwoSlots) {
@@ -115,12 +67,12 @@ TEST(RecordsTest, TheCallTableAlwaysHasTwoSlots) {
   call.number = "112";
   call.name = "Help";
   call.deviceAddress = "00:1A:7D:DA:71:13";
-  Expected expected;
+  SegmentItems expected;
   expected.Int(1);
   expected.Int(1).Int(BT_CALL_ACTIVE).Int(1).Int(0).Int(12);
   expected.Text("112").Text("Help").Text("00:1A:7D:DA:71:13");
   expected.Int(0).Int(0).Int(0).Int(0).Int(0).Text("").Text("").Text("");
-  EXPECT_THAT(PackCallTable({call}, 2048).contents, ElementsAreArray(expected.contents));
+  EXPECT_THAT(PackCallTable({call}, 2048).contents, ElementsAreArray(expected.Bytes()));
 }
 
 TEST(RecordsTest, TheCallTableFitsWhateverTheTexts) {
@@ -175,7 +127,7 @@ TEST(RecordsTest, ADeviceOfThePairedList) {
   device.status = BT_CONN_CONNECTED;
   device.support = BT_SUPPORT_PHONE_LINK;
   EXPECT_THAT(PackList<DeviceInfo>({device}, 1000).Contents(),
-              ElementsAreArray(Expected()
+              ElementsAreArray(SegmentItems()
                                    .Int(1)
                                    .Int(BT_PROFILE_HFP)
                                    .Int(BT_PROFILE_HFP_A2DP)
@@ -183,7 +135,7 @@ TEST(RecordsTest, ADeviceOfThePairedList) {
                                    .Int(BT_SUPPORT_PHONE_LINK)
                                    .Text("00:1A:7D:DA:71:13")
                                    .Text("Phone")
-                                   .contents));
+                                   .Bytes()));
 }
 
 }  // namespace

@@ -1,24 +1,22 @@
-#include "service/segments/ListPacker.h"
+#include "protocol/ListWriter.h"
 
 #include <cstring>
 
-namespace btservice {
-
-ListPacker::ListPacker(std::size_t capacity)
+ListWriter::ListWriter(std::size_t capacity)
     : m_capacity(capacity), m_contents(sizeof(m_count)), m_end(m_contents.size()) {}
 
-ListPacker& ListPacker::Put(int value) {
+ListWriter& ListWriter::Put(int value) {
   const std::int32_t word = value;
   Append(&word, sizeof(word));
   return *this;
 }
 
-ListPacker& ListPacker::Put(const std::string& text) {
+ListWriter& ListWriter::Put(const std::string& text) {
   Append(text.c_str(), std::strlen(text.c_str()) + 1);
   return *this;
 }
 
-void ListPacker::Append(const void* data, std::size_t size) {
+void ListWriter::Append(const void* data, std::size_t size) {
   if (m_full || size > m_capacity - m_contents.size()) {
     m_full = true;
     return;
@@ -27,7 +25,7 @@ void ListPacker::Append(const void* data, std::size_t size) {
   m_contents.insert(m_contents.end(), bytes, bytes + size);
 }
 
-bool ListPacker::EndRecord() {
+bool ListWriter::EndRecord() {
   if (!m_full) {
     m_end = m_contents.size();
     ++m_count;
@@ -35,10 +33,8 @@ bool ListPacker::EndRecord() {
   return !m_full;
 }
 
-const Bytes& ListPacker::Contents() {
+const std::vector<std::uint8_t>& ListWriter::Contents() {
   m_contents.resize(m_end);
   std::memcpy(m_contents.data(), &m_count, sizeof(m_count));
   return m_contents;
 }
-
-}  // namespace btservice
