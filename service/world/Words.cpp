@@ -1,66 +1,74 @@
 #include "service/world/Words.h"
 
+#include "protocol/Words.h"
+
 namespace btservice {
+namespace {
+
+/// The words for some values of an enumeration: those that make sense in a world.
+template <typename Enum>
+WordList<Enum> WordsFor(const EnumWords& words, std::initializer_list<Enum> values) {
+  WordList<Enum> list;
+  for (const Enum value : values) {
+    list.emplace_back(words.WordFor(value), value);
+  }
+  return list;
+}
+
+/// The words for all values of an enumeration.
+template <typename Enum>
+WordList<Enum> AllWords(const EnumWords& words) {
+  WordList<Enum> list;
+  for (const EnumWord& word : words.Words()) {
+    list.emplace_back(word.text, static_cast<Enum>(word.value));
+  }
+  return list;
+}
+
+}  // namespace
 
 const WordList<ProfileId>& WordsOf(ProfileId) {
-  static const WordList<ProfileId> words{{"hfp", BT_PROFILE_HFP},     {"a2dp", BT_PROFILE_A2DP},
-                                         {"avrcp", BT_PROFILE_AVRCP}, {"pbap", BT_PROFILE_PBAP},
-                                         {"map", BT_PROFILE_MAP},     {"spp", BT_PROFILE_SPP},
-                                         {"hid", BT_PROFILE_HID},     {"pan", BT_PROFILE_PAN}};
+  static const WordList<ProfileId> words =
+      WordsFor(EnumWordsOf<ProfileId>(), {BT_PROFILE_HFP, BT_PROFILE_A2DP, BT_PROFILE_AVRCP, BT_PROFILE_PBAP,
+                                          BT_PROFILE_MAP, BT_PROFILE_SPP, BT_PROFILE_HID, BT_PROFILE_PAN});
   return words;
 }
 
 const WordList<SupportType>& WordsOf(SupportType) {
-  static const WordList<SupportType> words{{"none", BT_SUPPORT_NONE},
-                                           {"android-auto", BT_SUPPORT_ANDROID_AUTO},
-                                           {"phone-link", BT_SUPPORT_PHONE_LINK},
-                                           {"serial-accessory", BT_SUPPORT_SERIAL_ACCESSORY}};
+  static const WordList<SupportType> words = AllWords<SupportType>(EnumWordsOf<SupportType>());
   return words;
 }
 
 const WordList<PairRequestState>& WordsOf(PairRequestState) {
-  static const WordList<PairRequestState> words{{"confirmation", BT_PAIR_REQUEST_CONFIRMATION},
-                                                {"passkey-entry", BT_PAIR_REQUEST_PASSKEY_ENTRY},
-                                                {"passkey-display", BT_PAIR_REQUEST_PASSKEY_DISPLAY},
-                                                {"pin", BT_PAIR_REQUEST_PIN_CODE},
-                                                {"just-works", BT_PAIR_REQUEST_JUST_WORKS}};
+  static const WordList<PairRequestState> words = AllWords<PairRequestState>(EnumWordsOf<PairRequestState>());
   return words;
 }
 
 const WordList<CodecMode>& WordsOf(CodecMode) {
-  static const WordList<CodecMode> words{
-      {"cvsd", BT_CODEC_CVSD}, {"msbc", BT_CODEC_MSBC}, {"lc3-swb", BT_CODEC_LC3_SWB}};
+  static const WordList<CodecMode> words =
+      WordsFor(EnumWordsOf<CodecMode>(), {BT_CODEC_CVSD, BT_CODEC_MSBC, BT_CODEC_LC3_SWB});
+  return words;
+}
+
+const WordList<CallLogType>& WordsOf(CallLogType) {
+  static const WordList<CallLogType> words =
+      WordsFor(EnumWordsOf<CallLogType>(), {CALL_LOG_INCOMING, CALL_LOG_OUTGOING, CALL_LOG_MISSED});
+  return words;
+}
+
+const WordList<NumberType>& WordsOf(NumberType) {
+  static const WordList<NumberType> words = AllWords<NumberType>(NumberTypeWords());
+  return words;
+}
+
+const WordList<MsgStatus>& WordsOf(MsgStatus) {
+  static const WordList<MsgStatus> words = AllWords<MsgStatus>(EnumWordsOf<MsgStatus>());
   return words;
 }
 
 const WordList<CalledParty>& WordsOf(CalledParty) {
   static const WordList<CalledParty> words{
       {"answers", CalledParty::ANSWERS}, {"busy", CalledParty::BUSY}, {"no-answer", CalledParty::NO_ANSWER}};
-  return words;
-}
-
-const WordList<CallLogType>& WordsOf(CallLogType) {
-  static const WordList<CallLogType> words{
-      {"incoming", CALL_LOG_INCOMING}, {"outgoing", CALL_LOG_OUTGOING}, {"missed", CALL_LOG_MISSED}};
-  return words;
-}
-
-const WordList<NumberType>& WordsOf(NumberType) {
-  static const WordList<NumberType> words{
-      {"other", NUMBER_OTHER}, {"mobile", NUMBER_MOBILE}, {"home", NUMBER_HOME}, {"work", NUMBER_WORK}};
-  return words;
-}
-
-const WordList<MsgStatus>& WordsOf(MsgStatus) {
-  static const WordList<MsgStatus> words{{"new", BT_MSG_NEW},
-                                         {"delivered", BT_MSG_DELIVERED},
-                                         {"sent", BT_MSG_SENT},
-                                         {"delivery-failed", BT_MSG_DELIVERY_FAILED},
-                                         {"sending-failed", BT_MSG_SENDING_FAILED},
-                                         {"memory-full", BT_MSG_MEMORY_FULL},
-                                         {"memory-available", BT_MSG_MEMORY_AVAILABLE},
-                                         {"deleted", BT_MSG_DELETED},
-                                         {"shifted", BT_MSG_SHIFTED}};
   return words;
 }
 

@@ -2,6 +2,7 @@
 #define SERVICE_WORLD_WORDS_H
 
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -23,11 +24,18 @@ const WordList<NumberType>& WordsOf(NumberType);
 const WordList<MsgStatus>& WordsOf(MsgStatus);
 const WordList<HappeningKind>& WordsOf(HappeningKind);
 
+/// The word of today for one that worlds used before, which are still read; any other as it is.
+template <typename Enum>
+std::string WordOfToday(const std::string& word) {
+  return std::is_same_v<Enum, PairRequestState> && word == "pin" ? "pin-code" : word;
+}
+
 /// Null if there is no such word.
 template <typename Enum>
 const Enum* FindWord(const std::string& word) {
+  const std::string today = WordOfToday<Enum>(word);
   for (const auto& [name, value] : WordsOf(Enum())) {
-    if (name == word) {
+    if (name == today) {
       return &value;
     }
   }

@@ -48,6 +48,13 @@ TEST_F(WorldFileTest, TheSmallestWorldIsEmpty) {
   EXPECT_EQ(file.world.adapter.name, "Head Unit") << "what is not said has its default";
 }
 
+TEST_F(WorldFileTest, TheWordThatPairingByPinHadBeforeIsStillRead) {
+  const WorldFile file = LoadWorld(Write(
+      R"({"format": 1, "devices": [{"address": "00:1A:7D:DA:71:13", "name": "Old", "pairing": "pin"}]})"));
+  ASSERT_EQ(file.world.devices.size(), 1U);
+  EXPECT_EQ(file.world.devices[0].pairing, BT_PAIR_REQUEST_PIN_CODE);
+}
+
 TEST_F(WorldFileTest, WhatIsSaidIsTaken) {
   const WorldFile file = LoadWorld(Write(R"({
     "format": 1, // a comment
@@ -55,7 +62,7 @@ TEST_F(WorldFileTest, WhatIsSaidIsTaken) {
     "delays": {"powerOnMs": 7, "downloadStepSize": 9},
     "devices": [{
       "address": "00:1a:7d:da:71:13", "name": "Phone", "support": "android-auto",
-      "profiles": ["hfp", "pbap"], "refusedProfiles": ["pbap"], "pairing": "pin", "pin": "1234",
+      "profiles": ["hfp", "pbap"], "refusedProfiles": ["pbap"], "pairing": "pin-code", "pin": "1234",
       "acceptsPairing": false, "inRange": false, "paired": true,
       "phone": {"signal": 2, "codec": "cvsd", "calledParty": "busy", "answersAfterMs": 11, "roaming": true,
                 "callLogs": [{"type": "missed", "number": "112", "date": "2026-05-29", "time": "18:05:10"}],

@@ -105,7 +105,7 @@ Names ValuesOf(const Argument& argument, const KnownNames& known) {
     case Meaning::CONTACT:
       return known.Contacts();
     case Meaning::WORD:
-      for (const Word& word : argument.words->Words()) {
+      for (const EnumWord& word : argument.words->Words()) {
         values.insert(word.text);
       }
       break;

@@ -37,7 +37,7 @@ Argument Bytes(const std::string& name, const std::string& help) { return Make(n
 
 Argument OneOf(const std::string& name, const WordTable& words) {
   std::string all;
-  for (const Word& word : words.Words()) {
+  for (const EnumWord& word : words.Words()) {
     all += all.empty() ? word.text : std::string(", ") + word.text;
   }
   Argument argument = Make(name, all, Meaning::WORD);

@@ -91,7 +91,7 @@ void ListDevices(Context& context, const Given& given) {
 
 void ListCapabilities(Context& context, const Given&) {
   Json capabilities = Json::array();
-  for (const Word& word : WordsOf<Capability>().Words()) {
+  for (const EnumWord& word : WordsOf<Capability>().Words()) {
     const auto capability = static_cast<Capability>(word.value);
     const Reply value = MakeRequest(context.session, Value(),
                                     CallOf([capability] { return MWPBtCom().GetCapability(capability); }));
@@ -103,7 +103,7 @@ void ListCapabilities(Context& context, const Given&) {
 
 void ListAttributes(Context& context, const Given&) {
   Json attributes = Json::array();
-  for (const Word& word : WordsOf<Attribute>().Words()) {
+  for (const EnumWord& word : WordsOf<Attribute>().Words()) {
     attributes.push_back(
         {{"attribute", word.text}, {"value", AttributeOf(context, static_cast<Attribute>(word.value))}});
   }

@@ -20,7 +20,7 @@ void ListEvents(Context& context, const Given&) {
 void ListWords(Context& context, const Given& given) {
   Json words = Json::array();
   for (const WordTable* const table : AllWordTables()) {
-    for (const Word& word : table->Words()) {
+    for (const EnumWord& word : table->Words()) {
       if (given[0].empty() || table->Enumeration().find(given[0]) != std::string::npos) {
         words.push_back({{"enumeration", table->Enumeration()}, {"value", word.value}, {"word", word.text}});
       }

@@ -119,7 +119,7 @@ void CheckCanHave(const EventDescription& event, const std::string& field, const
   }
   std::string known;
   std::vector<std::string> names;
-  for (const Word& word : words->Words()) {
+  for (const EnumWord& word : words->Words()) {
     known += known.empty() ? word.text : std::string(", ") + word.text;
     names.emplace_back(word.text);
   }

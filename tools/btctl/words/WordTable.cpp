@@ -13,16 +13,14 @@ constexpr guint64 kHighestValue = 255;  // enumerations travel as one byte
 }  // namespace
 
 Json WordTable::Show(int value) const {
-  for (const Word& word : m_words) {
-    if (word.value == value) {
-      return word.text;
-    }
+  if (const char* const word = m_words.WordFor(value)) {
+    return word;
   }
   return value;
 }
 
 std::optional<int> WordTable::Find(const std::string& text) const {
-  for (const Word& word : m_words) {
+  for (const EnumWord& word : Words()) {
     if (g_ascii_strcasecmp(word.text, text.c_str()) == 0) {
       return word.value;
     }
@@ -39,7 +37,7 @@ int WordTable::Parse(const std::string& text, const std::string& what) const {
   if (!value) {
     std::string known;
     std::vector<std::string> names;
-    for (const Word& word : m_words) {
+    for (const EnumWord& word : Words()) {
       known += known.empty() ? word.text : std::string(", ") + word.text;
       names.emplace_back(word.text);
     }

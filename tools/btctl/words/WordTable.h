@@ -4,26 +4,23 @@
 #include <initializer_list>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "btctl/base/Json.h"
+#include "protocol/Words.h"
 
 namespace btctl {
 
-struct Word {
-  int value;
-  const char* text;
-};
-
-/// The words for the values of one enumeration.
+/// The words for the values of one enumeration, as they are typed and shown.
 class WordTable {
  public:
-  WordTable(const char* enumeration, std::initializer_list<Word> words)
-      : m_enumeration(enumeration), m_words(words) {}
+  explicit WordTable(EnumWords words) : m_words(std::move(words)) {}
+  WordTable(const char* enumeration, std::initializer_list<EnumWord> words) : m_words(enumeration, words) {}
 
   /// As the header calls it.
-  const std::string& Enumeration() const { return m_enumeration; }
-  const std::vector<Word>& Words() const { return m_words; }
+  const std::string& Enumeration() const { return m_words.Enumeration(); }
+  const std::vector<EnumWord>& Words() const { return m_words.Words(); }
 
   /// The word for a value; a value without one is its number, since the library passes on whatever comes.
   Json Show(int value) const;
@@ -33,8 +30,7 @@ class WordTable {
   int Parse(const std::string& text, const std::string& what) const;
 
  private:
-  std::string m_enumeration;
-  std::vector<Word> m_words;
+  EnumWords m_words;
 };
 
 }  // namespace btctl

@@ -23,7 +23,7 @@ const WordTable& SwitchWords() {
 }
 
 const WordTable& NumberTypeWords() {
-  static const WordTable words("number type", {{0, "other"}, {1, "mobile"}, {2, "home"}, {3, "work"}});
+  static const WordTable words(::NumberTypeWords());
   return words;
 }
 

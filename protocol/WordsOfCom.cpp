@@ -1,12 +1,10 @@
-#include "btctl/words/Words.h"
-
-namespace btctl {
+#include "protocol/Words.h"
 
 using namespace MWPBtType;
 
 template <>
-const WordTable& WordsOf<PowerStatus>() {
-  static const WordTable words("MWPBtType::PowerStatus", {{BT_POWER_OFF, "off"},
+const EnumWords& EnumWordsOf<PowerStatus>() {
+  static const EnumWords words("MWPBtType::PowerStatus", {{BT_POWER_OFF, "off"},
                                                           {BT_POWER_ON, "on"},
                                                           {BT_POWER_TURNING_OFF, "turning-off"},
                                                           {BT_POWER_TURNING_ON, "turning-on"}});
@@ -14,8 +12,8 @@ const WordTable& WordsOf<PowerStatus>() {
 }
 
 template <>
-const WordTable& WordsOf<Capability>() {
-  static const WordTable words("MWPBtType::Capability", {{BT_CAP_POWER_SWITCH, "power-switch"},
+const EnumWords& EnumWordsOf<Capability>() {
+  static const EnumWords words("MWPBtType::Capability", {{BT_CAP_POWER_SWITCH, "power-switch"},
                                                          {BT_CAP_AUTO_CONNECT, "auto-connect"},
                                                          {BT_CAP_AUTO_ANSWER, "auto-answer"},
                                                          {BT_CAP_AUTO_REJECT_INCALL, "auto-reject"},
@@ -31,8 +29,8 @@ const WordTable& WordsOf<Capability>() {
 }
 
 template <>
-const WordTable& WordsOf<Attribute>() {
-  static const WordTable words("MWPBtType::Attribute", {{BT_ATTR_LOCAL_NAME, "local-name"},
+const EnumWords& EnumWordsOf<Attribute>() {
+  static const EnumWords words("MWPBtType::Attribute", {{BT_ATTR_LOCAL_NAME, "local-name"},
                                                         {BT_ATTR_LOCAL_ADDRESS, "local-address"},
                                                         {BT_ATTR_PIN_CODE, "pin-code"},
                                                         {BT_ATTR_STACK_VERSION, "stack-version"},
@@ -42,8 +40,8 @@ const WordTable& WordsOf<Attribute>() {
 }
 
 template <>
-const WordTable& WordsOf<ProfileId>() {
-  static const WordTable words("MWPBtType::ProfileId", {{BT_PROFILE_NONE, "none"},
+const EnumWords& EnumWordsOf<ProfileId>() {
+  static const EnumWords words("MWPBtType::ProfileId", {{BT_PROFILE_NONE, "none"},
                                                         {BT_PROFILE_HFP, "hfp"},
                                                         {BT_PROFILE_A2DP, "a2dp"},
                                                         {BT_PROFILE_HFP_A2DP, "hfp-a2dp"},
@@ -58,8 +56,8 @@ const WordTable& WordsOf<ProfileId>() {
 }
 
 template <>
-const WordTable& WordsOf<ProfileVersion>() {
-  static const WordTable words("MWPBtType::ProfileVersion", {{BT_PROFILE_VERSION_UNKNOWN, "unknown"},
+const EnumWords& EnumWordsOf<ProfileVersion>() {
+  static const EnumWords words("MWPBtType::ProfileVersion", {{BT_PROFILE_VERSION_UNKNOWN, "unknown"},
                                                              {BT_PROFILE_VERSION_1_0, "1.0"},
                                                              {BT_PROFILE_VERSION_1_1, "1.1"},
                                                              {BT_PROFILE_VERSION_1_2, "1.2"},
@@ -74,8 +72,8 @@ const WordTable& WordsOf<ProfileVersion>() {
 }
 
 template <>
-const WordTable& WordsOf<ConnStatus>() {
-  static const WordTable words("MWPBtType::ConnStatus", {{BT_CONN_DISCONNECTED, "disconnected"},
+const EnumWords& EnumWordsOf<ConnStatus>() {
+  static const EnumWords words("MWPBtType::ConnStatus", {{BT_CONN_DISCONNECTED, "disconnected"},
                                                          {BT_CONN_CONNECTING, "connecting"},
                                                          {BT_CONN_CONNECTED, "connected"},
                                                          {BT_CONN_DISCONNECTING, "disconnecting"},
@@ -86,8 +84,8 @@ const WordTable& WordsOf<ConnStatus>() {
 }
 
 template <>
-const WordTable& WordsOf<PairStatus>() {
-  static const WordTable words("MWPBtType::PairStatus", {{BT_PAIR_NONE, "none"},
+const EnumWords& EnumWordsOf<PairStatus>() {
+  static const EnumWords words("MWPBtType::PairStatus", {{BT_PAIR_NONE, "none"},
                                                          {BT_PAIR_PAIRING, "pairing"},
                                                          {BT_PAIR_PAIRED, "paired"},
                                                          {BT_PAIR_FAILED, "failed"}});
@@ -95,8 +93,8 @@ const WordTable& WordsOf<PairStatus>() {
 }
 
 template <>
-const WordTable& WordsOf<PairFailedReson>() {
-  static const WordTable words("MWPBtType::PairFailedReson",
+const EnumWords& EnumWordsOf<PairFailedReson>() {
+  static const EnumWords words("MWPBtType::PairFailedReson",
                                {{BT_PAIR_REASON_NONE, "none"},
                                 {BT_PAIR_REASON_AUTHENTICATION, "authentication"},
                                 {BT_PAIR_REASON_REJECTED_REMOTE, "rejected-remote"},
@@ -109,8 +107,8 @@ const WordTable& WordsOf<PairFailedReson>() {
 }
 
 template <>
-const WordTable& WordsOf<PairRequestState>() {
-  static const WordTable words("MWPBtType::PairRequestState",
+const EnumWords& EnumWordsOf<PairRequestState>() {
+  static const EnumWords words("MWPBtType::PairRequestState",
                                {{BT_PAIR_REQUEST_CONFIRMATION, "confirmation"},
                                 {BT_PAIR_REQUEST_PASSKEY_ENTRY, "passkey-entry"},
                                 {BT_PAIR_REQUEST_PASSKEY_DISPLAY, "passkey-display"},
@@ -120,15 +118,15 @@ const WordTable& WordsOf<PairRequestState>() {
 }
 
 template <>
-const WordTable& WordsOf<ScanStatus>() {
-  static const WordTable words("MWPBtType::ScanStatus",
+const EnumWords& EnumWordsOf<ScanStatus>() {
+  static const EnumWords words("MWPBtType::ScanStatus",
                                {{BT_SCAN_IDLE, "idle"}, {BT_SCAN_SCANNING, "scanning"}});
   return words;
 }
 
 template <>
-const WordTable& WordsOf<SupportType>() {
-  static const WordTable words("MWPBtType::SupportType", {{BT_SUPPORT_NONE, "none"},
+const EnumWords& EnumWordsOf<SupportType>() {
+  static const EnumWords words("MWPBtType::SupportType", {{BT_SUPPORT_NONE, "none"},
                                                           {BT_SUPPORT_ANDROID_AUTO, "android-auto"},
                                                           {BT_SUPPORT_PHONE_LINK, "phone-link"},
                                                           {BT_SUPPORT_SERIAL_ACCESSORY, "serial-accessory"}});
@@ -136,12 +134,10 @@ const WordTable& WordsOf<SupportType>() {
 }
 
 template <>
-const WordTable& WordsOf<HUStatus>() {
-  static const WordTable words("MWPBtType::HUStatus", {{BT_HU_READY, "ready"},
+const EnumWords& EnumWordsOf<HUStatus>() {
+  static const EnumWords words("MWPBtType::HUStatus", {{BT_HU_READY, "ready"},
                                                        {BT_HU_ALREADY_PAIRED, "already-paired"},
                                                        {BT_HU_BUSY, "busy"},
                                                        {BT_HU_FAILED, "failed"}});
   return words;
 }
-
-}  // namespace btctl

@@ -1,12 +1,10 @@
-#include "btctl/words/Words.h"
-
-namespace btctl {
+#include "protocol/Words.h"
 
 using namespace MWPBtType;
 
 template <>
-const WordTable& WordsOf<CallStatus>() {
-  static const WordTable words("MWPBtType::CallStatus", {{BT_CALL_IDLE, "idle"},
+const EnumWords& EnumWordsOf<CallStatus>() {
+  static const EnumWords words("MWPBtType::CallStatus", {{BT_CALL_IDLE, "idle"},
                                                          {BT_CALL_ACTIVE, "active"},
                                                          {BT_CALL_HELD, "held"},
                                                          {BT_CALL_DIALING, "dialing"},
@@ -18,8 +16,8 @@ const WordTable& WordsOf<CallStatus>() {
 }
 
 template <>
-const WordTable& WordsOf<CallAction>() {
-  static const WordTable words("MWPBtType::CallAction", {{BT_CALL_RELEASE_HELD, "release-held"},
+const EnumWords& EnumWordsOf<CallAction>() {
+  static const EnumWords words("MWPBtType::CallAction", {{BT_CALL_RELEASE_HELD, "release-held"},
                                                          {BT_CALL_RELEASE_ACTIVE, "release-active"},
                                                          {BT_CALL_HOLD_ACTIVE, "swap"},
                                                          {BT_CALL_CONFERENCE, "conference"},
@@ -28,16 +26,16 @@ const WordTable& WordsOf<CallAction>() {
 }
 
 template <>
-const WordTable& WordsOf<AudioStatus>() {
-  static const WordTable words("MWPBtType::AudioStatus", {{BT_AUDIO_DISCONNECTED, "disconnected"},
+const EnumWords& EnumWordsOf<AudioStatus>() {
+  static const EnumWords words("MWPBtType::AudioStatus", {{BT_AUDIO_DISCONNECTED, "disconnected"},
                                                           {BT_AUDIO_CONNECTING, "connecting"},
                                                           {BT_AUDIO_CONNECTED, "connected"}});
   return words;
 }
 
 template <>
-const WordTable& WordsOf<CodecMode>() {
-  static const WordTable words("MWPBtType::CodecMode", {{BT_CODEC_NONE, "none"},
+const EnumWords& EnumWordsOf<CodecMode>() {
+  static const EnumWords words("MWPBtType::CodecMode", {{BT_CODEC_NONE, "none"},
                                                         {BT_CODEC_CVSD, "cvsd"},
                                                         {BT_CODEC_MSBC, "msbc"},
                                                         {BT_CODEC_LC3_SWB, "lc3-swb"}});
@@ -45,8 +43,8 @@ const WordTable& WordsOf<CodecMode>() {
 }
 
 template <>
-const WordTable& WordsOf<MusicPlayStatus>() {
-  static const WordTable words("MWPBtType::MusicPlayStatus", {{BT_MUSIC_STOPPED, "stopped"},
+const EnumWords& EnumWordsOf<MusicPlayStatus>() {
+  static const EnumWords words("MWPBtType::MusicPlayStatus", {{BT_MUSIC_STOPPED, "stopped"},
                                                               {BT_MUSIC_PLAYING, "playing"},
                                                               {BT_MUSIC_PAUSED, "paused"},
                                                               {BT_MUSIC_FAST_FORWARD, "fast-forward"},
@@ -56,8 +54,8 @@ const WordTable& WordsOf<MusicPlayStatus>() {
 }
 
 template <>
-const WordTable& WordsOf<SupportAvrcpEvent>() {
-  static const WordTable words(
+const EnumWords& EnumWordsOf<SupportAvrcpEvent>() {
+  static const EnumWords words(
       "MWPBtType::SupportAvrcpEvent",
       {{BT_AVRCP_EVENT_NONE, "none"},
        {BT_AVRCP_EVENT_PLAYBACK_STATUS_CHANGED, "playback-status-changed"},
@@ -77,12 +75,10 @@ const WordTable& WordsOf<SupportAvrcpEvent>() {
 }
 
 template <>
-const WordTable& WordsOf<BrowserScopeType>() {
-  static const WordTable words("MWPBtType::BrowserScopeType", {{BT_BROWSER_PLAYER_LIST, "player-list"},
+const EnumWords& EnumWordsOf<BrowserScopeType>() {
+  static const EnumWords words("MWPBtType::BrowserScopeType", {{BT_BROWSER_PLAYER_LIST, "player-list"},
                                                                {BT_BROWSER_FILE_SYSTEM, "file-system"},
                                                                {BT_BROWSER_SEARCH, "search"},
                                                                {BT_BROWSER_NOW_PLAYING, "now-playing"}});
   return words;
 }
-
-}  // namespace btctl

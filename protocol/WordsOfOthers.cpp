@@ -1,12 +1,10 @@
-#include "btctl/words/Words.h"
-
-namespace btctl {
+#include "protocol/Words.h"
 
 using namespace MWPBtType;
 
 template <>
-const WordTable& WordsOf<PbapType>() {
-  static const WordTable words("MWPBtType::PbapType", {{BT_PBAP_PHONE_BOOK, "phone-book"},
+const EnumWords& EnumWordsOf<PbapType>() {
+  static const EnumWords words("MWPBtType::PbapType", {{BT_PBAP_PHONE_BOOK, "phone-book"},
                                                        {BT_PBAP_INCOMING_HISTORY, "incoming"},
                                                        {BT_PBAP_OUTGOING_HISTORY, "outgoing"},
                                                        {BT_PBAP_MISSED_HISTORY, "missed"},
@@ -17,8 +15,8 @@ const WordTable& WordsOf<PbapType>() {
 }
 
 template <>
-const WordTable& WordsOf<PbapStatus>() {
-  static const WordTable words("MWPBtType::PbapStatus", {{BT_PBAP_IDLE, "idle"},
+const EnumWords& EnumWordsOf<PbapStatus>() {
+  static const EnumWords words("MWPBtType::PbapStatus", {{BT_PBAP_IDLE, "idle"},
                                                          {BT_PBAP_CONNECTING, "connecting"},
                                                          {BT_PBAP_DOWNLOADING, "downloading"},
                                                          {BT_PBAP_COMPLETED, "completed"},
@@ -29,8 +27,8 @@ const WordTable& WordsOf<PbapStatus>() {
 }
 
 template <>
-const WordTable& WordsOf<CallLogType>() {
-  static const WordTable words("CallLogType", {{CALL_LOG_ALL, "all"},
+const EnumWords& EnumWordsOf<CallLogType>() {
+  static const EnumWords words("CallLogType", {{CALL_LOG_ALL, "all"},
                                                {CALL_LOG_INCOMING, "incoming"},
                                                {CALL_LOG_OUTGOING, "outgoing"},
                                                {CALL_LOG_MISSED, "missed"}});
@@ -38,8 +36,8 @@ const WordTable& WordsOf<CallLogType>() {
 }
 
 template <>
-const WordTable& WordsOf<MsgLoadStatus>() {
-  static const WordTable words("MWPBtType::MsgLoadStatus", {{BT_MSG_LOAD_IDLE, "idle"},
+const EnumWords& EnumWordsOf<MsgLoadStatus>() {
+  static const EnumWords words("MWPBtType::MsgLoadStatus", {{BT_MSG_LOAD_IDLE, "idle"},
                                                             {BT_MSG_LOAD_CONNECTING, "connecting"},
                                                             {BT_MSG_LOAD_CONNECTED, "connected"},
                                                             {BT_MSG_LOAD_DOWNLOADING, "downloading"},
@@ -52,8 +50,8 @@ const WordTable& WordsOf<MsgLoadStatus>() {
 }
 
 template <>
-const WordTable& WordsOf<MsgStatus>() {
-  static const WordTable words("MWPBtType::MsgStatus", {{BT_MSG_NEW, "new"},
+const EnumWords& EnumWordsOf<MsgStatus>() {
+  static const EnumWords words("MWPBtType::MsgStatus", {{BT_MSG_NEW, "new"},
                                                         {BT_MSG_DELIVERED, "delivered"},
                                                         {BT_MSG_SENT, "sent"},
                                                         {BT_MSG_DELIVERY_FAILED, "delivery-failed"},
@@ -66,15 +64,15 @@ const WordTable& WordsOf<MsgStatus>() {
 }
 
 template <>
-const WordTable& WordsOf<SetMsgProStatus>() {
-  static const WordTable words("MWPBtType::SetMsgProStatus",
+const EnumWords& EnumWordsOf<SetMsgProStatus>() {
+  static const EnumWords words("MWPBtType::SetMsgProStatus",
                                {{BT_MSG_SET_FAILED, "failed"}, {BT_MSG_SET_OK, "ok"}});
   return words;
 }
 
 template <>
-const WordTable& WordsOf<MWPBtMessageType>() {
-  static const WordTable words("MWPBtMessageType", {{MESSAGE_INBOX, "inbox"},
+const EnumWords& EnumWordsOf<MWPBtMessageType>() {
+  static const EnumWords words("MWPBtMessageType", {{MESSAGE_INBOX, "inbox"},
                                                     {MESSAGE_OUTBOX, "outbox"},
                                                     {MESSAGE_SENT, "sent"},
                                                     {MESSAGE_DRAFT, "draft"},
@@ -83,30 +81,30 @@ const WordTable& WordsOf<MWPBtMessageType>() {
 }
 
 template <>
-const WordTable& WordsOf<HIDTYPE>() {
-  static const WordTable words("MWPBtType::HIDTYPE",
+const EnumWords& EnumWordsOf<HIDTYPE>() {
+  static const EnumWords words("MWPBtType::HIDTYPE",
                                {{BT_HID_TOUCH, "touch"}, {BT_HID_MOUSE, "mouse"}, {BT_HID_KEY, "key"}});
   return words;
 }
 
 template <>
-const WordTable& WordsOf<BleScanMode>() {
-  static const WordTable words("MWPBtType::BleScanMode", {{BT_BLE_SCAN_LOW_POWER, "low-power"},
+const EnumWords& EnumWordsOf<BleScanMode>() {
+  static const EnumWords words("MWPBtType::BleScanMode", {{BT_BLE_SCAN_LOW_POWER, "low-power"},
                                                           {BT_BLE_SCAN_BALANCED, "balanced"},
                                                           {BT_BLE_SCAN_LOW_LATENCY, "low-latency"}});
   return words;
 }
 
 template <>
-const WordTable& WordsOf<BleScanFilter>() {
-  static const WordTable words("MWPBtType::BleScanFilter",
+const EnumWords& EnumWordsOf<BleScanFilter>() {
+  static const EnumWords words("MWPBtType::BleScanFilter",
                                {{BT_BLE_FILTER_NONE, "none"}, {BT_BLE_FILTER_WHITELIST, "whitelist"}});
   return words;
 }
 
 template <>
-const WordTable& WordsOf<SmpEvent>() {
-  static const WordTable words("MWPBtType::SmpEvent", {{BT_SMP_PASSKEY_REQUEST, "passkey-request"},
+const EnumWords& EnumWordsOf<SmpEvent>() {
+  static const EnumWords words("MWPBtType::SmpEvent", {{BT_SMP_PASSKEY_REQUEST, "passkey-request"},
                                                        {BT_SMP_PASSKEY_DISPLAY, "passkey-display"},
                                                        {BT_SMP_NUMERIC_COMPARISON, "numeric-comparison"},
                                                        {BT_SMP_JUST_WORKS, "just-works"},
@@ -114,5 +112,3 @@ const WordTable& WordsOf<SmpEvent>() {
                                                        {BT_SMP_FAILED, "failed"}});
   return words;
 }
-
-}  // namespace btctl
