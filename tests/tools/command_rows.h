@@ -13,7 +13,10 @@ struct CommandRow {
   int code = 0;
 };
 
+/// Those that are written by hand.
 const std::vector<CommandRow>& CommandRows();
+/// Those, and one for each other command that calls one method of the library.
+const std::vector<CommandRow>& AllCommandRows();
 
 }  // namespace bttest
 

@@ -26,7 +26,7 @@ constexpr int kDeals = 6;
 
 TEST_P(EveryRow, ArrivesAsItsCallAndIsAnsweredWithItsCode) {
   AcceptAll();
-  const auto& rows = CommandRows();
+  const auto& rows = AllCommandRows();
   for (std::size_t i = static_cast<std::size_t>(GetParam()); i < rows.size(); i += kDeals) {
     const CommandRow& row = rows[i];
     SCOPED_TRACE(Text(row.words));
@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(Dealt, EveryRow, testing::Range(0, kDeals));
 
 TEST(CommandRows, NameEveryCommandThatCallsAMethod) {
   std::set<std::string> tested;
-  for (const CommandRow& row : CommandRows()) {
+  for (const CommandRow& row : AllCommandRows()) {
     tested.insert(Text(row.words));
   }
   for (const Json& command : RunBtctl({"commands", "--json"}).Objects()) {

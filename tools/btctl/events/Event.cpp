@@ -69,6 +69,24 @@ std::optional<int> NumberIn(const std::string& text) {
   return static_cast<int>(number);
 }
 
+const WordTable& YesNoWords() {
+  static const WordTable words("", {{1, "yes"}, {0, "no"}, {1, "on"}, {0, "off"}, {1, "true"}, {0, "false"}});
+  return words;
+}
+
+const WordTable& AnyNumber() {
+  static const WordTable numbers("", {});
+  return numbers;
+}
+
+EventDescription::EventDescription(const char* method, std::initializer_list<EventField> values)
+    : name(method) {
+  for (const EventField& field : values) {
+    fields.emplace_back(field.name);
+    words.push_back(field.words);
+  }
+}
+
 const EventDescription& FindEvent(const std::string& name) {
   const auto& events = AllEvents();
   const auto found = std::find_if(events.begin(), events.end(),

@@ -1,6 +1,7 @@
 #ifndef TOOLS_BTCTL_EVENTS_EVENT_H
 #define TOOLS_BTCTL_EVENTS_EVENT_H
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <type_traits>
@@ -34,9 +35,24 @@ EventValue SixDigits(unsigned int passkey);
 /// The whole number that a text is; nothing if it is none.
 std::optional<int> NumberIn(const std::string& text);
 
+/// The words for a flag, as Event::Has takes them.
+const WordTable& YesNoWords();
+
+/// Stands for any whole number among the words of events.
+const WordTable& AnyNumber();
+
+/// One value of an event: its name, and the words that it can be, or AnyNumber(); null for a text.
+struct EventField {
+  const char* name;
+  const WordTable* words = nullptr;
+};
+
 struct EventDescription {
+  EventDescription(const char* method, std::initializer_list<EventField> values);
+
   const char* name;  ///< of the listener's method
   std::vector<std::string> fields;
+  std::vector<const WordTable*> words;  ///< of each field
 };
 
 /// All events of the seven listener interfaces.

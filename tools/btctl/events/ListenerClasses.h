@@ -11,11 +11,37 @@
 
 #include "btctl/events/Reporter.h"
 
-// One line for each event: how its values are shown. Their names are in AllEvents.cpp.
+// For each listener interface its events: the names of their values, and the words that these can be; then
+// how each is reported, with its values in that order.
 
 namespace btctl {
 
 using namespace MWPBtType;
+
+inline std::vector<EventDescription> ComEvents() {
+  return {
+      {"OnOpenBtStatusChanged", {{"status", &WordsOf<PowerStatus>()}}},
+      {"OnBtProfileEnableStatusChanged", {{"enabled", &YesNoWords()}}},
+      {"OnPairStatusChanged",
+       {{"status", &WordsOf<PairStatus>()}, {"reason", &WordsOf<PairFailedReson>()}, {"address"}}},
+      {"OnAnswerPairRequest",
+       {{"address"},
+        {"pinCode"},
+        {"androidAutoRequest", &YesNoWords()},
+        {"state", &WordsOf<PairRequestState>()}}},
+      {"OnBtCapabilityChanged", {{"capability", &WordsOf<Capability>()}, {"value", &SwitchWords()}}},
+      {"OnBtAttributeChanged", {{"attribute", &WordsOf<Attribute>()}, {"value"}}},
+      {"OnScanStatusChanged", {{"status", &WordsOf<ScanStatus>()}}},
+      {"OnDeletePairStatusChanged", {{"status", &YesNoWords()}}},
+      {"OnOperatorNameChanged", {{"name"}}},
+      {"OnConnectStatusChanged",
+       {{"address"}, {"profile", &WordsOf<ProfileId>()}, {"status", &WordsOf<ConnStatus>()}}},
+      {"OnSupportProfileChanged", {{"address"}, {"profile", &WordsOf<ProfileId>()}}},
+      {"OnWirelessEnableRequest", {{"address"}, {"name"}, {"type", &WordsOf<SupportType>()}}},
+      {"OnAndroidAutoPairingResponse", {{"status", &WordsOf<HUStatus>()}}},
+      {"OnSetDeviceOOBLinkKeyChanged", {{"address"}, {"success", &YesNoWords()}}},
+  };
+}
 
 class ComListener : public IMWPBtComListener, private Reporter {
  public:
@@ -56,6 +82,25 @@ class ComListener : public IMWPBtComListener, private Reporter {
   }
 };
 
+inline std::vector<EventDescription> PhoneEvents() {
+  return {
+      {"OnMobileService", {{"onService", &YesNoWords()}}},
+      {"OnRoamingStatusChanged", {{"roaming", &YesNoWords()}}},
+      {"OnBtSignalChanged", {{"signal", &AnyNumber()}}},
+      {"OnBtBatteryChanged", {{"battery", &AnyNumber()}}},
+      {"OnCurrentCallInfoChanged", {{"callCount", &AnyNumber()}}},
+      {"OnCallingTimeChanged",
+       {{"seconds", &AnyNumber()}, {"callId", &AnyNumber()}, {"active", &YesNoWords()}}},
+      {"OnCallStatusChanged",
+       {{"callId", &AnyNumber()}, {"status", &WordsOf<CallStatus>()}, {"callCount", &AnyNumber()}}},
+      {"OnConferenceChanged", {{"action", &WordsOf<CallAction>()}, {"supported", &YesNoWords()}}},
+      {"OnHangupCallChanged", {}},
+      {"OnAudioStatusChanged", {{"status", &WordsOf<AudioStatus>()}}},
+      {"OnVoiceStatusChanged", {{"started", &YesNoWords()}}},
+      {"OnCodecModeChanged", {{"mode", &WordsOf<CodecMode>()}}},
+  };
+}
+
 class PhoneListener : public IMWPBtPhoneListener, private Reporter {
  public:
   using Reporter::Reporter;
@@ -80,6 +125,29 @@ class PhoneListener : public IMWPBtPhoneListener, private Reporter {
   void OnVoiceStatusChanged(int started) override { Report(__func__, Flag(started)); }
   void OnCodecModeChanged(CodecMode mode) override { Report(__func__, mode); }
 };
+
+inline std::vector<EventDescription> MediaEvents() {
+  return {
+      {"OnMediaAudioStateChanged", {{"address"}, {"started", &YesNoWords()}}},
+      {"OnBtMusicPlayChanged", {{"status", &WordsOf<MusicPlayStatus>()}}},
+      {"OnAudioTrackChanged", {}},
+      {"OnPlayModeChanged", {}},
+      {"OnSupportPlayModeChanged", {}},
+      {"OnMediaInfoChanged", {}},
+      {"OnCoverImageDownloadCompleted", {}},
+      {"OnCurPositionChanged", {{"position", &AnyNumber()}, {"totalLength", &AnyNumber()}}},
+      {"OnSupportAvrcpNotify", {{"event", &WordsOf<SupportAvrcpEvent>()}, {"supported", &YesNoWords()}}},
+      {"OnFastForwardChanged", {{"supported", &YesNoWords()}}},
+      {"OnFastRewindChanged", {{"supported", &YesNoWords()}}},
+      {"OnSupportBrowserStatusChanged", {{"supported", &YesNoWords()}}},
+      {"OnPlayerInfoChanged", {}},
+      {"OnBrowserMediaInfoChanged", {}},
+      {"OnCurBrowserPathChanged", {{"success", &YesNoWords()}}},
+      {"OnBrowserFolderItemTotalChanged", {{"total", &AnyNumber()}}},
+      {"OnMediaItemToNowPlayingStatus", {{"success", &YesNoWords()}}},
+      {"OnSendPlayItemStatus", {{"success", &YesNoWords()}}},
+  };
+}
 
 class MediaListener : public IMWPBtMediaListener, private Reporter {
  public:
@@ -112,6 +180,16 @@ class MediaListener : public IMWPBtMediaListener, private Reporter {
   void OnSendPlayItemStatus(int success) override { Report(__func__, Flag(success)); }
 };
 
+inline std::vector<EventDescription> PbapEvents() {
+  return {
+      {"OnPBDownloadStatus", {{"status", &WordsOf<PbapStatus>()}, {"type", &WordsOf<PbapType>()}}},
+      {"OnPbDownloadCountChanged", {{"current", &AnyNumber()}, {"total", &AnyNumber()}}},
+      {"OnBtCallLogListChanged", {}},
+      {"OnDeletePhoneBookChanged", {{"success", &YesNoWords()}}},
+      {"OnContactFavoriteChanged", {{"contactId", &AnyNumber()}, {"favorite", &YesNoWords()}}},
+  };
+}
+
 class PbapListener : public IMWPBtPbapListener, private Reporter {
  public:
   using Reporter::Reporter;
@@ -126,6 +204,15 @@ class PbapListener : public IMWPBtPbapListener, private Reporter {
   }
 };
 
+inline std::vector<EventDescription> MessageEvents() {
+  return {
+      {"OnMessageDownloadStatus", {{"status", &WordsOf<MsgLoadStatus>()}}},
+      {"OnMessageDownloadCountChanged", {{"current", &AnyNumber()}, {"total", &AnyNumber()}}},
+      {"OnMessageStatusNotify", {{"status", &WordsOf<MsgStatus>()}, {"handle"}}},
+      {"OnMessageSetPropertyStatus", {{"status", &WordsOf<SetMsgProStatus>()}}},
+  };
+}
+
 class MessageListener : public IMWPBtMessageListener, private Reporter {
  public:
   using Reporter::Reporter;
@@ -138,6 +225,15 @@ class MessageListener : public IMWPBtMessageListener, private Reporter {
   }
   void OnMessageSetPropertyStatus(SetMsgProStatus status) override { Report(__func__, status); }
 };
+
+inline std::vector<EventDescription> SppEvents() {
+  return {
+      {"OnSppConnectStatus", {{"address"}, {"type", &WordsOf<SupportType>()}, {"connected", &YesNoWords()}}},
+      {"OnSppReceiveBufferChanged", {{"address"}, {"bytes"}}},
+      {"OnHIDCalibration", {{"success", &YesNoWords()}}},
+      {"OnHIDConnection", {{"address"}, {"status", &WordsOf<ConnStatus>()}}},
+  };
+}
 
 class SppListener : public IMWPBtSppListener, private Reporter {
  public:
@@ -155,6 +251,18 @@ class SppListener : public IMWPBtSppListener, private Reporter {
     Report(__func__, address, static_cast<ConnStatus>(status));
   }
 };
+
+inline std::vector<EventDescription> BleEvents() {
+  return {
+      {"OnBleDiscoveryResponse", {{"started", &YesNoWords()}, {"result", &AnyNumber()}}},
+      {"OnBleConnectStatusChanged", {{"address"}, {"status", &WordsOf<ConnStatus>()}}},
+      {"OnBleAllService", {{"count", &AnyNumber()}}},
+      {"OnBleSmpNotify",
+       {{"event", &WordsOf<SmpEvent>()}, {"address"}, {"addressType", &AnyNumber()}, {"passkey"}}},
+      {"OnBleCharNotify", {{"handle", &AnyNumber()}, {"bytes"}}},
+      {"OnBleGAttribResultNotify", {{"result", &AnyNumber()}, {"bytes"}}},
+  };
+}
 
 class BleListener : public IMWPBtBleListener, private Reporter {
  public:
