@@ -1,115 +1,25 @@
 #include "contract/AdapterCalls.h"
 
-#include <list>
-#include <string>
-#include <vector>
-
-#include <gtest/gtest.h>
+#include "contract/DerivedCalls.h"
 
 namespace bttest {
+namespace {
 
-using Adapter = BtClientIpcAdapter;
+template <typename Result, typename... Params>
+AdapterCall CallOf(Result (BtClientIpcAdapter::*method)(Params...)) {
+  return
+      [method](BtClientIpcAdapter& adapter, const In& in, Out& out) { CallWith(adapter, method, in, out); };
+}
+
+}  // namespace
 
 const std::map<std::string, AdapterCall>& AdapterCalls() {
-  static const std::map<std::string, AdapterCall> calls = {
-{"GetBluetoothServiceStatus", [](Adapter& a, const In&, Out&) { a.GetBluetoothServiceStatus(); }},
-{"EnableProfile", [](Adapter& a, const In&, Out&) { a.EnableProfile(); }},
-{"DisableProfile", [](Adapter& a, const In& in, Out&) { a.DisableProfile(in.Text(0)); }},
-{"SetPower", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetPower(in.Int(0))); }},
-{"GetPowerStatus", [](Adapter& a, const In&, Out& out) { out.Int(a.GetPowerStatus()); }},
-{"SetCapability", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetCapability(in.As<MWPBtType::Capability>(0), in.Int(1))); }},
-{"SetAttribute", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetAttribute(in.As<MWPBtType::Attribute>(0), in.Text(1))); }},
-{"GetAttribute", [](Adapter& a, const In& in, Out& out) { std::string value = "before"; const int result = a.GetAttribute(in.As<MWPBtType::Attribute>(0), value); out.Text(value).Int(result); }},
-{"GetRemotePairDeviceName", [](Adapter& a, const In& in, Out& out) { out.Text(a.GetRemotePairDeviceName(in.Text(0))); }},
-{"SetDeviceOOBLinkKey", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetDeviceOOBLinkKey(in.Text(0), in.Bytes(1))); }},
-{"Pair", [](Adapter& a, const In& in, Out& out) { out.Int(a.Pair(in.Text(0), in.Text(1))); }},
-{"AnswerPair", [](Adapter& a, const In& in, Out& out) { out.Int(a.AnswerPair(in.Text(0), in.Text(1), in.As<MWPBtType::PairRequestState>(2))); }},
-{"RejectPair", [](Adapter& a, const In& in, Out& out) { out.Int(a.RejectPair(in.Text(0), in.As<MWPBtType::PairRequestState>(1))); }},
-{"SetScanAction", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetScanAction(in.Int(0))); }},
-{"Connect", [](Adapter& a, const In& in, Out& out) { out.Int(a.Connect(in.Text(0), in.As<MWPBtType::ProfileId>(1), in.Int(2))); }},
-{"DisConnect", [](Adapter& a, const In& in, Out& out) { out.Int(a.DisConnect(in.Text(0), in.As<MWPBtType::ProfileId>(1))); }},
-{"ReConnect", [](Adapter& a, const In& in, Out& out) { out.Int(a.ReConnect(in.Text(0), in.As<MWPBtType::ProfileId>(1))); }},
-{"SetAutoConnect", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetAutoConnect(in.Int(0))); }},
-{"ClearScanedDeviceList", [](Adapter& a, const In&, Out&) { a.ClearScanedDeviceList(); }},
-{"GetCurConnectDevInfo", [](Adapter& a, const In& in, Out& out) { std::string value = "before"; const int result = a.GetCurConnectDevInfo(in.As<MWPBtType::ProfileId>(0), value); out.Text(value).Int(result); }},
-{"DeletePairDeviceList", [](Adapter& a, const In&, Out& out) { out.Int(a.DeletePairDeviceList()); }},
-{"DeletePairDevice", [](Adapter& a, const In& in, Out& out) { out.Int(a.DeletePairDevice(in.Text(0), in.Int(1))); }},
-{"RemoveDevice", [](Adapter& a, const In& in, Out&) { a.RemoveDevice(in.Text(0)); }},
-{"MovePairDevicePosion", [](Adapter& a, const In& in, Out& out) { out.Int(a.MovePairDevicePosion(in.Text(0), in.Int(1))); }},
-{"EnterTestMode", [](Adapter& a, const In&, Out& out) { out.Int(a.EnterTestMode()); }},
-{"GetPairListIndexByAddress", [](Adapter& a, const In& in, Out& out) { out.Int(a.GetPairListIndexByAddress(in.Text(0))); }},
-{"GetPairDeviceInfoByAddress", [](Adapter& a, const In& in, Out& out) { const MWPTypeDevice d = a.GetPairDeviceInfoByAddress(in.Text(0)); EXPECT_TRUE(d.vecExtraInfo.empty()); out.Text(d.strName).Text(d.strAddr).Int(d.eProfileId).Int(d.eEnableProfileId).Int(d.eConnectStatus).Int(d.eSupportType); }},
-{"SetAndroidAutoStatus", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetAndroidAutoStatus(in.Int(0))); }},
-{"RequestAndroidAutoPairing", [](Adapter& a, const In& in, Out& out) { out.Int(a.RequestAndroidAutoPairing(in.Text(0), in.Int(1))); }},
-{"SetWirelessEnable", [](Adapter& a, const In& in, Out&) { a.SetWirelessEnable(in.Text(0), in.Int(1)); }},
-{"EnableAudioDevice", [](Adapter& a, const In& in, Out& out) { out.Int(a.EnableAudioDevice(in.Int(0))); }},
-{"PlayRingtone", [](Adapter& a, const In&, Out& out) { out.Int(a.PlayRingtone()); }},
-{"StopRingtone", [](Adapter& a, const In&, Out& out) { out.Int(a.StopRingtone()); }},
-{"PlayPreviewRingtone", [](Adapter& a, const In& in, Out& out) { out.Int(a.PlayPreviewRingtone(in.Text(0))); }},
-{"StopPreviewRingtone", [](Adapter& a, const In&, Out& out) { out.Int(a.StopPreviewRingtone()); }},
-{"GetMediaConnectionState", [](Adapter& a, const In&, Out& out) { const MWPTypeConnectionState s = a.GetMediaConnectionState(); out.Int(s.status).Text(s.address); }},
-{"PlayMusic", [](Adapter& a, const In& in, Out& out) { out.Int(a.PlayMusic(in.Int(0))); }},
-{"StopMusic", [](Adapter& a, const In& in, Out& out) { out.Int(a.StopMusic(in.Int(0))); }},
-{"PreviousMusic", [](Adapter& a, const In&, Out& out) { out.Int(a.PreviousMusic()); }},
-{"NextMusic", [](Adapter& a, const In&, Out& out) { out.Int(a.NextMusic()); }},
-{"StartFastForward", [](Adapter& a, const In&, Out& out) { out.Int(a.StartFastForward()); }},
-{"StopFastForward", [](Adapter& a, const In&, Out& out) { out.Int(a.StopFastForward()); }},
-{"StartFastReverse", [](Adapter& a, const In&, Out& out) { out.Int(a.StartFastReverse()); }},
-{"StopFastReverse", [](Adapter& a, const In&, Out& out) { out.Int(a.StopFastReverse()); }},
-{"GetMusicPlayStatus", [](Adapter& a, const In&, Out& out) { out.Int(a.GetMusicPlayStatus()); }},
-{"RegGetPlayStatus", [](Adapter& a, const In& in, Out& out) { out.Int(a.RegGetPlayStatus(in.Int(0), in.Int(1))); }},
-{"GetCurPlayPosition", [](Adapter& a, const In&, Out& out) { int position = 5; int length = 6; const int result = a.GetCurPlayPosition(position, length); out.Int(position).Int(length).Int(result); }},
-{"RegGetMediaInfo", [](Adapter& a, const In& in, Out& out) { out.Int(a.RegGetMediaInfo(in.Int(0), in.Int(1))); }},
-{"GetMediaInfo", [](Adapter& a, const In&, Out& out) { MWPTypeMediaInfo i; const int result = a.GetMediaInfo(i); out.Text(i.title).Text(i.artist).Text(i.album).Text(i.track).Text(i.numOfTracks).Text(i.genre).Text(i.duration).Int(result); }},
-{"GetCurPlayMode", [](Adapter& a, const In&, Out& out) { std::vector<MWPTypePlayMode> m; const int result = a.GetCurPlayMode(m); out.PlayModes(m).Int(result); }},
-{"SetCurPlayMode", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetCurPlayMode(in.PlayMode(0))); }},
-{"GetSupportPlayMode", [](Adapter& a, const In&, Out& out) { std::vector<MWPTypePlayMode> m; const int result = a.GetSupportPlayMode(m); out.PlayModes(m).Int(result); }},
-{"GetCurMediaItemList", [](Adapter& a, const In& in, Out& out) { std::list<MWPTypeMediaItem> items; out.Int(a.GetCurMediaItemList(items, in.As<MWPBtType::BrowserScopeType>(0))); EXPECT_TRUE(items.empty()); }},
-{"IsSupportAvrcpNotify", [](Adapter& a, const In& in, Out& out) { out.Int(a.IsSupportAvrcpNotify(in.As<MWPBtType::SupportAvrcpEvent>(0))); }},
-{"IsSupportBrowserInfo", [](Adapter& a, const In&, Out& out) { out.Int(a.IsSupportBrowserInfo()); }},
-{"RootDirectory", [](Adapter& a, const In& in, Out& out) { out.Int(a.RootDirectory(in.Int(0), in.Int(1))); }},
-{"IsRootDirectory", [](Adapter& a, const In&, Out& out) { out.Int(a.IsRootDirectory()); }},
-{"FolderUp", [](Adapter& a, const In& in, Out& out) { out.Int(a.FolderUp(in.Int(0), in.Int(1))); }},
-{"FolderDown", [](Adapter& a, const In& in, Out& out) { out.Int(a.FolderDown(in.Text(0), in.Int(1), in.Int(2))); }},
-{"BrowsingSearch", [](Adapter& a, const In& in, Out& out) { out.Int(a.BrowsingSearch(in.Text(0), in.Text(1), in.Int(2), in.Int(3))); }},
-{"BrowsingNowPlayingList", [](Adapter& a, const In& in, Out& out) { out.Int(a.BrowsingNowPlayingList(in.Int(0), in.Int(1))); }},
-{"PlayItem", [](Adapter& a, const In& in, Out& out) { out.Int(a.PlayItem(in.Text(0), in.As<MWPBtType::BrowserScopeType>(1))); }},
-{"AddMediaItemToNowPlaying", [](Adapter& a, const In& in, Out& out) { out.Int(a.AddMediaItemToNowPlaying(in.Text(0), in.As<MWPBtType::BrowserScopeType>(1))); }},
-{"GetBrowsingFolderItemTotal", [](Adapter& a, const In& in, Out& out) { out.Int(a.GetBrowsingFolderItemTotal(in.Text(0))); }},
-{"GetPhoneConnectionState", [](Adapter& a, const In&, Out& out) { const MWPTypeConnectionState s = a.GetPhoneConnectionState(); out.Int(s.status).Text(s.address); }},
-{"AcceptCall", [](Adapter& a, const In&, Out& out) { out.Int(a.AcceptCall()); }},
-{"RejectCall", [](Adapter& a, const In&, Out& out) { out.Int(a.RejectCall()); }},
-{"TerminateCall", [](Adapter& a, const In&, Out& out) { out.Int(a.TerminateCall()); }},
-{"DialCall", [](Adapter& a, const In& in, Out& out) { out.Int(a.DialCall(in.Text(0))); }},
-{"RedialCall", [](Adapter& a, const In&, Out& out) { out.Int(a.RedialCall()); }},
-{"MultipleWayCall", [](Adapter& a, const In& in, Out& out) { out.Int(a.MultipleWayCall(in.As<MWPBtType::CallAction>(0), in.Int(1))); }},
-{"GetCurCallStatus", [](Adapter& a, const In& in, Out& out) { out.Int(a.GetCurCallStatus(in.Int(0))); }},
-{"GetCurCallCount", [](Adapter& a, const In&, Out& out) { out.Int(a.GetCurCallCount()); }},
-{"SendDTMF", [](Adapter& a, const In& in, Out& out) { out.Int(a.SendDTMF(static_cast<char>(in.Int(0)))); }},
-{"SetAudioPrivacy", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetAudioPrivacy(in.Int(0))); }},
-{"GetAudioIsPrivacy", [](Adapter& a, const In&, Out& out) { out.Int(a.GetAudioIsPrivacy()); }},
-{"StartVoiceRecognition", [](Adapter& a, const In&, Out&) { a.StartVoiceRecognition(); }},
-{"StopVoiceRecognition", [](Adapter& a, const In&, Out&) { a.StopVoiceRecognition(); }},
-{"GetCurrentMobilePhoneNumber", [](Adapter& a, const In&, Out& out) { std::string value = "before"; const int result = a.GetCurrentMobilePhoneNumber(value); out.Text(value).Int(result); }},
-{"StartPhoneBookDownload", [](Adapter& a, const In& in, Out& out) { out.Int(a.StartPhoneBookDownload(in.As<MWPBtType::PbapType>(0))); }},
-{"StopPhoneBookDownload", [](Adapter& a, const In&, Out& out) { out.Int(a.StopPhoneBookDownload()); }},
-{"GetContactList", [](Adapter& a, const In&, Out& out) { std::list<MWPTypeContact> list; out.Int(a.GetContactList(list)); }},
-{"GetFavContactList", [](Adapter& a, const In&, Out& out) { std::list<MWPTypeContact> list; out.Int(a.GetFavContactList(list)); }},
-{"DeleteContactById", [](Adapter& a, const In& in, Out& out) { out.Int(a.DeleteContactById(in.Int(0))); }},
-{"GetContactCount", [](Adapter& a, const In&, Out& out) { out.Int(a.GetContactCount()); }},
-{"ClearContact", [](Adapter& a, const In&, Out& out) { out.Int(a.ClearContact()); }},
-{"GetCallLogList", [](Adapter& a, const In& in, Out& out) { std::list<MWPTypeCallLog> list; out.Int(a.GetCallLogList(in.As<CallLogType>(0), list)); }},
-{"DeleteCallLogById", [](Adapter& a, const In& in, Out& out) { out.Int(a.DeleteCallLogById(in.Int(0))); }},
-{"GetCallLogCount", [](Adapter& a, const In& in, Out& out) { out.Int(a.GetCallLogCount(in.As<CallLogType>(0))); }},
-{"ClearCallLog", [](Adapter& a, const In& in, Out& out) { out.Int(a.ClearCallLog(in.As<CallLogType>(0))); }},
-{"SetContactFavorite", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetContactFavorite(in.Int(0), in.Int(1))); }},
-{"SetRfCommUuid", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetRfCommUuid(in.Text(0))); }},
-{"SppSendText", [](Adapter& a, const In& in, Out& out) { out.Int(a.SppSendText(in.Text(0), in.Text(1))); }},
-{"SppSendBuffer", [](Adapter& a, const In& in, Out& out) { std::vector<unsigned char> b = in.Bytes(1); out.Int(a.SppSendBuffer(in.Text(0), reinterpret_cast<char*>(b.data()), static_cast<int>(b.size()))); }},
-{"SetHIDCalibration", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetHIDCalibration(in.Text(0), in.As<MWPBtType::HIDTYPE>(1))); }},
-{"SetHIDSendXY", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetHIDSendXY(in.Text(0), in.As<MWPBtType::HIDTYPE>(1), in.Int(2), in.Int(3), static_cast<unsigned char>(in.Int(4)))); }},
-{"SetHIDSendKey", [](Adapter& a, const In& in, Out& out) { out.Int(a.SetHIDSendKey(in.Text(0), in.Int(1))); }},
+  // A method of the interface that the adapter does not have stops the compiler here.
+#define BT_METHOD(Method) {#Method, CallOf(&BtClientIpcAdapter::Method)},
+  static const std::map<std::string, AdapterCall> calls{
+#include "derived/methods.inc"
   };
+#undef BT_METHOD
   return calls;
 }
 

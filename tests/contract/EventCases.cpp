@@ -1,130 +1,100 @@
 #include "contract/EventCases.h"
 
+#include <limits>
+#include <tuple>
 #include <type_traits>
+
+#include <bluetooth/IMWPBtBleListener.h>
+#include <bluetooth/IMWPBtComListener.h>
+#include <bluetooth/IMWPBtMediaListener.h>
+#include <bluetooth/IMWPBtMessageListener.h>
+#include <bluetooth/IMWPBtPbapListener.h>
+#include <bluetooth/IMWPBtPhoneListener.h>
+#include <bluetooth/IMWPBtSppListener.h>
 
 #include "contract/ValueText.h"
 
 namespace bttest {
 namespace {
 
-using C = MWPBtClient;
 using Bytes = std::vector<unsigned char>;
 
-/// A case whose listeners note the values that the client is called with. Enumerations are given as numbers,
-/// some of which they do not have.
-template <typename... Params, typename... Values>
-EventCase Case(MWPBtListenerType kind, const char* name, void (C::*event)(Params...), Values... values) {
-  return {name,
-          kind,
-          [=](C& client) { (client.*event)(static_cast<std::decay_t<Params>>(values)...); },
-          {ValueText::Of(values)...}};
-}
+/// The values of one event, one parameter after the other, and what a listener notes of them.
+class EventValues {
+ public:
+  /// Bytes, as a pointer or a vector, are followed by their number. Enumerations get values that they do not
+  /// have.
+  template <typename Param>
+  std::decay_t<Param> Next() {
+    using Value = std::decay_t<Param>;
+    ++m_place;
+    if constexpr (std::is_same_v<Value, std::string>) {
+      return Noted(std::string("M\u00fcller ") + static_cast<char>('0' + m_place));
+    } else if constexpr (std::is_same_v<Value, char*> || std::is_same_v<Value, Bytes>) {
+      m_lengthIsNext = true;
+      m_texts.push_back(ValueText::Of(std::string(m_buffer.begin(), m_buffer.end())));
+      if constexpr (std::is_same_v<Value, char*>) {
+        return reinterpret_cast<char*>(m_buffer.data());
+      } else {
+        return m_buffer;
+      }
+    } else if constexpr (std::is_enum_v<Value>) {
+      return Noted(static_cast<Value>(200 + m_place));
+    } else {
+      if (m_lengthIsNext) {
+        m_lengthIsNext = false;
+        return static_cast<Value>(m_buffer.size());
+      }
+      using Limits = std::numeric_limits<Value>;
+      return Noted(static_cast<Value>(m_place % 2 == 0 ? Limits::min() + m_place : Limits::max() - m_place));
+    }
+  }
 
-/// For the two events that take a vector, which listeners note as the text of its bytes.
-template <typename Number, typename Length>
-EventCase BytesCase(const char* name, void (C::*event)(Number, Bytes, Length), Number number,
-                    const Bytes& bytes) {
-  return {name,
-          BLE_LISTENER,
-          [=](C& client) { (client.*event)(number, bytes, static_cast<Length>(bytes.size())); },
-          {ValueText::Of(number), ValueText::Of(std::string(bytes.begin(), bytes.end()))}};
-}
+  const std::vector<std::string>& Texts() const { return m_texts; }
 
-EventCase SppBufferCase() {
-  const std::string address = "00:1A:7D:DA:71:13";
-  const std::string bytes("a\0b", 3);
-  return {"OnSppReceiveBufferChanged",
-          SPP_LISTENER,
-          [=](C& client) {
-            std::string buffer = bytes;
-            client.OnSppReceiveBufferChanged(address, buffer.data(), static_cast<int>(buffer.size()));
-          },
-          {ValueText::Of(address), ValueText::Of(bytes)}};
-}
+ private:
+  template <typename Value>
+  Value Noted(Value value) {
+    m_texts.push_back(ValueText::Of(value));
+    return value;
+  }
 
-std::vector<EventCase> MakeCases() {
-  const std::string a = "00:1A:7D:DA:71:13";
-  const std::string b = "M\u00fcller";
-  const int low = -2147483647 - 1;
-  const int high = 2147483647;
-  return {
-      Case(COM_LISTENER, "OnOpenBtStatusChanged", &C::OnOpenBtStatusChanged, 3),
-      Case(COM_LISTENER, "OnBtProfileEnableStatusChanged", &C::OnBtProfileEnableStatusChanged, 1),
-      Case(COM_LISTENER, "OnPairStatusChanged", &C::OnPairStatusChanged, 255, 7, a),
-      Case(COM_LISTENER, "OnAnswerPairRequest", &C::OnAnswerPairRequest, a, b, 1, 4),
-      Case(COM_LISTENER, "OnBtCapabilityChanged", &C::OnBtCapabilityChanged, 11, 200),
-      Case(COM_LISTENER, "OnBtAttributeChanged", &C::OnBtAttributeChanged, 5, b),
-      Case(COM_LISTENER, "OnScanStatusChanged", &C::OnScanStatusChanged, 1),
-      Case(COM_LISTENER, "OnDeletePairStatusChanged", &C::OnDeletePairStatusChanged, 255),
-      Case(COM_LISTENER, "OnOperatorNameChanged", &C::OnOperatorNameChanged, b),
-      Case(COM_LISTENER, "OnConnectStatusChanged", &C::OnConnectStatusChanged, a, 10, 6),
-      Case(COM_LISTENER, "OnSupportProfileChanged", &C::OnSupportProfileChanged, a, 9),
-      Case(COM_LISTENER, "OnWirelessEnableRequest", &C::OnWirelessEnableRequest, a, b, 2),
-      Case(COM_LISTENER, "OnAndroidAutoPairingResponse", &C::OnAndroidAutoPairingResponse, 3),
-      Case(COM_LISTENER, "OnSetDeviceOOBLinkKeyChanged", &C::OnSetDeviceOOBLinkKeyChanged, a, 1),
+  Bytes m_buffer{'a', 0, 255};
+  std::vector<std::string> m_texts;
+  int m_place = 0;
+  bool m_lengthIsNext = false;
+};
 
-      Case(HFP_LISTENER, "OnMobileService", &C::OnMobileService, 1),
-      Case(HFP_LISTENER, "OnRoamingStatusChanged", &C::OnRoamingStatusChanged, 1),
-      Case(HFP_LISTENER, "OnBtSignalChanged", &C::OnBtSignalChanged, 255),
-      Case(HFP_LISTENER, "OnBtBatteryChanged", &C::OnBtBatteryChanged, 128),
-      Case(HFP_LISTENER, "OnCurrentCallInfoChanged", &C::OnCurrentCallInfoChanged, high),
-      Case(HFP_LISTENER, "OnCallingTimeChanged", &C::OnCallingTimeChanged, low, 2, 1),
-      Case(HFP_LISTENER, "OnCallStatusChanged", &C::OnCallStatusChanged, 1, 7, high),
-      Case(HFP_LISTENER, "OnConferenceChanged", &C::OnConferenceChanged, 4, 1),
-      Case(HFP_LISTENER, "OnHangupCallChanged", &C::OnHangupCallChanged),
-      Case(HFP_LISTENER, "OnAudioStatusChanged", &C::OnAudioStatusChanged, 2),
-      Case(HFP_LISTENER, "OnVoiceStatusChanged", &C::OnVoiceStatusChanged, 255),
-      Case(HFP_LISTENER, "OnCodecModeChanged", &C::OnCodecModeChanged, 3),
-
-      Case(MEDIA_LISTENER, "OnMediaAudioStateChanged", &C::OnMediaAudioStateChanged, a, 1),
-      Case(MEDIA_LISTENER, "OnBtMusicPlayChanged", &C::OnBtMusicPlayChanged, 255),
-      Case(MEDIA_LISTENER, "OnAudioTrackChanged", &C::OnAudioTrackChanged),
-      Case(MEDIA_LISTENER, "OnPlayModeChanged", &C::OnPlayModeChanged),
-      Case(MEDIA_LISTENER, "OnSupportPlayModeChanged", &C::OnSupportPlayModeChanged),
-      Case(MEDIA_LISTENER, "OnMediaInfoChanged", &C::OnMediaInfoChanged),
-      Case(MEDIA_LISTENER, "OnCoverImageDownloadCompleted", &C::OnCoverImageDownloadCompleted),
-      Case(MEDIA_LISTENER, "OnCurPositionChanged", &C::OnCurPositionChanged, low, high),
-      Case(MEDIA_LISTENER, "OnSupportAvrcpNotify", &C::OnSupportAvrcpNotify, 13, 1),
-      Case(MEDIA_LISTENER, "OnFastForwardChanged", &C::OnFastForwardChanged, 1),
-      Case(MEDIA_LISTENER, "OnFastRewindChanged", &C::OnFastRewindChanged, 1),
-      Case(MEDIA_LISTENER, "OnSupportBrowserStatusChanged", &C::OnSupportBrowserStatusChanged, 1),
-      Case(MEDIA_LISTENER, "OnPlayerInfoChanged", &C::OnPlayerInfoChanged),
-      Case(MEDIA_LISTENER, "OnBrowserMediaInfoChanged", &C::OnBrowserMediaInfoChanged),
-      Case(MEDIA_LISTENER, "OnCurBrowserPathChanged", &C::OnCurBrowserPathChanged, 1),
-      Case(MEDIA_LISTENER, "OnBrowserFolderItemTotalChanged", &C::OnBrowserFolderItemTotalChanged, high),
-      Case(MEDIA_LISTENER, "OnMediaItemToNowPlayingStatus", &C::OnMediaItemToNowPlayingStatus, 1),
-      Case(MEDIA_LISTENER, "OnSendPlayItemStatus", &C::OnSendPlayItemStatus, 1),
-
-      Case(PBAP_LISTENER, "OnPBDownloadStatus", &C::OnPBDownloadStatus, 6, 5),
-      Case(PBAP_LISTENER, "OnPbDownloadCountChanged", &C::OnPbDownloadCountChanged, low, high),
-      Case(PBAP_LISTENER, "OnBtCallLogListChanged", &C::OnBtCallLogListChanged),
-      Case(PBAP_LISTENER, "OnDeletePhoneBookChanged", &C::OnDeletePhoneBookChanged, 1),
-      Case(PBAP_LISTENER, "OnContactFavoriteChanged", &C::OnContactFavoriteChanged, high, 1),
-
-      Case(MAP_LISTENER, "OnMessageDownloadStatus", &C::OnMessageDownloadStatus, 8),
-      Case(MAP_LISTENER, "OnMessageDownloadCountChanged", &C::OnMessageDownloadCountChanged, 1, high),
-      Case(MAP_LISTENER, "OnMessageStatusNotify", &C::OnMessageStatusNotify, 8, b),
-      Case(MAP_LISTENER, "OnMessageSetPropertyStatus", &C::OnMessageSetPropertyStatus, 1),
-
-      Case(SPP_LISTENER, "OnSppConnectStatus", &C::OnSppConnectStatus, a, 2, 1),
-      SppBufferCase(),
-      Case(SPP_LISTENER, "OnHIDCalibration", &C::OnHIDCalibration, 1),
-      Case(SPP_LISTENER, "OnHIDConnection", &C::OnHIDConnection, a, low),
-
-      Case(BLE_LISTENER, "OnBleDiscoveryResponse", &C::OnBleDiscoveryResponse, low, high),
-      Case(BLE_LISTENER, "OnBleConnectStatusChanged", &C::OnBleConnectStatusChanged, a, 2),
-      Case(BLE_LISTENER, "OnBleAllService", &C::OnBleAllService, high),
-      Case(BLE_LISTENER, "OnBleSmpNotify", &C::OnBleSmpNotify, 5, a, 255, 4294967295u),
-      BytesCase<unsigned short, unsigned int>("OnBleCharNotify", &C::OnBleCharNotify, 65535, {0, 1, 255}),
-      BytesCase<unsigned char, unsigned short>("OnBleGAttribResultNotify", &C::OnBleGAttribResultNotify, 255,
-                                               {9, 0}),
+template <typename... Params>
+EventCase Case(MWPBtListenerType kind, const char* name, void (MWPBtClient::*event)(Params...)) {
+  EventValues values;
+  (static_cast<void>(values.Next<Params>()), ...);
+  const auto call = [event](MWPBtClient& client) {
+    EventValues source;
+    std::tuple<std::decay_t<Params>...> arguments{source.Next<Params>()...};
+    std::apply([&](auto&... argument) { (client.*event)(argument...); }, arguments);
   };
+  return {name, kind, call, values.Texts()};
 }
+
+// The kinds by the names that the listener interfaces have for them.
+constexpr MWPBtListenerType kCom = COM_LISTENER;
+constexpr MWPBtListenerType kPhone = HFP_LISTENER;
+constexpr MWPBtListenerType kMedia = MEDIA_LISTENER;
+constexpr MWPBtListenerType kPbap = PBAP_LISTENER;
+constexpr MWPBtListenerType kMessage = MAP_LISTENER;
+constexpr MWPBtListenerType kSpp = SPP_LISTENER;
+constexpr MWPBtListenerType kBle = BLE_LISTENER;
 
 }  // namespace
 
 const std::vector<EventCase>& EventCases() {
-  static const std::vector<EventCase> cases = MakeCases();
+  // An event that the client does not hand to its listeners stops the compiler here.
+#define BT_EVENT(Kind, Event) Case(k##Kind, #Event, &MWPBtClient::Event),
+  static const std::vector<EventCase> cases{
+#include "derived/events.inc"
+  };
+#undef BT_EVENT
   return cases;
 }
 

@@ -50,8 +50,9 @@ std::vector<RequestCase> PbapRequests();
 std::vector<RequestCase> MessageRequests();
 std::vector<RequestCase> SppRequests();
 std::vector<RequestCase> BleRequests();
-/// All of the above: every method of the client, and every method of the facades but MWPBtCom's SetPower and
-/// GetCapability, which differ in more than a line says.
+/// All of the above, and derived ones for the requests that are not among them (DerivedRequests.h): every
+/// method of the client, and every method of the facades but MWPBtCom's SetPower and GetCapability, which
+/// differ in more than a line says.
 std::vector<RequestCase> AllRequests();
 
 /// What a method with this result answers while nobody can be asked.

@@ -3,6 +3,8 @@
 #include <limits>
 #include <stdexcept>
 
+#include "contract/ValueText.h"
+
 namespace bttest {
 namespace {
 
@@ -111,6 +113,8 @@ int In::Int(std::size_t i) const {
       return g_variant_get_boolean(child.get());
     case G_VARIANT_CLASS_INT32:
       return g_variant_get_int32(child.get());
+    case G_VARIANT_CLASS_UINT32:
+      return static_cast<int>(g_variant_get_uint32(child.get()));
     default:
       throw std::logic_error("not a number");
   }
@@ -137,6 +141,23 @@ MWPTypePlayMode In::PlayMode(std::size_t i) const {
   mode.nType = type;
   mode.nValue = value;
   return mode;
+}
+
+std::vector<std::string> TextsOf(GVariant* arguments) {
+  const In in(arguments);
+  std::vector<std::string> texts;
+  for (std::size_t i = 0; i < g_variant_n_children(arguments); ++i) {
+    const VariantPtr value(g_variant_get_child_value(arguments, i));
+    if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_STRING)) {
+      texts.push_back(ValueText::Of(in.Text(i)));
+    } else if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_VARIANT)) {
+      const std::vector<unsigned char> bytes = in.Bytes(i);
+      texts.push_back(ValueText::Of(std::string(bytes.begin(), bytes.end())));
+    } else {
+      texts.push_back(ValueText::Of(in.Int(i)));
+    }
+  }
+  return texts;
 }
 
 Out& Out::Add(GVariant* value) {

@@ -46,6 +46,9 @@ class In {
   std::optional<std::size_t> m_invalidText;
 };
 
+/// The values of a tuple as ValueText; bytes count as a text.
+std::vector<std::string> TextsOf(GVariant* arguments);
+
 /// Collects what a request answers, as a tuple of the types that the method's description gives its values.
 class Out {
  public:

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "contract/AskedLibrary.h"
+#include "contract/Witness.h"
 #include "support/InterfaceDescription.h"
 
 namespace bttest {
@@ -70,10 +71,12 @@ TEST(ClientRequestCases, ReachEveryMethodThatTheClientCalls) {
   for (const MethodDescription& method : BluetoothInterface().methods) {
     expected.insert(method.name);
   }
-  for (const char* const notCalled :
-       {"GetCapability", "GetContactByIndex", "GetCallLogById", "PlayRingtone", "StopRingtone"}) {
+  for (const std::string& notCalled : TheWitness().uncalled) {
     expected.erase(notCalled);
   }
+  // The client has the previews instead, under these names.
+  expected.erase("PlayRingtone");
+  expected.erase("StopRingtone");
   std::set<std::string> reached;
   for (const RequestCase& request : ClientRequests()) {
     reached.insert(request.wire.substr(0, request.wire.find('(')));

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 #include <fstream>
-#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -35,14 +35,15 @@ std::vector<std::string> MethodsOfLines(const std::filesystem::path& source) {
 }
 
 TEST(ErrorLine, OfEachFailedRequestIsALineOfItsOwnMethod) {
+  const std::set<std::string> silent{"GetPhoneConnectionState", "GetMediaConnectionState", "StopMusic"};
   std::vector<std::vector<std::string>> sources;
-  for (const char* const name : {"BtClientIpcAdapterRequests.cpp", "BtClientIpcAdapterLists.cpp"}) {
-    sources.push_back(MethodsOfLines(std::filesystem::path(BTTEST_IPC_SOURCES) / name));
-    ASSERT_GT(sources.back().size(), 100u) << name;
+  for (const auto& file : std::filesystem::directory_iterator(BTTEST_IPC_SOURCES)) {
+    if (file.path().filename().string().rfind("BtClientIpcAdapter", 0) == 0) {
+      sources.push_back(MethodsOfLines(file.path()));
+    }
   }
   g_BtProxy = nullptr;
   BtClientIpcAdapter adapter;
-  int lines = 0;
   for (const MethodDescription& method : BluetoothInterface().methods) {
     const auto call = AdapterCalls().find(method.name);
     if (call == AdapterCalls().end()) {
@@ -52,6 +53,7 @@ TEST(ErrorLine, OfEachFailedRequestIsALineOfItsOwnMethod) {
     Out out(method.out);
     LogCapture log;
     call->second(adapter, In(arguments.get()), out);
+    EXPECT_EQ(log.OfLevel(100).size(), silent.count(method.name) != 0 ? 0u : 1u) << method.name;
     for (const LogRecord& error : log.OfLevel(100)) {
       bool isItsOwn = false;
       for (const std::vector<std::string>& source : sources) {
@@ -59,10 +61,8 @@ TEST(ErrorLine, OfEachFailedRequestIsALineOfItsOwnMethod) {
         isItsOwn = isItsOwn || (line < source.size() && source[line] == method.name);
       }
       EXPECT_TRUE(isItsOwn) << error;
-      ++lines;
     }
   }
-  EXPECT_EQ(lines, 94) << "97 requests, of which three log nothing";
 }
 
 }  // namespace

@@ -12,14 +12,16 @@ bt_add_test(NAME contract_events_memory
   LIBS bt_test_contract)
 bt_add_test(NAME contract_fanout
   SOURCES EventCases.cpp fanout_changes_test.cpp fanout_kinds_test.cpp fanout_lock_test.cpp
-          fanout_walks_test.cpp)
+          fanout_walks_test.cpp
+  LIBS bt_test_contract)
 
 # The client's and the facades' tests share one table of all requests.
 add_library(bt_test_requests STATIC
-  contract/AskedLibrary.cpp contract/RequestCases.cpp contract/RequestCasesBle.cpp
+  contract/AskedLibrary.cpp contract/DerivedRequests.cpp contract/RequestCases.cpp contract/RequestCasesBle.cpp
   contract/RequestCasesCom.cpp contract/RequestCasesMedia.cpp contract/RequestCasesMessage.cpp
   contract/RequestCasesPbap.cpp contract/RequestCasesPhone.cpp contract/RequestCasesSpp.cpp)
-target_link_libraries(bt_test_requests PUBLIC bt_test_support bt_internal PRIVATE bt_warnings GTest::gtest)
+target_link_libraries(bt_test_requests PUBLIC bt_test_contract PRIVATE bt_warnings GTest::gtest)
+add_dependencies(bt_test_requests bt_test_derived)
 bt_add_test(NAME contract_client
   SOURCES client_music_test.cpp client_requests_test.cpp
   LIBS bt_test_requests)

@@ -8,7 +8,6 @@ namespace bttest {
 namespace {
 
 TEST_F(Events, EverySignalReachesTheListenersOfItsKindInAscendingOrderWithEachValue) {
-  ASSERT_EQ(BluetoothInterface().signals.size(), 58u);
   for (const SignalDescription& signal : BluetoothInterface().signals) {
     if (signal.name == kHeardByNobody) {
       continue;

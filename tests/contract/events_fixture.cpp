@@ -3,6 +3,8 @@
 #include <functional>
 #include <stdexcept>
 
+#include "contract/Witness.h"
+
 namespace bttest {
 namespace {
 
@@ -52,67 +54,7 @@ class Emission {
 
 }  // namespace
 
-const std::vector<std::string>& SubscribedSignals() {
-  static const std::vector<std::string> signals{"OnOpenBtStatusChanged",
-                                                "OnBtProfileEnableStatusChanged",
-                                                "OnPairStatusChanged",
-                                                "OnAnswerPairRequest",
-                                                "OnDeletePairStatusChanged",
-                                                "OnScanStatusChanged",
-                                                "OnScanedDeviceChanged",
-                                                "OnOperatorNameChanged",
-                                                "OnConnectStatusChanged",
-                                                "OnSupportProfileChanged",
-                                                "OnBtCapabilityChanged",
-                                                "OnBtAttributeChanged",
-                                                "OnAndroidAutoPairingResponse",
-                                                "OnWirelessEnableRequest",
-                                                "OnSetDeviceOOBLinkKeyChanged",
-                                                "OnMobileService",
-                                                "OnRoamingStatusChanged",
-                                                "OnBtSignalChanged",
-                                                "OnBtBatteryChanged",
-                                                "OnCurrentCallInfoChanged",
-                                                "OnCallingTimeChanged",
-                                                "OnCallStatusChanged",
-                                                "OnConferenceChanged",
-                                                "OnHangupCallChanged",
-                                                "OnAudioStatusChanged",
-                                                "OnVoiceStatusChanged",
-                                                "OnCodecModeChanged",
-                                                "OnBrowserFolderItemTotalChanged",
-                                                "OnBrowserMediaInfoChanged",
-                                                "OnMediaAudioStateChanged",
-                                                "OnBtMusicPlayChanged",
-                                                "OnAudioTrackChanged",
-                                                "OnCurBrowserPathChanged",
-                                                "OnCurPositionChanged",
-                                                "OnFastForwardChanged",
-                                                "OnFastRewindChanged",
-                                                "OnMediaInfoChanged",
-                                                "OnCoverImageDownloadCompleted",
-                                                "OnMediaItemToNowPlayingStatus",
-                                                "OnPlayModeChanged",
-                                                "OnPlayerInfoChanged",
-                                                "OnSendPlayItemStatus",
-                                                "OnSupportAvrcpNotify",
-                                                "OnSupportBrowserStatusChanged",
-                                                "OnSupportPlayModeChanged",
-                                                "OnPBDownloadStatus",
-                                                "OnPbDownloadCountChanged",
-                                                "OnBtCallLogListChanged",
-                                                "OnDeletePhoneBookChanged",
-                                                "OnContactFavoriteChanged",
-                                                "OnSppConnectStatus",
-                                                "OnSppReceiveBufferChanged",
-                                                "OnHIDCalibration",
-                                                "OnHIDConnection",
-                                                "OnMessageDownloadStatus",
-                                                "OnMessageDownloadCountChanged",
-                                                "OnMessageStatusNotify",
-                                                "OnMessageSetPropertyStatus"};
-  return signals;
-}
+const std::vector<std::string>& SubscribedSignals() { return TheWitness().subscribed; }
 
 std::string GObjectName(const std::string& signal) {
   std::string name;
@@ -123,23 +65,6 @@ std::string GObjectName(const std::string& signal) {
     name += g_ascii_tolower(signal[i]);
   }
   return name;
-}
-
-std::vector<std::string> TextsOf(GVariant* arguments) {
-  const In in(arguments);
-  std::vector<std::string> texts;
-  for (std::size_t i = 0; i < g_variant_n_children(arguments); ++i) {
-    const VariantPtr value(g_variant_get_child_value(arguments, i));
-    if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_STRING)) {
-      texts.push_back(ValueText::Of(in.Text(i)));
-    } else if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_VARIANT)) {
-      const std::vector<unsigned char> bytes = in.Bytes(i);
-      texts.push_back(ValueText::Of(std::string(bytes.begin(), bytes.end())));
-    } else {
-      texts.push_back(ValueText::Of(in.Int(i)));
-    }
-  }
-  return texts;
 }
 
 void EmitOn(ComZelkLinuxBluetooth* proxy, const SignalDescription& signal, GVariant* arguments, Texts texts) {

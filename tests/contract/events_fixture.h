@@ -27,9 +27,6 @@ const std::vector<std::string>& SubscribedSignals();
 /// The name under which the bindings emit a signal: OnPBDownloadStatus is on-pbdownload-status.
 std::string GObjectName(const std::string& signal);
 
-/// The values of a signal as listeners note them.
-std::vector<std::string> TextsOf(GVariant* arguments);
-
 enum class Texts { AS_GIVEN, MISSING };
 
 /// Emits a signal on the proxy object itself, as the bindings do with one that arrives; with null for every

@@ -1,6 +1,5 @@
 // What is special about MWPBtCom: the check of addresses, the filter of SetPower, and GetCapability.
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -9,6 +8,7 @@
 #include <bluetooth/MWPBtCom.h>
 
 #include "contract/AskedLibrary.h"
+#include "contract/DerivedRequests.h"
 
 namespace bttest {
 namespace {
@@ -16,27 +16,6 @@ namespace {
 using Texts = std::vector<std::string>;
 constexpr const char* kSource = "libbluetooth/MWPBtCom";
 constexpr const char* kAddress = "00:1a:2b:3c:4d:5e";
-
-/// A method that checks its address; 0 if it answers nothing.
-struct CheckedMethod {
-  const char* name;
-  std::function<int(MWPBtCom&, const std::string& address)> call;
-};
-
-const std::vector<CheckedMethod> kChecked{
-    {"SetDeviceOOBLinkKey", [](MWPBtCom& c, const std::string& a) { return c.SetDeviceOOBLinkKey(a, {1}); }},
-    {"Pair", [](MWPBtCom& c, const std::string& a) { return c.Pair(a, "0000"); }},
-    {"Connect", [](MWPBtCom& c, const std::string& a) { return c.Connect(a, MWPBtType::BT_PROFILE_HFP, 0); }},
-    {"DisConnect",
-     [](MWPBtCom& c, const std::string& a) { return c.DisConnect(a, MWPBtType::BT_PROFILE_HFP); }},
-    {"ReConnect",
-     [](MWPBtCom& c, const std::string& a) { return c.ReConnect(a, MWPBtType::BT_PROFILE_HFP); }},
-    {"DeletePairDevice", [](MWPBtCom& c, const std::string& a) { return c.DeletePairDevice(a, 1); }},
-    {"RemoveDevice", [](MWPBtCom& c, const std::string& a) { return c.RemoveDevice(a), 0; }},
-    {"SetWirelessEnable", [](MWPBtCom& c, const std::string& a) { return c.SetWirelessEnable(a, 1), 0; }},
-    {"RequestAndroidAutoPairing",
-     [](MWPBtCom& c, const std::string& a) { return c.RequestAndroidAutoPairing(a, 1); }},
-};
 
 class Com : public AskedLibrary {
  protected:
@@ -53,13 +32,13 @@ class Com : public AskedLibrary {
 };
 
 TEST_F(Com, SendsAValidAddressAsItIsWritten) {
-  for (const CheckedMethod& method : kChecked) {
+  for (const CheckedMethod& method : MethodsThatCheckTheirAddress()) {
     for (const std::string address : {kAddress, "00:1A:7d:DA:71:13", "FF:ff:FF:ff:FF:ff"}) {
       log.Clear();
       method.call(com, address);
       const Texts calls = library.recorder.TakeCallTexts();
       ASSERT_EQ(calls.size(), 1u) << method.name;
-      EXPECT_EQ(calls[0].rfind(std::string(method.name) + "('" + address + "'", 0), 0u) << calls[0];
+      EXPECT_EQ(calls[0].rfind(method.name + "('" + address + "'", 0), 0u) << calls[0];
       EXPECT_TRUE(log.OfLevel(100).empty()) << method.name;
     }
   }
@@ -68,7 +47,7 @@ TEST_F(Com, SendsAValidAddressAsItIsWritten) {
 TEST_F(Com, RefusesAnInvalidAddressWithAnErrorLineAndZero) {
   const std::string wrong[] = {"00:1a:2b:3c:4d:5e ", "00:1a:2b:3c:4d:5",  "00:1a:2b:3c:4d:5G", "",
                                "001A7DDA7113",       "00-1A-7D-DA-71-13", "%s%n%s%n%s%n%s%n%s"};
-  for (const CheckedMethod& method : kChecked) {
+  for (const CheckedMethod& method : MethodsThatCheckTheirAddress()) {
     for (const std::string& address : wrong) {
       log.Clear();
       EXPECT_EQ(method.call(com, address), 0) << method.name;
@@ -84,7 +63,7 @@ TEST_F(Com, RefusesAnInvalidAddressWithAnErrorLineAndZero) {
 TEST_F(Com, ChecksTheAddressBeforeItMakesAClient) {
   Stop();
   MWPBtClient::m_bInitClient = 1;
-  for (const CheckedMethod& method : kChecked) {
+  for (const CheckedMethod& method : MethodsThatCheckTheirAddress()) {
     method.call(com, "no address");
     EXPECT_EQ(TheClient(), nullptr) << method.name;
   }

@@ -1,7 +1,7 @@
-// Listeners: how they register, what they log, and the order of their virtual slots.
+// Listeners: how they register, what they log, and the order of the virtual slots of the client and of what
+// it is made of. That of the listener interfaces is in contract/witness.txt.
 
 #include <cstddef>
-#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,6 +19,7 @@
 
 #include "libbluetooth/MWPBtClient.h"
 #include "support/LogCapture.h"
+#include "support/VirtualSlot.h"
 
 namespace {
 
@@ -136,22 +137,7 @@ TEST(Listener, DestructionRemovesNothingFromAClientThatDoesNotKnowIt) {
   EXPECT_EQ(fresh->GetListeners(), std::set<IMWPBtListenerBase*>{&other});
 }
 
-/// The virtual slot of a method, counted from 0 with the two destructors first, as the ABI keeps it in a
-/// pointer to the method: one more than the offset in the table or, on ARM, that offset and a mark elsewhere.
-template <typename Result, typename Class, typename... Params>
-std::size_t SlotOf(Result (Class::*method)(Params...)) {
-  std::ptrdiff_t parts[2];
-  static_assert(sizeof parts == sizeof method, "not the ABI that this knows");
-  std::memcpy(parts, &method, sizeof parts);
-#if defined(__arm__) || defined(__aarch64__)
-  EXPECT_EQ(parts[1] & 1, 1) << "not virtual";
-  const std::ptrdiff_t offset = parts[0];
-#else
-  EXPECT_EQ(parts[0] & 1, 1) << "not virtual";
-  const std::ptrdiff_t offset = parts[0] - 1;
-#endif
-  return static_cast<std::size_t>(offset) / sizeof(void*);
-}
+using bttest::SlotOf;
 
 /// Fails unless the methods have consecutive slots from first on.
 template <typename... Methods>
@@ -163,59 +149,6 @@ void ExpectSlotsFrom(std::size_t first, Methods... methods) {
 }
 
 constexpr std::size_t kAfterDestructors = 2;
-
-TEST(SlotOrder, Com) {
-  using I = IMWPBtComListener;
-  ExpectSlotsFrom(kAfterDestructors, &I::OnOpenBtStatusChanged, &I::OnBtProfileEnableStatusChanged,
-                  &I::OnPairStatusChanged, &I::OnAnswerPairRequest, &I::OnBtCapabilityChanged,
-                  &I::OnBtAttributeChanged, &I::OnScanStatusChanged, &I::OnDeletePairStatusChanged,
-                  &I::OnOperatorNameChanged, &I::OnConnectStatusChanged, &I::OnSupportProfileChanged,
-                  &I::OnWirelessEnableRequest, &I::OnAndroidAutoPairingResponse,
-                  &I::OnSetDeviceOOBLinkKeyChanged);
-}
-
-TEST(SlotOrder, Phone) {
-  using I = IMWPBtPhoneListener;
-  ExpectSlotsFrom(kAfterDestructors, &I::OnMobileService, &I::OnRoamingStatusChanged, &I::OnBtSignalChanged,
-                  &I::OnBtBatteryChanged, &I::OnCurrentCallInfoChanged, &I::OnCallingTimeChanged,
-                  &I::OnCallStatusChanged, &I::OnConferenceChanged, &I::OnHangupCallChanged,
-                  &I::OnAudioStatusChanged, &I::OnVoiceStatusChanged, &I::OnCodecModeChanged);
-}
-
-TEST(SlotOrder, Media) {
-  using I = IMWPBtMediaListener;
-  ExpectSlotsFrom(kAfterDestructors, &I::OnMediaAudioStateChanged, &I::OnBtMusicPlayChanged,
-                  &I::OnAudioTrackChanged, &I::OnPlayModeChanged, &I::OnSupportPlayModeChanged,
-                  &I::OnMediaInfoChanged, &I::OnCoverImageDownloadCompleted, &I::OnCurPositionChanged,
-                  &I::OnSupportAvrcpNotify, &I::OnFastForwardChanged, &I::OnFastRewindChanged,
-                  &I::OnSupportBrowserStatusChanged, &I::OnPlayerInfoChanged, &I::OnBrowserMediaInfoChanged,
-                  &I::OnCurBrowserPathChanged, &I::OnBrowserFolderItemTotalChanged,
-                  &I::OnMediaItemToNowPlayingStatus, &I::OnSendPlayItemStatus);
-}
-
-TEST(SlotOrder, Pbap) {
-  using I = IMWPBtPbapListener;
-  ExpectSlotsFrom(kAfterDestructors, &I::OnPBDownloadStatus, &I::OnPbDownloadCountChanged,
-                  &I::OnBtCallLogListChanged, &I::OnDeletePhoneBookChanged, &I::OnContactFavoriteChanged);
-}
-
-TEST(SlotOrder, Message) {
-  using I = IMWPBtMessageListener;
-  ExpectSlotsFrom(kAfterDestructors, &I::OnMessageDownloadStatus, &I::OnMessageDownloadCountChanged,
-                  &I::OnMessageStatusNotify, &I::OnMessageSetPropertyStatus);
-}
-
-TEST(SlotOrder, Spp) {
-  using I = IMWPBtSppListener;
-  ExpectSlotsFrom(kAfterDestructors, &I::OnSppConnectStatus, &I::OnSppReceiveBufferChanged,
-                  &I::OnHIDCalibration, &I::OnHIDConnection);
-}
-
-TEST(SlotOrder, Ble) {
-  using I = IMWPBtBleListener;
-  ExpectSlotsFrom(kAfterDestructors, &I::OnBleDiscoveryResponse, &I::OnBleConnectStatusChanged,
-                  &I::OnBleAllService, &I::OnBleSmpNotify, &I::OnBleCharNotify, &I::OnBleGAttribResultNotify);
-}
 
 TEST(SlotOrder, ApplicationManagersListener) {
   using I = IMWPAppListener;
