@@ -49,6 +49,12 @@ Witness Read() {
       if (kind != "nobody") {
         witness.events.push_back({name, kind, std::stoi(slot)});
       }
+      const std::size_t by = rest.find(" by ", end);
+      const std::size_t open = rest.find('(', end);
+      if (by != std::string::npos && open != std::string::npos) {
+        witness.causes.push_back(
+            {name, rest.substr(by + 4, open - by - 4), rest.substr(open + 1, rest.rfind(')') - open - 1)});
+      }
     } else if (what == "event" && columns >> kind >> slot) {
       witness.events.push_back({name, kind, std::stoi(slot)});
     } else {

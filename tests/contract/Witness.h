@@ -16,12 +16,20 @@ struct Witness {
     int slot = 0;      ///< of the listener's virtual method
   };
 
+  /// What makes the simulated service send a signal.
+  struct Cause {
+    std::string signal;
+    std::string method;     ///< of the interface, or of the simulation's controls
+    std::string arguments;  ///< text of the values, in order
+  };
+
   std::vector<std::string> methods;  ///< "SetPower(y bPower) -> (i result)", in the order of declaration
   std::vector<std::string> signals;  ///< "OnScanStatusChanged(y status)", in the order of declaration
   std::vector<std::string>
       subscribed;                     ///< the names of the signals, in the order in which they are subscribed
   std::vector<std::string> uncalled;  ///< the names of the methods that the library does not call
   std::vector<Event> events;
+  std::vector<Cause> causes;
 };
 
 /// Read once. Throws if there is a line that is none of those that the file explains.

@@ -50,11 +50,13 @@ bt_add_test(NAME service_system_test
     running_service.cpp
     small_identifiers_test.cpp
     takeover_test.cpp
+    ../contract/Witness.cpp
     ../recorder/ZeroValue.cpp
   LIBS btservice_segments
   LABELS service system
   SEPARATE)
 target_compile_definitions(service_system_test PRIVATE
+  BTTEST_WITNESS="${CMAKE_SOURCE_DIR}/tests/contract/witness.txt"
   BTTEST_LIBRARY="$<TARGET_FILE:bt>"
   BTTEST_CONTROLS_XML="${CMAKE_SOURCE_DIR}/service/com.zelk.linux.bluetooth.sim.xml"
   BTTEST_FULL_WORLD="${CMAKE_CURRENT_LIST_DIR}/everything.json"
