@@ -6,15 +6,21 @@
 #include <new>
 #include <string>
 
+#include <bluetooth/MWPBtRecords.h>
 #include <mwp/MWPLog.h>
 
 #include "ipc/BtProxy.h"
+#include "ipc/D-Bus/bt_variant.h"
 #include "ipc/ServiceError.h"
 
 // One synchronous call of the Bluetooth service, as every request of the adapter makes it: refuse what cannot
 // travel, call, log a failure. A call that is not made fails like one that is: GLib would end a process that
 // passes it a null proxy under its stricter settings, and would send a placeholder for text that is not
 // UTF-8.
+//
+// Nearly all requests are one line, which names the type of the service's answer, the generated function, and
+// how each argument travels. The longer ones at the end of a section are those that do more, or log another
+// text than the rest: log analysis knows these texts. Its lines name one source for all of them.
 
 /// The place where it stands, for the log lines of a request that is carried out elsewhere. Needs
 /// MWP_LOG_SOURCE, as MWP_LOG does.
@@ -132,5 +138,33 @@ class VariantHolder {
  private:
   GVariant* m_variant = nullptr;
 };
+
+/// Calls a function that takes an address and a variant of bytes. Bytes that cannot travel are not sent.
+template <typename Function>
+void CallWithBytes(const MWPLogSite& site, const char* name, Function call, const std::string& address,
+                   const void* data, std::size_t size, gboolean* result) {
+  if (size > kMaxArrayBytes || (data == nullptr && size > 0)) {
+    ServiceError error;
+    error.Set(data == nullptr ? "there is no buffer"
+                              : "the buffer is larger than the 64 MiB that D-Bus carries");
+    LogFailure(site, name, error);
+    return;
+  }
+  const VariantHolder bytes(bt_build_variant_data(const_cast<void*>(data), static_cast<int>(size)));
+  CallService(site, name, call, address.c_str(), bytes.Get(), result);
+}
+
+/// Asks for a connection state. A failure is not logged.
+template <typename Function>
+MWPTypeConnectionState AskConnectionState(const MWPLogSite& site, Function call) {
+  ServiceError ignored;
+  guchar status = 0;
+  OutText address(site);
+  CallSilently(ignored, call, &status, address.Out());
+  MWPTypeConnectionState state;
+  state.status = status;
+  state.address = address.Text();
+  return state;
+}
 
 #endif
