@@ -34,7 +34,7 @@ class MWP_BT_API BtClientIpcAdapter {
   /// Makes the proxy, checks that the service is on the bus and subscribes to its signals. Each call that
   /// gets as far as the subscription subscribes anew, on a new proxy.
   bool InitDBusConnect();
-  /// Connects a handler to each of the service's 58 signals; of InitDBusConnect alone.
+  /// Connects a handler to each of the service's signals; of InitDBusConnect alone.
   void RegisterDBusSignal();
 
   // Adapter, pairing, connections and paired devices
