@@ -143,7 +143,7 @@ TEST_F(WorldFileTest, AnUnknownWordIsReportedWithTheKnownOnes) {
     "pairing": "guess"})";
   EXPECT_EQ(ProblemOf("{\"format\": 1, \"devices\": [" + device + "]}"),
             "world.json:2: devices[0].pairing: expected one of confirmation, passkey-entry, passkey-display, "
-            "pin or just-works, got 'guess'");
+            "pin-code or just-works, got 'guess'");
 }
 
 TEST_F(WorldFileTest, TextThatIsNoJsonIsReportedWithItsLine) {
