@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <stdexcept>
 
-#include "service/app/BusNames.h"
+#include "protocol/BusNames.h"
 #include "service/app/ExitCodes.h"
 #include "service/simulation/Stage.h"
 
