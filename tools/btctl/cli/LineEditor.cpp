@@ -127,7 +127,7 @@ void Configure() {
   rl_completer_quote_characters = kQuotes;
   rl_attempted_completion_function = Attempt;
   rl_variable_bind("page-completions", "off");  // the pager would hold up the main loop
-  for (const int enter : {'\r', '\n'}) {
+  for (const unsigned char enter : {'\r', '\n'}) {
     rl_bind_key_in_map(enter, rl_newline,
                        emacs_meta_keymap);  // Enter after Esc would switch to the keys of vi
   }

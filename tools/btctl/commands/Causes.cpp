@@ -144,9 +144,9 @@ Check AdapterIsOff() {
 Check DeviceIsUnknown(std::size_t address) {
   return [=](Inquiry& inquiry) {
     const std::string text = inquiry.Argument(address);
-    return If(inquiry.Ask([text] { return MWPBtCom().GetRemotePairDeviceName(text); }) == "",
-              {"unknown-device", "it knows no device " + text,
-               "'btctl scan' searches for devices, 'btctl pair ADDRESS' pairs with one."});
+    const std::string name = inquiry.Ask([text] { return MWPBtCom().GetRemotePairDeviceName(text); });
+    return If(name.empty(), {"unknown-device", "it knows no device " + text,
+                             "'btctl scan' searches for devices, 'btctl pair ADDRESS' pairs with one."});
   };
 }
 
