@@ -22,7 +22,9 @@ void Corrupt(SegmentOwner& segments, unsigned id, unsigned offset, GVariant* val
   if (memory == nullptr) {
     throw std::invalid_argument(std::string(entry.name) + " cannot be had");
   }
-  std::memcpy(memory + offset, bytes, size);
+  if (size > 0) {  // without any, bytes is null
+    std::memcpy(memory + offset, bytes, size);
+  }
 }
 
 /// The floating tuple of the values in an array of variants.
