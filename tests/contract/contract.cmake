@@ -1,23 +1,8 @@
-# What the tests need to know of the interface and of the headers is derived from these (derive.py says what).
-set(interface ${CMAKE_SOURCE_DIR}/ipc/D-Bus/com.zelk.linux.bluetooth.xml)
-set(derived ${CMAKE_CURRENT_BINARY_DIR}/contract/derived)
-file(GLOB public_headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/bluetooth/*.h)
-find_package(Python3 REQUIRED COMPONENTS Interpreter)
-add_custom_command(
-  OUTPUT ${derived}/methods.inc ${derived}/requests.inc ${derived}/offers.inc ${derived}/events.inc
-         ${derived}/listeners.inc
-  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/derive.py ${interface} ${CMAKE_SOURCE_DIR}/include
-          ${CMAKE_CURRENT_LIST_DIR}/witness.txt ${derived}
-  DEPENDS ${CMAKE_CURRENT_LIST_DIR}/derive.py ${CMAKE_CURRENT_LIST_DIR}/witness.txt ${interface} ${public_headers}
-  COMMENT "Deriving the cases of the contract's tests"
-  VERBATIM)
-add_custom_target(bt_test_derived DEPENDS ${derived}/methods.inc)
+include(${CMAKE_CURRENT_LIST_DIR}/derived.cmake)
 
 add_library(bt_test_contract STATIC contract/AdapterCalls.cpp contract/WireValues.cpp contract/Witness.cpp)
-target_include_directories(bt_test_contract PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/contract)
 target_compile_definitions(bt_test_contract PRIVATE BTTEST_WITNESS="${CMAKE_CURRENT_LIST_DIR}/witness.txt")
-target_link_libraries(bt_test_contract PUBLIC bt_test_support bt_internal PRIVATE bt_warnings GTest::gtest)
-add_dependencies(bt_test_contract bt_test_derived)
+target_link_libraries(bt_test_contract PUBLIC bt_test_derived bt_test_support bt_internal PRIVATE bt_warnings GTest::gtest)
 include(${CMAKE_CURRENT_LIST_DIR}/events.cmake)
 
 bt_add_test(NAME contract_witness SOURCES witness_test.cpp LIBS bt_test_contract)
