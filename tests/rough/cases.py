@@ -16,6 +16,7 @@ from service import CONTROLS, SERVICE
 BAD_WORLD = 5
 SAID_OF_CARDS = re.compile(r":\d+: .*; this card is skipped$|: \d+ more are skipped, and \d+ contacts are read$")
 LOCAL_NAME = 0
+NEW_NAME = "Rough Car"
 
 
 class Case:
@@ -78,7 +79,7 @@ class StateCase(Case):
     def use(self, bus):
         super().use(bus)
         # What makes it write.
-        bus.call(SERVICE, "SetAttribute", "ys", [LOCAL_NAME, "Rough Car"])
+        bus.call(SERVICE, "SetAttribute", "ys", [LOCAL_NAME, NEW_NAME])
 
     def judge_what_was_said(self, serves, text):
         assert serves, f"no state file may keep the service from serving: {text}"
@@ -90,7 +91,7 @@ class StateCase(Case):
         else:
             assert after.is_link == self.before.is_link, "a link was replaced"
             assert self.oracle.is_usable is not False or self.before.is_missing, "accepted in spite of what is wrong with it"
-            self.oracle.judge_successor(after.bytes)
+            self.oracle.judge_successor(after.bytes, NEW_NAME)
         assert leftovers_of(self.path) == [], "left beside it"
 
 

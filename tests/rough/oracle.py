@@ -138,10 +138,11 @@ class StateOracle:
         self.is_usable = False if text is None else opinion(check_state, text)
         self.text = text
 
-    def judge_successor(self, text):
-        """The file that the service wrote over the one that it could use."""
+    def judge_successor(self, text, name):
+        """The file that the service wrote over the one that it could use, when it was given this name."""
         assert text is not None, "the state was not kept"
         after = check_state(text)
+        assert after["attributes"]["name"] == name, "what was changed was not kept"
         if self.is_usable:
             before = check_state(self.text)
             assert paired_in(after) == paired_in(before), f"pairings were {paired_in(before)}, are {paired_in(after)}"

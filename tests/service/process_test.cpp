@@ -151,7 +151,7 @@ TEST(ServiceProcessTest, IsOnTheBusAgainAfterAMessageThatEndsItsConnection) {
   ASSERT_TRUE(service.WaitFor("OnOpenBtStatusChanged (byte 0x01,)"));
   const std::string name = service.Owner();
   SendWhatGLibCannotDecode(service.Connection(), name);
-  ASSERT_TRUE(bttest::RunUntil([&] { return service.Owner() != name && service.Owner() != ""; }));
+  ASSERT_TRUE(bttest::RunUntil([&] { return service.Owner() != name && !service.Owner().empty(); }));
   EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)") << "it is the same service";
   EXPECT_EQ(service.Ask("SetScanAction", g_variant_new("(b)", TRUE)), "(true,)");
   EXPECT_TRUE(service.WaitFor("OnScanStatusChanged (byte 0x01,)"))
