@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <sstream>
+#include <string_view>
 
 #include <glib-unix.h>
 #include <glib/gstdio.h>
@@ -103,12 +104,30 @@ gboolean TakeKey(gint, GIOCondition, gpointer) {
   return G_SOURCE_CONTINUE;
 }
 
+/// Whether the editor takes what is pasted.
+bool IsPasting() {
+  constexpr std::string_view kBeginOfPaste = "[200~";
+  const std::string_view keys = rl_executing_keyseq != nullptr ? rl_executing_keyseq : "";
+  return RL_ISSTATE(RL_STATE_MOREINPUT) && keys.size() > kBeginOfPaste.size() &&
+         keys.substr(keys.size() - kBeginOfPaste.size()) == kBeginOfPaste;
+}
+
 /// The editor waits for a key by itself in the middle of some things: a paste that has no end, the question
-/// whether to list so many names. A signal, such as that of Ctrl-C, ends these.
+/// whether to list so many names. A signal, such as that of Ctrl-C, ends these. A paste is given an end, as
+/// it is when the terminal goes away: readline takes what lies behind its buffer for text if there is none.
 int GetKey(std::FILE* stream) {
+  static const char* endOfPaste = "";  // what is left of it
+  if (*endOfPaste != '\0') {
+    return static_cast<unsigned char>(*endOfPaste++);
+  }
   pollfd waiting{fileno(stream), POLLIN, 0};
   const bool isInterrupted = poll(&waiting, 1, -1) < 0 && errno == EINTR;
-  return isInterrupted && RL_ISSTATE(RL_STATE_MOREINPUT) ? EOF : rl_getc(stream);
+  const int key = isInterrupted && RL_ISSTATE(RL_STATE_MOREINPUT) ? EOF : rl_getc(stream);
+  if (key != EOF || !IsPasting()) {
+    return key;
+  }
+  endOfPaste = "[201~";
+  return '\033';
 }
 
 /// Forgets the line, and where in the history it came from.
