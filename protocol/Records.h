@@ -34,7 +34,7 @@ struct RecordItems<MWPTypeCallSlot> {
   static constexpr std::string MWPTypeCallSlot::*kTexts[] = {
       &MWPTypeCallSlot::strText1, &MWPTypeCallSlot::strText2, &MWPTypeCallSlot::strText3};
   /// From the beginning of a slot to its last integer, in bytes.
-  static constexpr std::size_t kOffsetOfValue5 = 4 * 4;
+  static constexpr std::size_t kOffsetOfValue5 = 4 * sizeof(std::int32_t);
 };
 
 /// SH_CONTACT_LIST, SH_FAV_CONTACT_LIST, SH_CONTACT_INFO. The number of groups and the groups come behind
