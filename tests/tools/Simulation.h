@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "support/TemporaryDirectory.h"
 #include "tools/Btctl.h"
 
 namespace bttest {
@@ -15,9 +16,10 @@ struct WithSimulation : BtctlWithBus {
   void Start(const std::string& world, const std::string& speed = "20");
   /// Runs a command that must work, and answers what it prints.
   std::string Output(const Words& words);
-  /// The phone of the world, connected, its phone book downloaded.
+  /// The phone of the world one-phone, connected, its phone book downloaded. Nothing happens there by itself.
   void StartWithPhone();
 
+  TemporaryDirectory folder;
   std::optional<ChildProcess> service;
 };
 

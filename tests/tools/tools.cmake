@@ -4,7 +4,8 @@ if(NOT BT_BUILD_TOOLS)
 endif()
 
 add_library(bt_tools_support STATIC tools/Btctl.cpp tools/Simulation.cpp tools/Terminal.cpp)
-target_compile_definitions(bt_tools_support PUBLIC BTCTL_EXECUTABLE="$<TARGET_FILE:btctl>")
+target_compile_definitions(bt_tools_support PUBLIC
+  BTCTL_EXECUTABLE="$<TARGET_FILE:btctl>" BT_WORLDS="${CMAKE_SOURCE_DIR}/service/worlds")
 target_link_libraries(bt_tools_support PUBLIC bt_test_support bt_internal btctl_parts util PRIVATE bt_warnings)
 add_dependencies(bt_tools_support btctl)
 
@@ -24,7 +25,6 @@ bt_add_test(NAME tools_shell_test SOURCES shell_test.cpp LIBS bt_tools_support)
 if(BT_BUILD_SIMULATION)
   bt_add_test(NAME tools_service_test SOURCES full_segments_test.cpp refusal_test.cpp service_test.cpp worlds_test.cpp
     LIBS bt_tools_support)
-  target_compile_definitions(tools_service_test PRIVATE BT_WORLDS="${CMAKE_SOURCE_DIR}/service/worlds")
   add_dependencies(tools_service_test btservice)
 
   # A small round with a fixed seed; by hand, more: see the program.
