@@ -17,39 +17,39 @@ class CallControl {
   virtual ~CallControl() = default;
 
   /// Accepts the call that rings, or the one that waits: then the other is held.
-  virtual bool Accept();
+  virtual bool Accept() { return false; }
   /// Refuses the call that rings or waits.
-  virtual bool Reject();
+  virtual bool Reject() { return false; }
   /// Ends the call that is being dialled, or the one that is spoken in, or refuses the one that rings.
-  virtual bool HangUp();
+  virtual bool HangUp() { return false; }
   /// Refused if the number has other than digits, '*', '#' and '+', or no further call is possible.
-  virtual bool Dial(const std::string& number);
+  virtual bool Dial(const std::string& /*number*/) { return false; }
   /// Dials the last number again. Refused if there is none.
-  virtual bool Redial();
+  virtual bool Redial() { return false; }
   /// One of the actions with two calls. callId 0: the calls that the action is about by itself. Refused
   /// unless CallActionChanged has said that it is possible.
-  virtual bool Perform(CallAction action, int callId);
+  virtual bool Perform(CallAction /*action*/, int /*callId*/) { return false; }
   /// '0' to '9', '*', '#' and 'A' to 'D', while a call is active.
-  virtual bool SendTone(char tone);
+  virtual bool SendTone(char /*tone*/) { return false; }
   /// The calls, the one that is spoken in first. Their seconds are those of now.
-  virtual std::vector<CallInfo> Calls() const;
+  virtual std::vector<CallInfo> Calls() const { return {}; }
 
   /// Puts the sound on the phone (true) or on the head unit. CallAudioChanged follows.
-  virtual bool SetPrivate(bool onPhone);
-  virtual bool IsPrivate() const;
+  virtual bool SetPrivate(bool /*onPhone*/) { return false; }
+  virtual bool IsPrivate() const { return false; }
   /// VoiceRecognitionChanged follows.
-  virtual void StartVoiceRecognition();
-  virtual void StopVoiceRecognition();
+  virtual void StartVoiceRecognition() {}
+  virtual void StopVoiceRecognition() {}
   /// Nothing if no phone is connected, or if it keeps its number to itself.
-  virtual std::optional<std::string> OwnNumber() const;
+  virtual std::optional<std::string> OwnNumber() const { return {}; }
 
   /// Refused if no call comes in; ends with the ringing.
-  virtual bool PlayRingtone();
+  virtual bool PlayRingtone() { return false; }
   /// False if none was playing.
-  virtual bool StopRingtone();
+  virtual bool StopRingtone() { return false; }
   /// path: an absolute one, of a sound file.
-  virtual bool PlayPreview(const std::string& path);
-  virtual bool StopPreview();
+  virtual bool PlayPreview(const std::string& /*path*/) { return false; }
+  virtual bool StopPreview() { return false; }
 };
 
 }  // namespace btservice

@@ -19,45 +19,48 @@ class DeviceControl {
   /// Begins to pair with a device, found before or not; pin is for devices that want one, and may be empty.
   /// Refused while another pairing is under way, and if the device is paired. PairChanged follows, and
   /// PairRequested if somebody has to answer.
-  virtual bool Pair(const std::string& address, const std::string& pin);
+  virtual bool Pair(const std::string& /*address*/, const std::string& /*pin*/) { return false; }
   /// Answer PairRequested. Refused if that device does not ask, or not in this way (state).
-  virtual bool AcceptPairing(const std::string& address, const std::string& pin, PairRequestState state);
-  virtual bool RejectPairing(const std::string& address, PairRequestState state);
+  virtual bool AcceptPairing(const std::string& /*address*/, const std::string& /*pin*/,
+                             PairRequestState /*state*/) {
+    return false;
+  }
+  virtual bool RejectPairing(const std::string& /*address*/, PairRequestState /*state*/) { return false; }
   /// Pairs by a key of 16 bytes that was exchanged by other means. OobLinkKeySet follows, with the outcome.
-  virtual bool SetOobLinkKey(const std::string& address, const Bytes& key);
+  virtual bool SetOobLinkKey(const std::string& /*address*/, const Bytes& /*key*/) { return false; }
 
   /// In the order that is shown: the latest first unless they were moved. PairedDevicesChanged says that the
   /// list, or anything in it, is another.
-  virtual std::vector<DeviceInfo> PairedDevices() const;
+  virtual std::vector<DeviceInfo> PairedDevices() const { return {}; }
   /// Any device that is known, paired or found.
-  virtual std::optional<DeviceInfo> FindDevice(const std::string& address) const;
+  virtual std::optional<DeviceInfo> FindDevice(const std::string& /*address*/) const { return {}; }
   /// Delete all pairings, or one, and end the connections of these devices. PairingDeleted follows.
-  virtual bool DeletePairings();
-  virtual bool DeletePairing(const std::string& address);
+  virtual bool DeletePairings() { return false; }
+  virtual bool DeletePairing(const std::string& /*address*/) { return false; }
   /// position counts from 0. Refused if the list is shorter, or the device is not in it.
-  virtual bool MovePairing(const std::string& address, int position);
+  virtual bool MovePairing(const std::string& /*address*/, int /*position*/) { return false; }
   /// Forgets a device that was found and is not paired.
-  virtual void RemoveDevice(const std::string& address);
+  virtual void RemoveDevice(const std::string& /*address*/) {}
 
   /// Connects one profile of a paired device, or BT_PROFILE_HFP_A2DP: both of these. only: other devices are
   /// disconnected from the profile first. ConnectionChanged follows, BT_CONN_FAILED if it does not come
   /// about.
-  virtual bool Connect(const std::string& address, ProfileId profile, bool only);
-  virtual bool Disconnect(const std::string& address, ProfileId profile);
+  virtual bool Connect(const std::string& /*address*/, ProfileId /*profile*/, bool /*only*/) { return false; }
+  virtual bool Disconnect(const std::string& /*address*/, ProfileId /*profile*/) { return false; }
   /// As Connect for a device that was connected before: to have a lost link back.
-  virtual bool Reconnect(const std::string& address, ProfileId profile);
+  virtual bool Reconnect(const std::string& /*address*/, ProfileId /*profile*/) { return false; }
   /// Allows all profiles of all devices.
-  virtual void EnableProfiles();
+  virtual void EnableProfiles() {}
   /// Disconnects a device, and keeps its profiles from being connected.
-  virtual void DisableProfiles(const std::string& address);
+  virtual void DisableProfiles(const std::string& /*address*/) {}
   /// The device whose connection of this profile is the one in use, and how far it is.
-  virtual ConnectionState Connection(ProfileId profile) const;
+  virtual ConnectionState Connection(ProfileId /*profile*/) const { return {}; }
 
   /// Whether wireless projection runs now, as the head unit sees it.
-  virtual bool SetProjectionRunning(bool running);
+  virtual bool SetProjectionRunning(bool /*running*/) { return false; }
   /// ProjectionPairingAnswered follows.
-  virtual bool RequestProjectionPairing(const std::string& address, int method);
-  virtual void SetProjectionAllowed(const std::string& address, bool allowed);
+  virtual bool RequestProjectionPairing(const std::string& /*address*/, int /*method*/) { return false; }
+  virtual void SetProjectionAllowed(const std::string& /*address*/, bool /*allowed*/) {}
 };
 
 }  // namespace btservice

@@ -17,53 +17,55 @@ class MusicControl {
   virtual ~MusicControl() = default;
 
   /// Opens or closes the audio output. StreamChanged follows if music runs.
-  virtual bool EnableOutput(bool on);
+  virtual bool EnableOutput(bool /*on*/) { return false; }
   /// The keys of a remote control. The player does as it likes: PlayStatusChanged, TrackChanged,
   /// TrackInfoChanged say what it has done.
-  virtual bool Play();
-  virtual bool Pause();
-  virtual bool Previous();
-  virtual bool Next();
+  virtual bool Play() { return false; }
+  virtual bool Pause() { return false; }
+  virtual bool Previous() { return false; }
+  virtual bool Next() { return false; }
   /// Winds while on; only one direction at a time.
-  virtual bool FastForward(bool on);
-  virtual bool FastReverse(bool on);
+  virtual bool FastForward(bool /*on*/) { return false; }
+  virtual bool FastReverse(bool /*on*/) { return false; }
 
-  virtual MusicPlayStatus Status() const;
+  virtual MusicPlayStatus Status() const { return BT_MUSIC_STOPPED; }
   /// Position and length in milliseconds; nothing without a player.
-  virtual std::optional<std::pair<int, int>> Position() const;
-  virtual std::optional<TrackInfo> CurrentTrack() const;
+  virtual std::optional<std::pair<int, int>> Position() const { return {}; }
+  virtual std::optional<TrackInfo> CurrentTrack() const { return {}; }
   /// Reports the position, or the texts of the track, again and again while on; the period is in
   /// milliseconds.
-  virtual bool ReportPosition(bool on, int periodMs);
-  virtual bool ReportTrackInfo(bool on, int periodMs);
+  virtual bool ReportPosition(bool /*on*/, int /*periodMs*/) { return false; }
+  virtual bool ReportTrackInfo(bool /*on*/, int /*periodMs*/) { return false; }
 
-  virtual std::vector<PlayMode> PlayModes() const;
-  virtual std::vector<PlayMode> SupportedPlayModes() const;
+  virtual std::vector<PlayMode> PlayModes() const { return {}; }
+  virtual std::vector<PlayMode> SupportedPlayModes() const { return {}; }
   /// PlayModeChanged follows.
-  virtual bool SetPlayMode(PlayMode mode);
-  virtual bool SupportsNotification(SupportAvrcpEvent event) const;
+  virtual bool SetPlayMode(PlayMode /*mode*/) { return false; }
+  virtual bool SupportsNotification(SupportAvrcpEvent /*event*/) const { return false; }
 
   // Browsing. Going to a folder, searching and the queue report BrowserPathChanged where a folder is entered,
   // and BrowserItemsArrived once Items has them.
 
-  virtual bool SupportsBrowsing() const;
-  virtual bool IsRootFolder() const;
-  virtual bool ToRootFolder(ItemRange range);
-  virtual bool FolderUp(ItemRange range);
-  virtual bool FolderDown(const std::string& uid, ItemRange range);
+  virtual bool SupportsBrowsing() const { return false; }
+  virtual bool IsRootFolder() const { return false; }
+  virtual bool ToRootFolder(ItemRange /*range*/) { return false; }
+  virtual bool FolderUp(ItemRange /*range*/) { return false; }
+  virtual bool FolderDown(const std::string& /*uid*/, ItemRange /*range*/) { return false; }
   /// Searches in a folder and below it; an empty uid is the current folder.
-  virtual bool Search(const std::string& uid, const std::string& words, ItemRange range);
-  virtual bool BrowseQueue(ItemRange range);
+  virtual bool Search(const std::string& /*uid*/, const std::string& /*words*/, ItemRange /*range*/) {
+    return false;
+  }
+  virtual bool BrowseQueue(ItemRange /*range*/) { return false; }
   /// Asks for the items of a scope again. BrowserItemsArrived follows only if they differ from those reported
   /// last, since an application asks for them when it hears of that event.
-  virtual bool FetchItems(BrowserScopeType scope);
+  virtual bool FetchItems(BrowserScopeType /*scope*/) { return false; }
   /// What the last request for items of this scope has brought.
-  virtual std::vector<BrowserItem> Items(BrowserScopeType scope) const;
+  virtual std::vector<BrowserItem> Items(BrowserScopeType /*scope*/) const { return {}; }
   /// BrowserFolderTotal follows.
-  virtual bool CountFolder(const std::string& uid);
+  virtual bool CountFolder(const std::string& /*uid*/) { return false; }
   /// ItemPlayed, ItemQueued follow.
-  virtual bool PlayItem(const std::string& uid, BrowserScopeType scope);
-  virtual bool QueueItem(const std::string& uid, BrowserScopeType scope);
+  virtual bool PlayItem(const std::string& /*uid*/, BrowserScopeType /*scope*/) { return false; }
+  virtual bool QueueItem(const std::string& /*uid*/, BrowserScopeType /*scope*/) { return false; }
 };
 
 }  // namespace btservice

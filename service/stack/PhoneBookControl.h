@@ -16,23 +16,26 @@ class PhoneBookControl {
 
   /// Refused unless a phone is connected for its phone book, and while a download runs. DownloadStatusChanged
   /// and DownloadProgress follow.
-  virtual bool StartDownload(PbapType type);
-  virtual bool StopDownload();
+  virtual bool StartDownload(PbapType /*type*/) { return false; }
+  virtual bool StopDownload() { return false; }
 
   /// The reference holds until something is changed or downloaded.
-  virtual const std::vector<Contact>& Contacts() const;
-  virtual std::vector<Contact> Favorites() const;
+  virtual const std::vector<Contact>& Contacts() const {
+    static const std::vector<Contact> none;
+    return none;
+  }
+  virtual std::vector<Contact> Favorites() const { return {}; }
   /// Refused if there is no such contact. ContactsDeleted follows. The phone keeps what is deleted here.
-  virtual bool DeleteContact(int id);
-  virtual bool ClearContacts();
+  virtual bool DeleteContact(int /*id*/) { return false; }
+  virtual bool ClearContacts() { return false; }
   /// FavoriteChanged follows.
-  virtual bool SetFavorite(int contactId, bool favorite);
+  virtual bool SetFavorite(int /*contactId*/, bool /*favorite*/) { return false; }
 
   /// The latest first.
-  virtual std::vector<CallLogEntry> CallLogs(CallLogType type) const;
+  virtual std::vector<CallLogEntry> CallLogs(CallLogType /*type*/) const { return {}; }
   /// CallLogsChanged follows.
-  virtual bool DeleteCallLog(int id);
-  virtual bool ClearCallLogs(CallLogType type);
+  virtual bool DeleteCallLog(int /*id*/) { return false; }
+  virtual bool ClearCallLogs(CallLogType /*type*/) { return false; }
 };
 
 }  // namespace btservice

@@ -13,15 +13,18 @@ class SerialControl {
   virtual ~SerialControl() = default;
 
   /// Lets devices open a serial channel to the service of this UUID. SerialChannelChanged when one does.
-  virtual bool OfferService(const std::string& uuid);
+  virtual bool OfferService(const std::string& /*uuid*/) { return false; }
   /// Refused if there is no channel to that device. What comes back is SerialDataArrived.
-  virtual bool Send(const std::string& address, const Bytes& data);
+  virtual bool Send(const std::string& /*address*/, const Bytes& /*data*/) { return false; }
 
   /// HidCalibrated follows.
-  virtual bool CalibrateHid(const std::string& address, HIDTYPE type);
+  virtual bool CalibrateHid(const std::string& /*address*/, HIDTYPE /*type*/) { return false; }
   /// Refused if the device takes no input.
-  virtual bool SendHidPosition(const std::string& address, HIDTYPE type, int x, int y, int buttons);
-  virtual bool SendHidKey(const std::string& address, int key);
+  virtual bool SendHidPosition(const std::string& /*address*/, HIDTYPE /*type*/, int /*x*/, int /*y*/,
+                               int /*buttons*/) {
+    return false;
+  }
+  virtual bool SendHidKey(const std::string& /*address*/, int /*key*/) { return false; }
 };
 
 }  // namespace btservice

@@ -13,6 +13,7 @@ bt_add_test(NAME service_model_test
     music_model_test.cpp
     pairing_model_test.cpp
     phonebook_model_test.cpp
+    seam_test.cpp
     time_test.cpp
     timeline_test.cpp
     two_calls_model_test.cpp
@@ -67,6 +68,10 @@ add_dependencies(service_system_test btservice listening_client)
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 file(GLOB worlds CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/service/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/*.json)
+add_test(NAME service_seam/TheSimulationAnswersEveryRequestByItself
+  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/seam_test.py ${CMAKE_SOURCE_DIR}/service)
+set_tests_properties(service_seam/TheSimulationAnswersEveryRequestByItself PROPERTIES LABELS service)
+
 add_test(NAME service_world_schema/AnotherValidatorAgreesAboutWorlds
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/world_schema_test.py
           ${CMAKE_SOURCE_DIR}/service/worlds/world.schema.json ${worlds})
