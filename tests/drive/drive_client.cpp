@@ -9,6 +9,7 @@
 #include <string>
 
 #include <glib.h>
+#include <malloc.h>
 
 #include <bluetooth/MWPBluetooth.h>
 #include <bluetooth/MWPBtCom.h>
@@ -33,6 +34,12 @@ int CountCalls() {
   return MWPBtPhone().GetCurrentCallInfo(info) != 0 ? info.nCallCount : -1;
 }
 
+/// What malloc has handed out and not got back, in KiB.
+int KilobytesInUse() {
+  const struct mallinfo2 info = mallinfo2();
+  return static_cast<int>((info.uordblks + info.hblkhd) / 1024);
+}
+
 using Request = std::function<int(const std::string& argument)>;
 using Text = const std::string&;
 
@@ -51,6 +58,7 @@ const std::map<std::string, Request> kRequests{
     {"play", [](Text) { return MWPBtMedia().PlayMusic(0, 0); }},
     {"pause", [](Text) { return MWPBtMedia().StopMusic(0); }},
     {"next", [](Text) { return MWPBtMedia().NextMusic(); }},
+    {"memory", [](Text) { return KilobytesInUse(); }},
 };
 
 gboolean OnInput(GIOChannel* input, GIOCondition, gpointer loop) {
