@@ -18,7 +18,7 @@
 #include "protocol/Segments.h"
 #ifdef BENCH_HAS_VFORMAT
 #include "bench/peers/BookCards.h"
-#include "service/world/VCard.h"
+#include "service/phonebook/VCard.h"
 #endif
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "service/segments/LeftBehind.h"
+#include "service/frontend/segments/LeftBehind.h"
 #include "service/stack/StackEvents.h"
 
 namespace btservice {

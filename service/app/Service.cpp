@@ -1,7 +1,7 @@
 #include "service/app/Service.h"
 
 #include "service/app/EndEvents.h"
-#include "service/dbus/Methods.h"
+#include "service/frontend/Methods.h"
 
 namespace btservice {
 

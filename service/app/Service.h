@@ -7,9 +7,9 @@
 #include "service/app/Options.h"
 #include "service/app/ServiceBus.h"
 #include "service/app/StackProvider.h"
-#include "service/dbus/SignalEmitter.h"
-#include "service/segments/ParameterSegment.h"
-#include "service/segments/Publisher.h"
+#include "service/frontend/SignalEmitter.h"
+#include "service/frontend/segments/ParameterSegment.h"
+#include "service/frontend/segments/Publisher.h"
 #include "service/state/StateFile.h"
 
 namespace btservice {

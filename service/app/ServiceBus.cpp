@@ -7,8 +7,8 @@
 #include <mwp/MWPLog.h>
 
 #include "protocol/BusNames.h"
-#include "service/dbus/WireLimits.h"
-#include "service/world/Quote.h"
+#include "service/files/Quote.h"
+#include "service/frontend/WireLimits.h"
 
 namespace btservice {
 namespace {

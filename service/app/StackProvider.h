@@ -10,7 +10,7 @@
 
 #include "ipc/ShareMemory/SegmentOwner.h"
 #include "service/app/ServiceBus.h"
-#include "service/dbus/AnswerGate.h"
+#include "service/frontend/AnswerGate.h"
 #include "service/stack/BluetoothStack.h"
 #include "service/time/Scheduler.h"
 

@@ -7,7 +7,7 @@
 
 #include "service/app/Exported.h"
 #include "service/app/StackProvider.h"
-#include "service/world/WorldFile.h"
+#include "service/simulation/world/WorldFile.h"
 
 namespace btservice {
 

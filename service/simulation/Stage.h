@@ -2,12 +2,12 @@
 #define SERVICE_SIMULATION_STAGE_H
 
 #include "service/app/StackProvider.h"
-#include "service/control/AnswerFaults.h"
-#include "service/control/CallLimit.h"
-#include "service/control/ControlMethods.h"
-#include "service/model/SimulatedStack.h"
-#include "service/model/Timeline.h"
-#include "service/world/WorldFile.h"
+#include "service/simulation/SimulatedStack.h"
+#include "service/simulation/Timeline.h"
+#include "service/simulation/controls/AnswerFaults.h"
+#include "service/simulation/controls/CallLimit.h"
+#include "service/simulation/controls/ControlMethods.h"
+#include "service/simulation/world/WorldFile.h"
 
 namespace btservice {
 

@@ -9,10 +9,10 @@
 #define MWP_LOG_SOURCE "service/state/StateFile"
 #include <mwp/MWPLog.h>
 
-#include "service/model/DeviceTable.h"
-#include "service/world/FieldReader.h"
-#include "service/world/InputFile.h"
-#include "service/world/Limits.h"
+#include "service/files/FieldReader.h"
+#include "service/files/InputFile.h"
+#include "service/files/Limits.h"
+#include "service/stack/ReportedAddress.h"
 
 namespace btservice {
 

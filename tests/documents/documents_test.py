@@ -151,8 +151,8 @@ class TheSandbox(InACheckout):
 
 class TheService(InACheckout):
     def test_Service(self):
-        shutil.copy(TREE / "service/worlds/one-phone.json", self.checkout.root / "my-world.json")
-        shutil.copy(TREE / "service/worlds/one-phone.vcf", self.checkout.root)
+        shutil.copy(TREE / "service/simulation/worlds/one-phone.json", self.checkout.root / "my-world.json")
+        shutil.copy(TREE / "service/simulation/worlds/one-phone.vcf", self.checkout.root)
         for command in of_runner("service"):
             script = f"{command.text} &\ngdbus wait --session --timeout 60 com.zelk.linux.bluetooth\n" \
                      "waited=$?; kill $!; wait $! && exit $waited\n"

@@ -11,7 +11,7 @@
 #include "fuzz/FuzzCheck.h"
 #include "fuzz/LogCount.h"
 #include "protocol/Address.h"
-#include "service/model/World.h"
+#include "service/simulation/world/World.h"
 #include "service/state/StateFile.h"
 
 namespace {

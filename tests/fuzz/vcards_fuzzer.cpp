@@ -7,7 +7,7 @@
 #include <glib.h>
 
 #include "fuzz/FuzzCheck.h"
-#include "service/world/VCard.h"
+#include "service/phonebook/VCard.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 
 #include "fuzz/FuzzCheck.h"
 #include "protocol/Address.h"
-#include "service/world/JsonNode.h"
-#include "service/world/WorldFields.h"
-#include "service/world/WorldFile.h"
+#include "service/files/JsonNode.h"
+#include "service/simulation/world/WorldFields.h"
+#include "service/simulation/world/WorldFile.h"
 
 namespace {
 

@@ -4,3 +4,7 @@ foreach(promise Help Options UnknownOptions Groups Documents)
   add_test(NAME scripts_help/${promise}
     COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/help_test.py ${CMAKE_SOURCE_DIR} TheHelp.test_${promise})
 endforeach()
+
+# The rooms of the tree, and which may know which.
+add_test(NAME rooms/EachKnowsOnlyThoseThatItMay
+  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/rooms_test.py ${CMAKE_SOURCE_DIR})

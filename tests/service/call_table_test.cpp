@@ -13,7 +13,7 @@
 #include <unistd.h>
 
 #include "ipc/ShareMemory/SegmentReader.h"
-#include "service/segments/CallTableSegment.h"
+#include "service/frontend/segments/CallTableSegment.h"
 #include "support/Segments.h"
 #include "tests/service/running_service.h"
 

@@ -6,8 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "service/segments/LeftBehind.h"
-#include "service/segments/Records.h"
+#include "service/frontend/segments/LeftBehind.h"
+#include "service/frontend/segments/Records.h"
 
 namespace btservice {
 namespace {

@@ -9,7 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "service/model/SimulatedStack.h"
+#include "service/simulation/SimulatedStack.h"
 #include "service/time/ManualScheduler.h"
 
 namespace btservice {

@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "service/segments/Records.h"
-#include "service/segments/TextCut.h"
+#include "service/frontend/segments/Records.h"
+#include "service/frontend/segments/TextCut.h"
 #include "support/SegmentItems.h"
 
 namespace btservice {

@@ -18,12 +18,12 @@ def main():
     faults = []
     for interface in sorted((service / "stack").glob("*Control.h")):
         subject = interface.name.replace("Control.h", "")
-        simulated = {"Device": "Devices", "Call": "Calls"}.get(subject, subject)
         requests = REQUEST.findall(interface.read_text())
         if not requests:
             faults.append(f"{interface} has no request: is this test still right?")
-        answered = OVERRIDE.findall((service / "model" / f"Simulated{simulated}.h").read_text())
-        faults += [f"{subject}Control::{name} is not overridden in Simulated{simulated}.h: the simulation refuses it"
+        simulated = {"Device": "SimulatedDevices.h", "Call": "SimulatedCalls.h"}.get(subject, f"Simulated{subject}.h")
+        answered = OVERRIDE.findall(next((service / "simulation").glob(f"*/{simulated}")).read_text())
+        faults += [f"{subject}Control::{name} is not overridden in {simulated}: the simulation refuses it"
                    for name in requests if name not in answered]
     print("\n".join(faults))
     sys.exit(1 if faults else 0)

@@ -25,7 +25,7 @@ bt_add_test(NAME service_files_test
   LIBS bt_model_fixture btservice_world btservice_state
   LABELS service)
 target_compile_definitions(service_files_test PRIVATE
-  BTTEST_WORLD_SCHEMA="${CMAKE_SOURCE_DIR}/service/worlds/world.schema.json")
+  BTTEST_WORLD_SCHEMA="${CMAKE_SOURCE_DIR}/service/simulation/worlds/world.schema.json")
 
 bt_add_test(NAME service_pace_test
   SOURCES
@@ -33,7 +33,7 @@ bt_add_test(NAME service_pace_test
     send_queue_test.cpp
     ../../service/app/GLibScheduler.cpp
     ../../service/app/SendQueue.cpp
-  LIBS bt_test_support btservice_model
+  LIBS bt_test_support btservice_time
   LABELS service)
 
 bt_add_test(NAME service_system_test
@@ -59,7 +59,7 @@ bt_add_test(NAME service_system_test
 target_compile_definitions(service_system_test PRIVATE
   BTTEST_WITNESS="${CMAKE_SOURCE_DIR}/tests/contract/witness.txt"
   BTTEST_LIBRARY="$<TARGET_FILE:bt>"
-  BTTEST_CONTROLS_XML="${CMAKE_SOURCE_DIR}/service/com.zelk.linux.bluetooth.sim.xml"
+  BTTEST_CONTROLS_XML="${CMAKE_SOURCE_DIR}/service/simulation/com.zelk.linux.bluetooth.sim.xml"
   BTTEST_FULL_WORLD="${CMAKE_CURRENT_LIST_DIR}/everything.json"
   BTTEST_LISTENING_CLIENT="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/listening_client"
   BTTEST_SERVICE_FILE="$<TARGET_PROPERTY:btservice,BINARY_DIR>/com.zelk.linux.bluetooth.service"
@@ -67,13 +67,13 @@ target_compile_definitions(service_system_test PRIVATE
 add_dependencies(service_system_test btservice listening_client)
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
-file(GLOB worlds CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/service/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/*.json)
+file(GLOB worlds CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/service/simulation/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/*.json)
 add_test(NAME service_seam/TheSimulationAnswersEveryRequestByItself
   COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/seam_test.py ${CMAKE_SOURCE_DIR}/service)
 set_tests_properties(service_seam/TheSimulationAnswersEveryRequestByItself PROPERTIES LABELS service)
 
 add_test(NAME service_world_schema/AnotherValidatorAgreesAboutWorlds
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/world_schema_test.py
-          ${CMAKE_SOURCE_DIR}/service/worlds/world.schema.json ${worlds})
+          ${CMAKE_SOURCE_DIR}/service/simulation/worlds/world.schema.json ${worlds})
 set_tests_properties(service_world_schema/AnotherValidatorAgreesAboutWorlds PROPERTIES
   SKIP_RETURN_CODE 77 LABELS service)

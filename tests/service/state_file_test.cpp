@@ -4,9 +4,9 @@
 #include <optional>
 #include <utility>
 
+#include "service/files/InputFile.h"
+#include "service/files/Limits.h"
 #include "service/state/StateFile.h"
-#include "service/world/InputFile.h"
-#include "service/world/Limits.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryDirectory.h"
 #include "tests/service/model_fixture.h"

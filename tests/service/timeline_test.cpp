@@ -1,4 +1,4 @@
-#include "service/model/Timeline.h"
+#include "service/simulation/Timeline.h"
 #include "tests/service/model_fixture.h"
 
 namespace btservice {

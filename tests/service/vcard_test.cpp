@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "service/world/VCard.h"
+#include "service/phonebook/VCard.h"
 
 namespace btservice {
 namespace {

@@ -6,10 +6,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "service/world/InputFile.h"
-#include "service/world/JsonNode.h"
-#include "service/world/Limits.h"
-#include "service/world/WorldFile.h"
+#include "service/files/InputFile.h"
+#include "service/files/JsonNode.h"
+#include "service/files/Limits.h"
+#include "service/simulation/world/WorldFile.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryDirectory.h"
 
@@ -275,7 +275,7 @@ TEST(ShippedWorldsTest, HoldWhatTheyPromise) {
 
 TEST(WorldSchemaTest, ThePublishedOneIsTheOneTheReaderGoesBy) {
   EXPECT_EQ(ReadFile(BTTEST_WORLD_SCHEMA, kMostJsonBytes), WorldSchema())
-      << "make it anew with: btservice --world-schema > service/worlds/world.schema.json";
+      << "make it anew with: btservice --world-schema > service/simulation/worlds/world.schema.json";
 }
 
 }  // namespace

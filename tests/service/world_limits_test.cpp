@@ -12,12 +12,12 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include "service/world/InputFile.h"
-#include "service/world/JsonNode.h"
-#include "service/world/Limits.h"
-#include "service/world/Quote.h"
-#include "service/world/WorldFields.h"
-#include "service/world/WorldFile.h"
+#include "service/files/InputFile.h"
+#include "service/files/JsonNode.h"
+#include "service/files/Limits.h"
+#include "service/files/Quote.h"
+#include "service/simulation/world/WorldFields.h"
+#include "service/simulation/world/WorldFile.h"
 #include "support/TemporaryDirectory.h"
 
 namespace btservice {

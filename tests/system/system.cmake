@@ -21,6 +21,10 @@ add_dependencies(system_two_clients listening_client)
 bt_add_test(NAME system_concurrency SOURCES concurrent_client_test.cpp concurrent_events_test.cpp
             concurrent_requests_test.cpp tsan_options.cpp LABELS concurrency SEPARATE)
 bt_add_test(NAME system_memory SOURCES memory_test.cpp)
+bt_add_test(NAME system_smallest_stack SOURCES smallest_stack_test.cpp)
+target_compile_definitions(system_smallest_stack PRIVATE
+  BTTEST_POWER_ONLY_SERVICE="$<TARGET_FILE:power_only_service>")
+add_dependencies(system_smallest_stack power_only_service)
 if(BT_BUILD_SIMULATION)
   bt_add_test(NAME system_end_to_end SOURCES end_to_end_test.cpp)
   add_dependencies(system_end_to_end btservice)

@@ -5,7 +5,7 @@ endif()
 
 add_library(bt_tools_support STATIC tools/Btctl.cpp tools/Simulation.cpp tools/Terminal.cpp)
 target_compile_definitions(bt_tools_support PUBLIC
-  BTCTL_EXECUTABLE="$<TARGET_FILE:btctl>" BT_WORLDS="${CMAKE_SOURCE_DIR}/service/worlds")
+  BTCTL_EXECUTABLE="$<TARGET_FILE:btctl>" BT_WORLDS="${CMAKE_SOURCE_DIR}/service/simulation/worlds")
 target_link_libraries(bt_tools_support PUBLIC bt_test_support bt_internal btctl_parts util PRIVATE bt_warnings)
 add_dependencies(bt_tools_support btctl)
 

@@ -1,0 +1,23 @@
+#ifndef SERVICE_FRONTEND_SIGNALEMITTER_H
+#define SERVICE_FRONTEND_SIGNALEMITTER_H
+
+#include <bt_dbus.h>
+
+#include "service/stack/StackEvents.h"
+
+namespace btservice {
+
+/// Sends what the stack reports as signals of the interface. The skeleton must outlive it.
+class SignalEmitter : public StackObserver {
+ public:
+  explicit SignalEmitter(ComZelkLinuxBluetooth* skeleton) : m_skeleton(skeleton) {}
+
+  void OnStackEvent(const StackEvent& event) override;
+
+ private:
+  ComZelkLinuxBluetooth* m_skeleton;
+};
+
+}  // namespace btservice
+
+#endif

@@ -1,0 +1,30 @@
+#ifndef SERVICE_FRONTEND_SEGMENTS_LEFTBEHIND_H
+#define SERVICE_FRONTEND_SEGMENTS_LEFTBEHIND_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "ipc/ShareMemory/SegmentOwner.h"
+
+namespace btservice {
+
+/// What a service that died has left in the segments: applications still believe it.
+struct LeftBehind {
+  std::vector<int> callIds;
+  std::vector<std::string> connectedDevices;  ///< addresses; connected, or on the way to it or away from it
+};
+
+/// To be called before the lists are emptied.
+LeftBehind ReadLeftBehind(SegmentOwner& segments);
+
+// The readers of the two lists. The memory may hold anything: what makes no sense is left out.
+
+/// From SH_CALL_INFO_LIST.
+std::vector<int> ReadCallIds(const std::uint8_t* memory, std::size_t size);
+/// From SH_PAIRED_LIST.
+std::vector<std::string> ReadConnectedDevices(const std::uint8_t* memory, std::size_t size);
+
+}  // namespace btservice
+
+#endif

@@ -1,0 +1,44 @@
+#ifndef SERVICE_SIMULATION_MODELCONTEXT_H
+#define SERVICE_SIMULATION_MODELCONTEXT_H
+
+#include <functional>
+#include <random>
+#include <utility>
+#include <vector>
+
+#include "service/simulation/world/World.h"
+#include "service/stack/StackEvents.h"
+#include "service/time/Scheduler.h"
+
+namespace btservice {
+
+/// Lets parts of the model hear of each other without knowing each other.
+template <typename... Args>
+class Notifier {
+ public:
+  using Callback = std::function<void(Args...)>;
+
+  void Add(Callback callback) { m_callbacks.push_back(std::move(callback)); }
+  void operator()(Args... args) const {
+    for (const Callback& callback : m_callbacks) {
+      callback(args...);
+    }
+  }
+
+ private:
+  std::vector<Callback> m_callbacks;
+};
+
+/// What every part of the model works with.
+struct ModelContext {
+  Scheduler& scheduler;
+  const Delays& delays;
+  std::mt19937 random;
+  const StackObservers& observers;
+
+  void Report(const StackEvent& event) const { observers.Report(event); }
+};
+
+}  // namespace btservice
+
+#endif

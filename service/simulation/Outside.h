@@ -1,0 +1,91 @@
+#ifndef SERVICE_SIMULATION_OUTSIDE_H
+#define SERVICE_SIMULATION_OUTSIDE_H
+
+#include <string>
+#include <vector>
+
+#include "service/simulation/calls/CallTable.h"
+#include "service/simulation/calls/PhoneStatus.h"
+#include "service/simulation/devices/Pairing.h"
+#include "service/simulation/devices/Projection.h"
+#include "service/simulation/messages/Messages.h"
+#include "service/simulation/music/Player.h"
+#include "service/simulation/serial/SimulatedSerial.h"
+
+namespace btservice {
+
+/// What can happen outside of the head unit: at the phones, with their owners, on the air. These are the
+/// controls of the simulation. Each returns false if it cannot happen: there is no such device, it is not
+/// connected, nobody calls.
+class Outside {
+ public:
+  Outside(DeviceTable& devices, Connections& connections, Pairing& pairing, Projection& projection,
+          PhoneStatus& phoneStatus, CallTable& calls, Player& player, Messages& messages,
+          SimulatedSerial& serial);
+
+  /// A device as it is seen from outside.
+  struct Glimpse {
+    std::string address;
+    std::string name;
+    bool inRange;
+    bool paired;
+    bool connected;
+  };
+  std::vector<Glimpse> Devices() const;
+  /// How many contacts all devices have together.
+  std::size_t ContactCount() const;
+
+  /// A device that was not there before.
+  bool AddDevice(const DeviceData& data);
+  /// A device comes into range, or leaves it: then its link is lost.
+  bool SetInRange(const std::string& address, bool inRange);
+  /// The link breaks although the device is near; it can be had again.
+  bool LoseLink(const std::string& address);
+  /// The device asks to be paired.
+  bool RequestPairing(const std::string& address);
+  bool RejectPairing(const std::string& address);
+  bool RequestConnection(const std::string& address, ProfileId profile);
+  bool RequestDisconnection(const std::string& address, ProfileId profile);
+  bool RequestProjection(const std::string& address);
+
+  bool SetSignal(const std::string& address, int bars);
+  bool SetBattery(const std::string& address, int bars);
+  bool SetOperator(const std::string& address, const std::string& name);
+  bool SetRoaming(const std::string& address, bool roaming);
+
+  /// Somebody calls the phone.
+  bool Call(const std::string& address, const std::string& number);
+  /// Whoever was called from here answers.
+  bool AnswerCall(const std::string& address);
+  /// Somebody at the other end hangs up; callId 0: all of them.
+  bool HangUp(const std::string& address, int callId);
+  /// How those behave who are called from here.
+  bool SetCalledParty(const std::string& address, CalledParty party, Milliseconds answersAfter);
+
+  bool Play(const std::string& address);
+  bool Pause(const std::string& address);
+
+  bool SendMessage(const std::string& address, const MessageData& message);
+  bool ChangeMessage(const std::string& address, const std::string& handle, MsgStatus status);
+  bool SetMessageProperty(const std::string& address, const std::string& handle, bool success);
+  bool SendSerial(const std::string& address, const Bytes& data);
+
+ private:
+  /// Runs action with the device, if there is one.
+  template <typename Action>
+  bool With(const std::string& address, Action action) const;
+
+  DeviceTable& m_devices;
+  Connections& m_connections;
+  Pairing& m_pairing;
+  Projection& m_projection;
+  PhoneStatus& m_phoneStatus;
+  CallTable& m_calls;
+  Player& m_player;
+  Messages& m_messages;
+  SimulatedSerial& m_serial;
+};
+
+}  // namespace btservice
+
+#endif

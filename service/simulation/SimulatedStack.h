@@ -1,0 +1,64 @@
+#ifndef SERVICE_SIMULATION_SIMULATEDSTACK_H
+#define SERVICE_SIMULATION_SIMULATEDSTACK_H
+
+#include "service/simulation/Outside.h"
+#include "service/simulation/adapter/SimulatedAdapter.h"
+#include "service/simulation/calls/PhoneStatus.h"
+#include "service/simulation/calls/SimulatedCalls.h"
+#include "service/simulation/devices/SimulatedDevices.h"
+#include "service/simulation/messages/Messages.h"
+#include "service/simulation/music/SimulatedMusic.h"
+#include "service/simulation/phonebook/SimulatedPhoneBook.h"
+#include "service/simulation/serial/SimulatedSerial.h"
+#include "service/stack/BluetoothStack.h"
+
+namespace btservice {
+
+/// A Bluetooth stack whose radio, phones and people are made up. The scheduler must outlive it.
+class SimulatedStack : public BluetoothStack {
+ public:
+  SimulatedStack(Scheduler& scheduler, const World& world);
+
+  AdapterControl& Adapter() override { return m_adapter; }
+  DeviceControl& Devices() override { return m_deviceControl; }
+  CallControl& Calls() override { return m_callControl; }
+  MusicControl& Music() override { return m_music; }
+  PhoneBookControl& PhoneBook() override { return m_phoneBook; }
+  SerialControl& Serial() override { return m_serial; }
+
+  void Start() override;
+  KeptState Kept() const override;
+  void Stop() override;
+
+  /// The controls of the simulation.
+  Outside& Controls() { return m_outside; }
+
+ private:
+  const World m_world;
+  ModelContext m_context;
+  PowerSwitch m_power;
+  Settings m_settings;
+  DeviceTable m_devices;
+  Scanner m_scanner;
+  Pairing m_pairing;
+  Connections m_connections;
+  Projection m_projection;
+  PhoneStatus m_phoneStatus;
+  CallTable m_calls;
+  CallAudio m_callAudio;
+  Player m_player;
+  Browser m_browser;
+  Messages m_messages;
+
+  SimulatedAdapter m_adapter;
+  SimulatedDevices m_deviceControl;
+  SimulatedPhoneBook m_phoneBook;
+  SimulatedCalls m_callControl;
+  SimulatedMusic m_music;
+  SimulatedSerial m_serial;
+  Outside m_outside;
+};
+
+}  // namespace btservice
+
+#endif

@@ -1,0 +1,101 @@
+#include "service/simulation/adapter/Settings.h"
+
+#include <algorithm>
+
+namespace btservice {
+namespace {
+
+constexpr std::size_t kLongestName = 248;   // bytes of a device name on the air
+constexpr std::size_t kLongestPath = 4096;  // bytes, as of the file system
+
+bool IsPin(const std::string& text) {
+  return !text.empty() && text.size() <= 16 && text.find_first_not_of("0123456789") == std::string::npos;
+}
+
+bool IsClassOfDevice(const std::string& text) {
+  return text.size() == 6 && text.find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
+}
+
+bool IsAllowed(Attribute attribute, const std::string& value) {
+  switch (attribute) {
+    case BT_ATTR_LOCAL_NAME:
+      return !value.empty() && value.size() <= kLongestName;
+    case BT_ATTR_PIN_CODE:
+      return IsPin(value);
+    case BT_ATTR_CLASS_OF_DEVICE:
+      return IsClassOfDevice(value);
+    case BT_ATTR_DOWNLOAD_FOLDER:
+      return !value.empty() && value.front() == '/' && value.size() <= kLongestPath;
+    case BT_ATTR_LOCAL_ADDRESS:
+    case BT_ATTR_STACK_VERSION:
+      break;
+  }
+  return false;
+}
+
+}  // namespace
+
+Settings::Settings(ModelContext& context, const AdapterData& adapter, const SettingsData& settings)
+    : m_context(context),
+      m_capabilities{{BT_CAP_POWER_SWITCH, 0},       {BT_CAP_AUTO_CONNECT, 0},  {BT_CAP_AUTO_ANSWER, 0},
+                     {BT_CAP_AUTO_REJECT_INCALL, 0}, {BT_CAP_AUTO_DOWNLOAD, 0}, {BT_CAP_ENABLE_SCAN, 0},
+                     {BT_CAP_LOCAL_RING, 0}},
+      m_attributes{{BT_ATTR_LOCAL_NAME, adapter.name},
+                   {BT_ATTR_LOCAL_ADDRESS, adapter.address},
+                   {BT_ATTR_PIN_CODE, adapter.pin},
+                   {BT_ATTR_STACK_VERSION, adapter.stackVersion},
+                   {BT_ATTR_CLASS_OF_DEVICE, adapter.classOfDevice},
+                   {BT_ATTR_DOWNLOAD_FOLDER, adapter.downloadFolder}},
+      m_autoAnswerPair(settings.autoAnswerPair != 0) {
+  for (auto& [capability, value] : m_capabilities) {
+    const auto given = settings.capabilities.find(capability);
+    value = given != settings.capabilities.end() && given->second != 0;
+  }
+}
+
+bool Settings::SetCapability(Capability capability, int value) {
+  const auto entry = m_capabilities.find(capability);
+  if (entry == m_capabilities.end() || (value != 0 && value != 1)) {
+    return false;
+  }
+  entry->second = value;
+  m_context.Report(CapabilityChanged{capability, value});
+  return true;
+}
+
+int Settings::GetCapability(Capability capability) const {
+  if (capability == BT_CAP_PARAMETER_LOADED) {
+    return 1;
+  }
+  const auto entry = m_capabilities.find(capability);
+  return entry != m_capabilities.end() ? entry->second : 0;
+}
+
+bool Settings::SetAttribute(Attribute attribute, const std::string& value) {
+  if (!IsAllowed(attribute, value)) {
+    return false;
+  }
+  m_attributes[attribute] = value;
+  m_context.Report(AttributeChanged{attribute, value});
+  return true;
+}
+
+bool Settings::GetAttribute(Attribute attribute, std::string& value) const {
+  const auto entry = m_attributes.find(attribute);
+  if (entry == m_attributes.end()) {
+    return false;
+  }
+  value = entry->second;
+  return true;
+}
+
+void Settings::ReportAll() const {
+  for (const auto& [capability, value] : m_capabilities) {
+    m_context.Report(CapabilityChanged{capability, value});
+  }
+  for (const auto& [attribute, value] : m_attributes) {
+    m_context.Report(AttributeChanged{attribute, value});
+  }
+}
+
+}  // namespace btservice

@@ -1,0 +1,37 @@
+#ifndef SERVICE_SIMULATION_ADAPTER_SETTINGS_H
+#define SERVICE_SIMULATION_ADAPTER_SETTINGS_H
+
+#include <map>
+#include <string>
+
+#include "service/simulation/ModelContext.h"
+
+namespace btservice {
+
+/// The switches and text attributes of the adapter.
+class Settings {
+ public:
+  Settings(ModelContext& context, const AdapterData& adapter, const SettingsData& settings);
+
+  /// Refuses a capability that cannot be switched, and a value other than 0 and 1.
+  bool SetCapability(Capability capability, int value);
+  int GetCapability(Capability capability) const;
+  bool IsOn(Capability capability) const { return GetCapability(capability) != 0; }
+  bool AutoAnswersPairing() const { return m_autoAnswerPair; }
+
+  /// Refuses an attribute that is read only, and a value that makes no sense for it.
+  bool SetAttribute(Attribute attribute, const std::string& value);
+  bool GetAttribute(Attribute attribute, std::string& value) const;
+
+  void ReportAll() const;
+
+ private:
+  ModelContext& m_context;
+  std::map<Capability, int> m_capabilities;
+  std::map<Attribute, std::string> m_attributes;
+  bool m_autoAnswerPair;
+};
+
+}  // namespace btservice
+
+#endif

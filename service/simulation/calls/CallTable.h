@@ -1,0 +1,99 @@
+#ifndef SERVICE_SIMULATION_CALLS_CALLTABLE_H
+#define SERVICE_SIMULATION_CALLS_CALLTABLE_H
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "service/simulation/devices/Connections.h"
+
+namespace btservice {
+
+/// One call of a phone.
+struct Call {
+  explicit Call(Scheduler& scheduler) : timer(scheduler) {}
+
+  int id = 0;
+  RemoteDevice* device = nullptr;
+  CallStatus status = BT_CALL_IDLE;
+  bool incoming = false;
+  bool multiparty = false;
+  bool answered = false;
+  bool rejectedHere = false;
+  std::string number;
+  Milliseconds since{0};  ///< when it was answered, or else began
+  Timer timer;            ///< to its next state, if that comes by itself
+};
+
+/// The calls of the connected phones: dialing, ringing, talking, waiting, held, joined.
+class CallTable {
+ public:
+  /// How many a phone can have at once: two, and one that waits.
+  static constexpr std::size_t kMaximum = 3;
+
+  CallTable(ModelContext& context, Settings& settings, Connections& connections);
+
+  bool Dial(const std::string& number);
+  bool Redial();
+  bool Accept();
+  bool Reject();
+  /// Ends the outgoing call or the active ones, or rejects the one that rings. A held call is not affected.
+  bool HangUp();
+  /// callId 0: the calls that the action concerns by itself.
+  bool Perform(CallAction action, int callId);
+
+  /// What happens at the other end.
+  bool ComeIn(RemoteDevice& device, const std::string& number);
+  bool AnswerThere(RemoteDevice& device);
+  /// callId 0: all calls of the device.
+  bool EndThere(RemoteDevice& device, int callId);
+
+  const std::vector<std::unique_ptr<Call>>& All() const { return m_calls; }
+  bool Has(CallStatus status) const;
+  int Seconds(const Call& call) const;
+  /// Reports the calls as they stand, for whoever comes late.
+  void ReportAll() const;
+
+  Notifier<> onChanged;
+  Notifier<const Call&> onEnded;
+
+ private:
+  Call& Begin(RemoteDevice& device, const std::string& number, bool incoming, CallStatus status);
+  void WaitForOtherEnd(Call& call);
+  Call* Find(CallStatus status) const;
+  Call* FindById(int id) const;
+  void SetAll(CallStatus from, CallStatus to);
+  void Answer(Call& call);
+  void End(Call& call);
+  bool EndAll(CallStatus status);
+  void SetMultiparty();
+  void RingAlone(Call& call);
+  /// Reports what is different from the last time, once all of it has changed.
+  void Commit();
+  void ReportActions();
+  void ReportTimes() const;
+  void Tick();
+
+  bool IsPossible(CallAction action) const;
+  bool PerformOn(CallAction action, int callId);
+  bool PerformOnAll(CallAction action);
+  void ReleaseHeld();
+  void TakeUpOther();
+  void HoldActive();
+  void Join();
+
+  ModelContext& m_context;
+  Settings& m_settings;
+  Connections& m_connections;
+  std::vector<std::unique_ptr<Call>> m_calls;
+  std::map<int, CallStatus> m_reported;
+  std::set<CallAction> m_possible;
+  std::string m_lastDialed;
+  Timer m_tick;
+};
+
+}  // namespace btservice
+
+#endif

@@ -1,0 +1,51 @@
+#ifndef SERVICE_SIMULATION_CONTROLS_ANSWERFAULTS_H
+#define SERVICE_SIMULATION_CONTROLS_ANSWERFAULTS_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "service/frontend/AnswerGate.h"
+
+namespace btservice {
+
+/// Has the next answers of methods go wrong as ordered. The order given first is used up first.
+class AnswerFaults : public AnswerGate {
+ public:
+  ~AnswerFaults() override;
+
+  // method: the name of one, or "*" for any. An argument without sense throws std::invalid_argument.
+  void Delay(const std::string& method, unsigned count, unsigned milliseconds);
+  void Fail(const std::string& method, unsigned count, const std::string& errorName,
+            const std::string& message);
+  /// tuple may be floating, and of any types.
+  void Replace(const std::string& method, unsigned count, GVariant* tuple);
+  void Drop(const std::string& method, unsigned count);
+  void Clear() { m_faults.clear(); }
+
+  bool TakeOver(GDBusMethodInvocation* invocation) override;
+  void Pass(GDBusMethodInvocation* invocation, std::function<void()> answer) override;
+
+ private:
+  enum class Kind { DELAY, FAIL, REPLACE, DROP };
+  struct Fault {
+    Kind kind;
+    std::string method;
+    unsigned count;
+    unsigned milliseconds = 0;
+    std::string errorName{};
+    std::string message{};
+    std::shared_ptr<GVariant> tuple{};
+  };
+
+  void Add(Fault fault);
+  /// The fault that a call meets; it is used up by one. Null if there is none of the kind asked for.
+  std::shared_ptr<Fault> Use(GDBusMethodInvocation* invocation, bool delays);
+
+  std::vector<std::shared_ptr<Fault>> m_faults;
+  std::vector<guint> m_pending;  ///< sources of answers that are still to come
+};
+
+}  // namespace btservice
+
+#endif

@@ -1,0 +1,37 @@
+#ifndef SERVICE_SIMULATION_DEVICES_PROJECTION_H
+#define SERVICE_SIMULATION_DEVICES_PROJECTION_H
+
+#include <string>
+
+#include "service/simulation/devices/Connections.h"
+#include "service/simulation/devices/Pairing.h"
+
+namespace btservice {
+
+/// Wireless projection as far as Bluetooth has a part in it: a capable phone asks for it once it is
+/// connected, and it may need a pairing of its own.
+class Projection {
+ public:
+  Projection(ModelContext& context, PowerSwitch& power, DeviceTable& devices, Pairing& pairing,
+             Connections& connections);
+
+  bool SetRunning(bool running);
+  bool RequestPairing(const std::string& address);
+  void SetAllowed(const std::string& address, bool allowed);
+  /// The phone asks (again).
+  bool RequestFromRemote(RemoteDevice& device);
+
+ private:
+  void Answer(const std::string& address);
+
+  ModelContext& m_context;
+  PowerSwitch& m_power;
+  DeviceTable& m_devices;
+  Pairing& m_pairing;
+  TaskGroup m_tasks;
+  bool m_running = false;
+};
+
+}  // namespace btservice
+
+#endif

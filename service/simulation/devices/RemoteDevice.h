@@ -1,0 +1,36 @@
+#ifndef SERVICE_SIMULATION_DEVICES_REMOTEDEVICE_H
+#define SERVICE_SIMULATION_DEVICES_REMOTEDEVICE_H
+
+#include <map>
+#include <string>
+
+#include "service/simulation/world/World.h"
+
+namespace btservice {
+
+/// A device of the world, and how the adapter stands with it.
+class RemoteDevice {
+ public:
+  explicit RemoteDevice(const DeviceData& deviceData) : data(deviceData), inRange(deviceData.inRange) {}
+  RemoteDevice(const RemoteDevice&) = delete;
+  RemoteDevice& operator=(const RemoteDevice&) = delete;
+
+  bool Supports(ProfileId profile) const;
+  /// Of a single profile; DISCONNECTED if it was never connected.
+  ConnStatus Status(ProfileId profile) const;
+  bool IsConnected(ProfileId profile) const { return Status(profile) == BT_CONN_CONNECTED; }
+  bool IsConnected() const;
+  DeviceInfo Info() const;
+
+  DeviceData data;
+  bool inRange;
+  bool found = false;  ///< by a search
+  bool paired = false;
+  bool profilesEnabled = true;
+  bool projectionAllowed = false;
+  std::map<ProfileId, ConnStatus> connections;  ///< single profiles only
+};
+
+}  // namespace btservice
+
+#endif

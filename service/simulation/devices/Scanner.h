@@ -1,0 +1,29 @@
+#ifndef SERVICE_SIMULATION_DEVICES_SCANNER_H
+#define SERVICE_SIMULATION_DEVICES_SCANNER_H
+
+#include "service/simulation/devices/DeviceTable.h"
+#include "service/time/Timer.h"
+
+namespace btservice {
+
+/// The search for devices in range, which are found one after the other.
+class Scanner {
+ public:
+  Scanner(ModelContext& context, DeviceTable& devices);
+
+  /// Refuses what is so already.
+  bool Set(bool on);
+  void Report() const;
+
+ private:
+  void Find(RemoteDevice& device);
+
+  ModelContext& m_context;
+  DeviceTable& m_devices;
+  TaskGroup m_finds;
+  Timer m_end;
+};
+
+}  // namespace btservice
+
+#endif

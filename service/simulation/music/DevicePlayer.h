@@ -1,0 +1,65 @@
+#ifndef SERVICE_SIMULATION_MUSIC_DEVICEPLAYER_H
+#define SERVICE_SIMULATION_MUSIC_DEVICEPLAYER_H
+
+#include <functional>
+#include <vector>
+
+#include "service/simulation/ModelContext.h"
+#include "service/simulation/devices/RemoteDevice.h"
+#include "service/simulation/music/PlayQueue.h"
+#include "service/time/Timer.h"
+
+namespace btservice {
+
+/// The player of one device. It goes on whether or not somebody listens; what it reports goes to whoever made
+/// it, who knows if it is the one in use.
+class DevicePlayer {
+ public:
+  using Report = std::function<void(const StackEvent&)>;
+
+  DevicePlayer(ModelContext& context, RemoteDevice& device, Report report);
+
+  RemoteDevice& Device() { return m_device; }
+  PlayQueue& Queue() { return m_queue; }
+  const PlayQueue& Queue() const { return m_queue; }
+  MusicPlayStatus Status() const { return m_status; }
+  bool IsRunning() const;
+  Milliseconds Position() const;
+  Milliseconds Length() const;
+  TrackInfo Info() const;
+
+  void Play();
+  void Pause();
+  void Next();
+  void Previous();
+  /// Winds forward or back; ends with the next command to play or pause.
+  void Wind(MusicPlayStatus direction);
+  /// Plays the current track of the queue from its beginning.
+  void PlayFromStart();
+  std::vector<PlayMode> Modes() const;
+  /// False if the player has no such mode.
+  bool SetMode(PlayMode mode);
+
+  Notifier<> onStatusChanged;
+
+ private:
+  int Rate() const;
+  void Enter(MusicPlayStatus status);
+  void Rebase(Milliseconds position);
+  void ReachEnd();
+  void ChangeTrack();
+
+  ModelContext& m_context;
+  RemoteDevice& m_device;
+  Report m_report;
+  PlayQueue m_queue;
+  MusicPlayStatus m_status = BT_MUSIC_STOPPED;
+  Milliseconds m_base{0};  ///< position at the time m_since
+  Milliseconds m_since{0};
+  Timer m_end;
+  Timer m_cover;
+};
+
+}  // namespace btservice
+
+#endif

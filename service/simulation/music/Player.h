@@ -1,0 +1,62 @@
+#ifndef SERVICE_SIMULATION_MUSIC_PLAYER_H
+#define SERVICE_SIMULATION_MUSIC_PLAYER_H
+
+#include <functional>
+#include <map>
+#include <memory>
+
+#include "service/simulation/calls/CallTable.h"
+#include "service/simulation/music/DevicePlayer.h"
+
+namespace btservice {
+
+/// The players of all connected devices, of which one is in use: the one that was connected last, or that
+/// began to play last. Only that one is heard.
+class Player {
+ public:
+  Player(ModelContext& context, Connections& connections, CallTable& calls);
+
+  /// Null if no player is connected.
+  DevicePlayer* InUse() const;
+  /// Has the player in use do something as soon as the request has reached it. False without a player.
+  bool Command(std::function<void(DevicePlayer&)> command);
+  bool SetOutput(bool open);
+  bool ReportPosition(bool on, Milliseconds period);
+  bool ReportTrackInfo(bool on, Milliseconds period);
+  void ReportAll() const;
+  /// True for a notification that every player here can give.
+  static bool Supports(SupportAvrcpEvent event);
+
+  /// Somebody at the device presses play or pause.
+  bool PlayFromRemote(RemoteDevice& device);
+  bool PauseFromRemote(RemoteDevice& device);
+
+ private:
+  DevicePlayer& PlayerOf(RemoteDevice& device);
+  void Arrive(RemoteDevice& device);
+  void Leave(RemoteDevice& device);
+  void TakeOver(DevicePlayer& player);
+  void OnStatus(DevicePlayer& player);
+  void UpdateStream();
+  void OnCalls();
+  void TickPosition();
+  void TickTrackInfo();
+
+  ModelContext& m_context;
+  Connections& m_connections;
+  CallTable& m_calls;
+  std::map<RemoteDevice*, std::unique_ptr<DevicePlayer>> m_players;
+  bool m_outputOpen = true;
+  RemoteDevice* m_streaming = nullptr;
+  DevicePlayer* m_interrupted = nullptr;  ///< paused for a call, to go on after it
+  bool m_reportPosition = true;
+  Milliseconds m_positionPeriod;
+  Milliseconds m_infoPeriod{0};
+  Timer m_positionTimer;
+  Timer m_infoTimer;
+  TaskGroup m_commands;
+};
+
+}  // namespace btservice
+
+#endif

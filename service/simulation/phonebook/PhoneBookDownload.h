@@ -1,0 +1,49 @@
+#ifndef SERVICE_SIMULATION_PHONEBOOK_PHONEBOOKDOWNLOAD_H
+#define SERVICE_SIMULATION_PHONEBOOK_PHONEBOOKDOWNLOAD_H
+
+#include <deque>
+#include <vector>
+
+#include "service/phonebook/PhoneBookStore.h"
+#include "service/simulation/devices/Connections.h"
+
+namespace btservice {
+
+/// Fetches the phone book and the call logs from the phone in use, some entries at a time.
+class PhoneBookDownload {
+ public:
+  PhoneBookDownload(ModelContext& context, Settings& settings, Connections& connections,
+                    PhoneBookStore& store);
+
+  bool Start(PbapType type);
+  bool Stop();
+  /// The phone is gone: a download under way has failed.
+  void PhoneLost();
+  /// Reports how far a download is, if one is under way.
+  void Report() const;
+
+ private:
+  void Begin();
+  void BeginPart();
+  void Step();
+  void FinishPart();
+  void End(PbapStatus status);
+  int TotalOfPart() const;
+  void Take(int index);
+
+  ModelContext& m_context;
+  Settings& m_settings;
+  Connections& m_connections;
+  PhoneBookStore& m_store;
+  Timer m_timer;
+  RemoteDevice* m_phone = nullptr;   ///< null unless a download is under way
+  PbapType m_type = BT_PBAP_ALL;     ///< what was asked for
+  bool m_partBegun = false;          ///< false while the phone is still being asked
+  std::deque<PbapType> m_parts;      ///< what is still to be fetched, one repository each
+  std::vector<CallLogEntry> m_logs;  ///< of the first part, if it is a call log
+  int m_done = 0;                    ///< entries of the first part
+};
+
+}  // namespace btservice
+
+#endif
