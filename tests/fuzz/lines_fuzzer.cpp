@@ -7,7 +7,7 @@
 #include "btctl/base/Failure.h"
 #include "btctl/cli/CommandLine.h"
 #include "btctl/commands/FromText.h"
-#include "btctl/commands/Tables.h"
+#include "btctl/composed/AllCommands.h"
 #include "fuzz/FuzzCheck.h"
 
 namespace btctl {

@@ -18,6 +18,9 @@ namespace bttest {
 using Json = nlohmann::ordered_json;
 using Words = std::vector<std::string>;
 
+/// The phone of the shipped worlds.
+constexpr char kPhone[] = "00:1A:7D:DA:71:13";
+
 /// What a run of btctl left.
 struct Ran {
   int code = -1;

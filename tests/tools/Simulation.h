@@ -8,8 +8,6 @@
 
 namespace bttest {
 
-constexpr char kPhone[] = "00:1A:7D:DA:71:13";
-
 /// The simulated service in one of its worlds. Time runs fast there.
 struct WithSimulation : BtctlWithBus {
   /// Returns when the service answers.

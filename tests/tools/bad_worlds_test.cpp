@@ -26,8 +26,6 @@ enum Code : int {
   INTERRUPTED = 130,
 };
 
-constexpr char kPhone[] = "00:1A:7D:DA:71:13";
-
 /// All failures have this in common: nothing on standard output, and a message of one sentence or two.
 void ExpectFailure(const Ran& ran, int code, const std::string& message) {
   EXPECT_EQ(ran.code, code);

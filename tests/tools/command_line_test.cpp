@@ -7,7 +7,7 @@
 
 #include "btctl/base/Failure.h"
 #include "btctl/cli/CommandLine.h"
-#include "btctl/commands/Tables.h"
+#include "btctl/composed/AllCommands.h"
 
 namespace {
 

@@ -1,9 +1,10 @@
 #include "tools/command_rows.h"
 
+#include "tools/Btctl.h"
+
 namespace bttest {
 namespace {
 
-constexpr char kPhone[] = "00:1A:7D:DA:71:13";
 constexpr int kRefused = 1;
 
 }  // namespace

@@ -5,7 +5,8 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "btctl/commands/Tables.h"
+#include "btctl/composed/AllCommands.h"
+#include "btctl/words/WordTable.h"
 #include "support/GlibPointers.h"
 #include "support/InterfaceDescription.h"
 #include "tools/command_rows.h"

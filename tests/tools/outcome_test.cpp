@@ -10,7 +10,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-constexpr char kPhone[] = "00:1A:7D:DA:71:13";
 constexpr int kHfp = 1;
 constexpr int kA2dp = 2;
 constexpr int kConnecting = 1;

@@ -13,7 +13,6 @@
 namespace bttest {
 namespace {
 
-constexpr char kPhone[] = "00:1A:7D:DA:71:13";
 constexpr char kPrompt[] = "btctl> ";
 
 /// The number of times that a text is in another.

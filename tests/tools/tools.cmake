@@ -16,11 +16,14 @@ bt_add_test(NAME tools_parts_test
 bt_add_test(NAME tools_btctl_test
   SOURCES bad_worlds_test.cpp command_rows.cpp commands_test.cpp coverage_test.cpp derived_rows.cpp json_test.cpp
           outcome_test.cpp
-  LIBS bt_tools_support
-  SEPARATE)
+  LIBS bt_tools_support)
 target_compile_definitions(tools_btctl_test PRIVATE BT_PUBLIC_HEADERS="${CMAKE_SOURCE_DIR}/include/bluetooth")
 
 bt_add_test(NAME tools_shell_test SOURCES shell_test.cpp LIBS bt_tools_support)
+
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+add_test(NAME tools_rooms/EachIncludesFromBelowAndOneSpeaksDBus
+  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/rooms_test.py ${CMAKE_SOURCE_DIR}/tools/btctl)
 
 if(BT_BUILD_SIMULATION)
   bt_add_test(NAME tools_service_test SOURCES full_segments_test.cpp refusal_test.cpp service_test.cpp worlds_test.cpp
@@ -28,7 +31,6 @@ if(BT_BUILD_SIMULATION)
   add_dependencies(tools_service_test btservice)
 
   # A small round with a fixed seed; by hand, more: see the program.
-  find_package(Python3 REQUIRED COMPONENTS Interpreter)
   add_test(NAME tools_shell_drive/RoughHandlingInATerminal
     COMMAND ${CMAKE_SOURCE_DIR}/script/sandbox --service $<TARGET_FILE:btservice> dbus-run-session --
             ${Python3_EXECUTABLE} -B ${CMAKE_CURRENT_LIST_DIR}/shell_drive.py $<TARGET_FILE:btctl> /app/bin/btservice

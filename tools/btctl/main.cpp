@@ -1,12 +1,14 @@
-// btctl: the command line client of the Bluetooth service. The rooms, from below:
+// btctl: the command line client of the Bluetooth service. The rooms, from below; each includes from itself
+// and from those before it:
 //   base/      exit codes, failures, JSON
 //   words/     words for the values of enumerations
+//   bus/       the session bus: the one place that speaks D-Bus by itself
 //   events/    the seven listener interfaces, turned into one kind of event
 //   output/    text for people, JSON for programs
-//   session/   the library in use: requests beside a main loop, and what is wrong if it does not work
-//   commands/  one line for each facade method: how it is written, read, called and shown
-//   composed/  commands that are more than one request
+//   session/   the library in use: requests beside a main loop
+//   commands/  the table of facade methods, a line each: how it is written, read, called and shown
 //   sim/       the controls of the simulated service
+//   composed/  commands that are more than one request, and the list of all commands
 //   cli/       the command line and the shell
 
 #include <algorithm>

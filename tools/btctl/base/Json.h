@@ -3,11 +3,6 @@
 
 #include <nlohmann/json.hpp>
 
-namespace btctl {
-
-/// Every answer is one of these until it is shown. Members keep the order in which they were added.
-using Json = nlohmann::ordered_json;
-
-}  // namespace btctl
+#include "btctl/base/JsonFwd.h"
 
 #endif

@@ -13,7 +13,7 @@
 #include "btctl/base/Failure.h"
 #include "btctl/base/Nearest.h"
 #include "btctl/commands/FromText.h"
-#include "btctl/commands/Tables.h"
+#include "btctl/composed/AllCommands.h"
 
 namespace btctl {
 namespace {

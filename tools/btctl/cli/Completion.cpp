@@ -4,8 +4,10 @@
 
 #include <glib.h>
 
-#include "btctl/commands/Tables.h"
+#include "btctl/composed/AllCommands.h"
+#include "btctl/events/Event.h"
 #include "btctl/sim/ControlHelp.h"
+#include "btctl/words/WordTable.h"
 
 namespace btctl {
 namespace {
@@ -19,7 +21,7 @@ const Names kGlobalOptions{"--help", "--json", "--no-wait", "--timeout", "--verb
 bool IsOption(const std::string& word) { return word.rfind("--", 0) == 0; }
 
 /// Case does not count; nor do letters beyond ASCII, unless they are the same.
-bool BeginsWith(const std::string& text, const std::string& start) {
+bool CanBecome(const std::string& text, const std::string& start) {
   return g_ascii_strncasecmp(text.c_str(), start.c_str(), start.size()) == 0;
 }
 
@@ -164,7 +166,7 @@ std::vector<std::string> Complete(const std::vector<std::string>& before, const 
                                   const KnownNames& known) {
   std::vector<std::string> matches;
   for (const std::string& candidate : Candidates(before, start, known)) {
-    if (BeginsWith(candidate, start)) {
+    if (CanBecome(candidate, start)) {
       matches.push_back(candidate);
     }
   }

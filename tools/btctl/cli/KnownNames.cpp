@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "btctl/base/Json.h"
+#include "btctl/events/Event.h"
 #include "btctl/output/TerminalSafe.h"
 
 namespace btctl {

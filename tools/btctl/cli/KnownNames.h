@@ -4,9 +4,9 @@
 #include <set>
 #include <string>
 
-#include "btctl/events/Event.h"
-
 namespace btctl {
+
+struct Event;
 
 /// The names that the shell has come across, to complete with: as they are shown, since they come
 /// from outside and are put into the line.

@@ -34,7 +34,7 @@ std::string HistoryFile() {
 }
 
 /// The words of a part of a line. An open quote is closed, since the line goes on.
-std::vector<std::string> WordsOf(const std::string& text) {
+std::vector<std::string> SplitIntoWords(const std::string& text) {
   for (const char* const end : {"", "\"", "'"}) {
     g_auto(GStrv) words = nullptr;
     if (g_shell_parse_argv((text + end).c_str(), nullptr, &words, nullptr) != FALSE) {
@@ -63,7 +63,7 @@ std::string Typed(const std::string& start, char quote) {
   if (quote == '\0') {
     return start;
   }
-  const std::vector<std::string> words = WordsOf(quote + start);
+  const std::vector<std::string> words = SplitIntoWords(quote + start);
   return words.empty() ? "" : words.front();
 }
 
@@ -87,8 +87,8 @@ char** Attempt(const char* start, int begin, int) {
   const char quote = static_cast<char>(rl_completion_quote_character);
   // The quote with which the word begins is no word of its own.
   const int end = quote != '\0' && begin > 0 ? begin - 1 : begin;
-  std::vector<std::string> words =
-      (*completer)(WordsOf(std::string(rl_line_buffer, static_cast<std::size_t>(end))), Typed(start, quote));
+  std::vector<std::string> words = (*completer)(
+      SplitIntoWords(std::string(rl_line_buffer, static_cast<std::size_t>(end))), Typed(start, quote));
   for (std::string& word : words) {
     word = quote != '\0' ? Escaped(word, quote) : NeedsQuotes(word) ? '"' + Escaped(word, '"') + '"' : word;
   }

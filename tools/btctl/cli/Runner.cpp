@@ -5,7 +5,10 @@
 #include <sstream>
 
 #include "btctl/base/Failure.h"
+#include "btctl/output/AnswerStream.h"
+#include "btctl/output/Output.h"
 #include "btctl/session/LibraryLog.h"
+#include "btctl/session/Session.h"
 
 namespace btctl {
 namespace {

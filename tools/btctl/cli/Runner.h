@@ -1,9 +1,15 @@
 #ifndef TOOLS_BTCTL_CLI_RUNNER_H
 #define TOOLS_BTCTL_CLI_RUNNER_H
 
+#include <functional>
+#include <string>
+
+#include "btctl/base/ExitCode.h"
 #include "btctl/cli/CommandLine.h"
 
 namespace btctl {
+
+class AnswerStream;
 
 /// Carries out what a command line says, and reports what comes of it. The exit code.
 ExitCode RunCommand(Session& session, AnswerStream& answers, const Parsed& parsed);

@@ -12,6 +12,7 @@
 
 #include "btctl/commands/ContactNames.h"
 #include "btctl/commands/ToJson.h"
+#include "btctl/events/Event.h"
 #include "btctl/session/LibraryLog.h"
 
 namespace btctl {

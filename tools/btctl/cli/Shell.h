@@ -6,6 +6,9 @@
 #include "btctl/cli/Completion.h"
 #include "btctl/cli/LineEditor.h"
 #include "btctl/cli/Runner.h"
+#include "btctl/events/EventHub.h"
+#include "btctl/output/Output.h"
+#include "btctl/session/Session.h"
 
 namespace btctl {
 

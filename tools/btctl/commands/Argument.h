@@ -1,12 +1,14 @@
 #ifndef TOOLS_BTCTL_COMMANDS_ARGUMENT_H
 #define TOOLS_BTCTL_COMMANDS_ARGUMENT_H
 
+#include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "btctl/words/WordTable.h"
-
 namespace btctl {
+
+class WordTable;
 
 /// What an argument of a command means: how it is read, and what the shell offers to complete it with.
 enum class Meaning {

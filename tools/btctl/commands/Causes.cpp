@@ -15,7 +15,7 @@
 #include <bluetooth/MWPBtPhone.h>
 
 #include "btctl/commands/ContactNames.h"
-#include "btctl/commands/Request.h"
+#include "btctl/commands/MakeRequest.h"
 
 namespace btctl {
 namespace {
@@ -24,8 +24,16 @@ using namespace MWPBtType;
 
 constexpr std::chrono::seconds kAtMost{2};
 
+/// The service reports addresses in upper case, however they were given to it.
+std::string UpperCase(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), [](char c) { return g_ascii_toupper(c); });
+  return text;
+}
+
+}  // namespace
+
 /// What the service reports of its state, as far as it can be the cause of a refusal.
-struct Report {
+struct StateReport {
   bool hasCome = false;                                   ///< else nothing is known of what it does not hold
   std::map<std::string, std::set<std::string>> profiles;  ///< those that are connected, by address
   std::string pairing;  ///< the device that is being paired, if there is one
@@ -46,14 +54,6 @@ struct Report {
     }
   }
 };
-
-/// The service reports addresses in upper case, however they were given to it.
-std::string UpperCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(), [](char c) { return g_ascii_toupper(c); });
-  return text;
-}
-
-}  // namespace
 
 /// The questions of the checks. All applications hear the answer to one of them, the report: it is asked for
 /// once at most.
@@ -80,7 +80,7 @@ class Inquiry {
     return *items;
   }
 
-  const Report& AskForReport() {
+  const StateReport& AskForReport() {
     if (!m_report) {
       m_report.emplace();
       const EventHub::OwnQuestion own(m_session.Events());
@@ -95,7 +95,7 @@ class Inquiry {
  private:
   Session& m_session;
   const Given& m_given;
-  std::optional<Report> m_report;
+  std::optional<StateReport> m_report;
 };
 
 namespace {
@@ -116,7 +116,7 @@ Check NothingIsConnected(const std::string& what, Question question) {
 }
 
 std::optional<Cause> NotConnected(Inquiry& inquiry, const std::string& address, const std::string& profile) {
-  const Report& report = inquiry.AskForReport();
+  const StateReport& report = inquiry.AskForReport();
   const auto device = report.profiles.find(UpperCase(address));
   if (device == report.profiles.end()) {
     return If(report.hasCome, {"not-connected", address + " is not connected", kConnectHint});
@@ -178,7 +178,7 @@ Check PairingIsUnderWay() {
 
 Check NoPairingIsUnderWay(std::size_t address) {
   return [=](Inquiry& inquiry) {
-    const Report& report = inquiry.AskForReport();
+    const StateReport& report = inquiry.AskForReport();
     const std::string text = inquiry.Argument(address);
     return If(report.hasCome && report.pairing != UpperCase(text),
               {"no-pairing", text + " is not being paired", "'btctl pair ADDRESS' pairs with a device."});
@@ -202,7 +202,7 @@ Check SearchIsRunning() {
 
 Check NoSearchIsRunning() {
   return [](Inquiry& inquiry) {
-    const Report& report = inquiry.AskForReport();
+    const StateReport& report = inquiry.AskForReport();
     return If(report.hasCome && !report.isSearching, {"no-search", "no search is running", ""});
   };
 }
@@ -216,7 +216,7 @@ Check DownloadIsUnderWay() {
 
 Check NoDownloadIsUnderWay() {
   return [](Inquiry& inquiry) {
-    const Report& report = inquiry.AskForReport();
+    const StateReport& report = inquiry.AskForReport();
     return If(report.hasCome && !report.isDownloading, {"no-download", "no download is under way", ""});
   };
 }

@@ -9,7 +9,6 @@
 
 #include "btctl/base/Failure.h"
 #include "btctl/commands/Argument.h"
-#include "btctl/session/Session.h"
 
 // Why the service refused a request. Its answer is a bare no, so the state that the request needs is asked
 // for afterwards, never before: a request that is accepted costs no more than itself.
@@ -24,6 +23,7 @@ struct Cause {
 };
 
 class Inquiry;
+class Session;
 
 /// Finds out whether something stood in the way. Throws a Failure if that cannot be found out.
 using Check = std::function<std::optional<Cause>(Inquiry&)>;

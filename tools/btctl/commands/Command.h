@@ -7,10 +7,11 @@
 
 #include "btctl/base/Options.h"
 #include "btctl/commands/Argument.h"
-#include "btctl/output/Output.h"
-#include "btctl/session/Session.h"
 
 namespace btctl {
+
+class Output;
+class Session;
 
 /// What a command works with.
 struct Context {

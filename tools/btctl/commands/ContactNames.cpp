@@ -7,7 +7,7 @@
 #include <bluetooth/MWPBtPbap.h>
 
 #include "btctl/base/Failure.h"
-#include "btctl/commands/Request.h"
+#include "btctl/commands/MakeRequest.h"
 #include "btctl/output/PlainText.h"
 #include "btctl/output/TerminalSafe.h"
 

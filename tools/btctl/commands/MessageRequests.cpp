@@ -8,7 +8,7 @@ namespace {
 using namespace arg;
 
 Argument Folder() { return OneOf("FOLDER", WordsOf<MWPBtMessageType>()); }
-Argument Handle() { return Text("HANDLE", "of the message"); }
+Argument MessageHandle() { return Text("HANDLE", "of the message"); }
 
 }  // namespace
 
@@ -42,7 +42,7 @@ std::vector<Request> MessageRequests() {
       {"message mark-read",
        "Mark a message as read",
        BTCTL_METHOD(MWPBtMessage, SetMessageReaded),
-       {Handle()},
+       {MessageHandle()},
        Accepted(),
        {}},
       {"message at",
@@ -54,7 +54,7 @@ std::vector<Request> MessageRequests() {
       {"message show",
        "Show a message",
        BTCTL_METHOD(MWPBtMessage, GetMessageByHandle),
-       {Handle()},
+       {MessageHandle()},
        Value(),
        {}},
       {"message list",
@@ -66,7 +66,7 @@ std::vector<Request> MessageRequests() {
       {"message delete",
        "Delete a message",
        BTCTL_METHOD(MWPBtMessage, DeleteMessageByHandle),
-       {Handle(), Or(Whole("TYPE", "as the service numbers it"), "0")},
+       {MessageHandle(), Or(Whole("TYPE", "as the service numbers it"), "0")},
        Accepted(),
        {}},
       {"message clear",

@@ -3,7 +3,10 @@
 #include <algorithm>
 
 #include "btctl/base/Failure.h"
+#include "btctl/bus/Diagnosis.h"
+#include "btctl/bus/SessionBus.h"
 #include "btctl/commands/ContactNames.h"
+#include "btctl/commands/MakeRequest.h"
 #include "btctl/session/LibraryLog.h"
 
 namespace btctl {
@@ -27,7 +30,8 @@ bool MayBeAPreset(const Json& result) { return IsNothing(result) || result.is_ob
 Reply Judged(const Call& call) {
   const auto begin = std::chrono::steady_clock::now();
   const LibraryLog::Errors errors;
-  Reply reply = call();
+  Reply reply;
+  call(reply);
   if (!errors.Any() && !MayBeAPreset(reply.result)) {
     return reply;
   }

@@ -1,6 +1,10 @@
 #ifndef TOOLS_BTCTL_COMMANDS_REQUEST_H
 #define TOOLS_BTCTL_COMMANDS_REQUEST_H
 
+#include <optional>
+#include <string>
+#include <vector>
+
 #include "btctl/commands/Bind.h"
 #include "btctl/commands/Causes.h"
 #include "btctl/commands/Command.h"
@@ -51,31 +55,6 @@ struct Request {
 
 /// The command that makes the request, shows its answer, and follows it to its outcome.
 Command AsCommand(Request request);
-
-/// The same in the middle of another command: makes the request and judges its answer, but shows nothing.
-/// Throws a Failure, with its cause if one of the checks finds it, if it is refused.
-Reply MakeRequest(Session& session, const Answer& answer, const Call& call, const Checks& checks = {},
-                  const Given& given = Given({}));
-
-/// That the service refused; it does not say why.
-Failure Refused();
-
-/// Waits for the outcome. Throws a Failure if it is one, or does not come.
-void Follow(Context& context, const OutcomeWatch& watch);
-
-/// What the call of any function is to MakeRequest. The function owns all that it needs.
-template <typename Function>
-Call CallOf(Function function) {
-  return [function] {
-    Reply reply;
-    if constexpr (std::is_void_v<std::invoke_result_t<Function>>) {
-      function();
-    } else {
-      reply.result = ToJson(function());
-    }
-    return reply;
-  };
-}
 
 /// The name of a facade method and how it is called: two members of a Request.
 #define BTCTL_METHOD(facade, method) #facade "::" #method, Bind(&facade::method)

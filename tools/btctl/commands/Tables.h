@@ -3,7 +3,6 @@
 
 #include <vector>
 
-#include "btctl/commands/Command.h"
 #include "btctl/commands/Request.h"
 
 namespace btctl {
@@ -16,11 +15,6 @@ std::vector<Request> PbapRequests();
 std::vector<Request> MessageRequests();
 std::vector<Request> SppRequests();
 std::vector<Request> BleRequests();
-
-/// All commands, those that are more than one request included.
-const std::vector<Command>& AllCommands();
-/// What a group of commands is about: that of "call" for "call dial".
-std::string HelpOfGroup(const std::string& group);
 
 }  // namespace btctl
 

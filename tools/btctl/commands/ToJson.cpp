@@ -1,5 +1,6 @@
 #include "btctl/commands/ToJson.h"
 
+#include "btctl/base/Json.h"
 #include "btctl/words/Words.h"
 
 namespace btctl {
@@ -78,5 +79,32 @@ Json ToJson(const MWPTypeBleDevice& device) {
 Json ToJson(const MWPTypeGattService& service) {
   return {{"uuid", service.strUuid}, {"start", service.nStartHandle}, {"end", service.nEndHandle}};
 }
+
+Json ToJson(int value) { return value; }
+
+Json ToJson(const std::string& text) { return text; }
+
+void BeginList(Json& list) { list = Json::array(); }
+
+Json& NextItemOf(Json& list) { return list.emplace_back(); }
+
+template <typename Value>
+void StoreOne(Json& target, const Value& value) {
+  target = ToJson(value);
+}
+
+// All that a facade method answers, or that is in a list which it answers.
+template void StoreOne(Json& target, const int& value);
+template void StoreOne(Json& target, const std::string& value);
+template void StoreOne(Json& target, const MWPTypeBleDevice& value);
+template void StoreOne(Json& target, const MWPTypeCallInfo& value);
+template void StoreOne(Json& target, const MWPTypeCallLog& value);
+template void StoreOne(Json& target, const MWPTypeConnectionState& value);
+template void StoreOne(Json& target, const MWPTypeContact& value);
+template void StoreOne(Json& target, const MWPTypeGattService& value);
+template void StoreOne(Json& target, const MWPTypeMediaInfo& value);
+template void StoreOne(Json& target, const MWPTypeMediaItem& value);
+template void StoreOne(Json& target, const MWPTypeMessage& value);
+template void StoreOne(Json& target, const MWPTypePlayMode& value);
 
 }  // namespace btctl

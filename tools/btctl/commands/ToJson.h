@@ -8,7 +8,7 @@
 
 #include <bluetooth/MWPBtRecords.h>
 
-#include "btctl/base/Json.h"
+#include "btctl/base/JsonFwd.h"
 
 // The records of the library as JSON objects. Numbered texts and values have the names here that the service
 // gives them with which this tool is developed.
@@ -25,17 +25,38 @@ Json ToJson(const MWPTypeMessage& message);
 Json ToJson(const MWPTypeMediaItem& item);
 Json ToJson(const MWPTypeBleDevice& device);
 Json ToJson(const MWPTypeGattService& service);
-inline Json ToJson(int value) { return value; }
-inline Json ToJson(const std::string& text) { return text; }
+Json ToJson(int value);
+Json ToJson(const std::string& text);
 
-/// A list or vector of them.
-template <typename List, typename = typename List::value_type>
-Json ToJson(const List& items) {
-  Json all = Json::array();
-  for (const auto& item : items) {
-    all.push_back(ToJson(item));
+/// Makes an empty list of a value.
+void BeginList(Json& list);
+/// A new item at its end.
+Json& NextItemOf(Json& list);
+
+/// Puts what a facade method answers into a value: a record, a text or a number. Compiled for each type in
+/// ToJson.cpp.
+template <typename Value>
+void StoreOne(Json& target, const Value& value);
+
+template <typename Value, typename = void>
+struct IsListOfRecords : std::false_type {};
+template <typename Value>
+struct IsListOfRecords<Value, std::void_t<typename Value::value_type>>
+    : std::bool_constant<!std::is_same_v<Value, std::string>> {};
+
+/// The same, and for a list of them.
+template <typename Value>
+void Store(Json& target, const Value& value) {
+  if constexpr (IsListOfRecords<Value>::value) {
+    BeginList(target);
+    for (const auto& item : value) {
+      StoreOne(NextItemOf(target), item);
+    }
+  } else if constexpr (std::is_arithmetic_v<Value> || std::is_enum_v<Value>) {
+    StoreOne(target, static_cast<int>(value));
+  } else {
+    StoreOne(target, value);
   }
-  return all;
 }
 
 /// The name that a contact is shown and found by.

@@ -1,7 +1,11 @@
 #include <bluetooth/MWPBtPbap.h>
 
-#include "btctl/commands/Tables.h"
+#include "btctl/commands/Request.h"
 #include "btctl/composed/Composed.h"
+#include "btctl/events/Event.h"
+#include "btctl/events/EventHub.h"
+#include "btctl/output/Output.h"
+#include "btctl/session/Session.h"
 
 namespace btctl {
 namespace {

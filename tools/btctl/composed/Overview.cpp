@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "btctl/base/Failure.h"
-#include "btctl/commands/Request.h"
+#include "btctl/commands/MakeRequest.h"
 #include "btctl/composed/Composed.h"
 
 // What several requests together show.

@@ -1,7 +1,7 @@
 #include <bluetooth/MWPBtCom.h>
 
 #include "btctl/base/Failure.h"
-#include "btctl/commands/Request.h"
+#include "btctl/commands/MakeRequest.h"
 #include "btctl/composed/Composed.h"
 #include "btctl/session/Prompt.h"
 
@@ -11,7 +11,7 @@ namespace {
 using namespace MWPBtType;
 using namespace arg;
 
-enum Place : std::size_t { ADDRESS, PIN, YES };
+enum PairPlace : std::size_t { ADDRESS, PIN, YES };
 
 /// What a device asks before it pairs.
 struct Question {

@@ -1,7 +1,7 @@
 #include <bluetooth/MWPBtCom.h>
 
 #include "btctl/base/Failure.h"
-#include "btctl/commands/Request.h"
+#include "btctl/commands/MakeRequest.h"
 #include "btctl/composed/Composed.h"
 
 namespace btctl {

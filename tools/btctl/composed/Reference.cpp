@@ -1,6 +1,10 @@
 #include "btctl/base/Failure.h"
-#include "btctl/commands/Tables.h"
+#include "btctl/base/Json.h"
+#include "btctl/composed/AllCommands.h"
 #include "btctl/composed/Composed.h"
+#include "btctl/events/Event.h"
+#include "btctl/output/Output.h"
+#include "btctl/words/Words.h"
 
 // What this program knows without asking anybody.
 
@@ -33,7 +37,7 @@ void ListWords(Context& context, const Given& given) {
   context.output.ShowList("word", words);
 }
 
-Json ArgumentsOf(const Command& command) {
+Json NamesOfArguments(const Command& command) {
   Json arguments = Json::array();
   for (const Argument& argument : command.arguments) {
     if (!argument.isFixed) {
@@ -47,7 +51,7 @@ void ListCommands(Context& context, const Given&) {
   Json commands = Json::array();
   for (const Command& command : AllCommands()) {
     commands.push_back({{"command", command.path},
-                        {"arguments", ArgumentsOf(command)},
+                        {"arguments", NamesOfArguments(command)},
                         {"methods", command.methods},
                         {"help", command.help}});
   }

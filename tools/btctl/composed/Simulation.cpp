@@ -1,5 +1,8 @@
 #include "btctl/base/Failure.h"
+#include "btctl/base/Json.h"
 #include "btctl/composed/Composed.h"
+#include "btctl/output/Output.h"
+#include "btctl/session/Session.h"
 #include "btctl/sim/ControlHelp.h"
 #include "btctl/sim/SimulationControl.h"
 
@@ -8,7 +11,7 @@ namespace {
 
 using namespace arg;
 
-enum Place : std::size_t { CONTROL, VALUES };
+enum SimPlace : std::size_t { CONTROL, VALUES };
 
 Json Use(Context& context, const std::string& control, const std::vector<std::string>& values) {
   try {

@@ -3,7 +3,10 @@
 #include "btctl/base/Failure.h"
 #include "btctl/commands/FromText.h"
 #include "btctl/composed/Composed.h"
+#include "btctl/events/EventHub.h"
 #include "btctl/events/FieldWords.h"
+#include "btctl/output/Output.h"
+#include "btctl/session/Session.h"
 
 namespace btctl {
 namespace {

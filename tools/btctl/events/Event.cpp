@@ -15,7 +15,7 @@ bool IsSame(const std::string& left, const std::string& right) {
   return g_ascii_strcasecmp(left.c_str(), right.c_str()) == 0;
 }
 
-std::string Joined(const std::vector<std::string>& texts) {
+std::string CommaSeparated(const std::vector<std::string>& texts) {
   std::string joined;
   for (const std::string& text : texts) {
     joined += joined.empty() ? text : ", " + text;
@@ -104,7 +104,7 @@ const EventValue& Event::Value(const std::string& field) const {
       std::find_if(fields.begin(), fields.end(), [&](const auto& known) { return IsSame(known, field); });
   if (found == fields.end()) {
     throw Failure(EXIT_UNKNOWN_NAME, Name() + " has no value '" + field + "'",
-                  fields.empty() ? "It has none at all." : "It has: " + Joined(fields) + ".");
+                  fields.empty() ? "It has none at all." : "It has: " + CommaSeparated(fields) + ".");
   }
   return values[static_cast<std::size_t>(found - fields.begin())];
 }

@@ -4,9 +4,9 @@
 #include <functional>
 #include <memory>
 
-#include "btctl/events/Event.h"
-
 namespace btctl {
+
+struct Event;
 
 using EventSink = std::function<void(const Event&)>;
 

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "btctl/events/Event.h"
 #include "btctl/events/Listeners.h"
 
 namespace btctl {

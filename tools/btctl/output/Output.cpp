@@ -8,6 +8,8 @@
 #include <glib.h>
 #include <unistd.h>
 
+#include "btctl/base/Json.h"
+#include "btctl/events/Event.h"
 #include "btctl/output/PlainText.h"
 #include "btctl/output/TerminalSafe.h"
 

@@ -4,12 +4,13 @@
 #include <string>
 
 #include "btctl/base/Failure.h"
-#include "btctl/base/Json.h"
-#include "btctl/events/Event.h"
+#include "btctl/base/JsonFwd.h"
 #include "btctl/output/AnswerStream.h"
 #include "btctl/output/Style.h"
 
 namespace btctl {
+
+struct Event;
 
 /// Where a command was written: on the command line of the program, or as a line that the program reads.
 enum class Origin { COMMAND_LINE, LINE };

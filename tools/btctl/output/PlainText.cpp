@@ -4,6 +4,7 @@
 
 #include <glib.h>
 
+#include "btctl/base/Json.h"
 #include "btctl/output/TerminalSafe.h"
 
 namespace btctl {

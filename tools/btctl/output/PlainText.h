@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "btctl/base/Json.h"
+#include "btctl/base/JsonFwd.h"
 
 // Answers as people read them.
 

@@ -5,6 +5,8 @@
 
 #include <glib.h>
 
+#include "btctl/base/Json.h"
+
 namespace btctl {
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "btctl/base/Json.h"
+#include "btctl/base/JsonFwd.h"
 
 // Texts come from phones, from the service and from shared memory, and may hold anything. Every text goes
 // through one of these on its way to a terminal, a file or a pipe.

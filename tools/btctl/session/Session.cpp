@@ -10,6 +10,9 @@
 
 #include <bluetooth/MWPBluetooth.h>
 
+#include "btctl/bus/Diagnosis.h"
+#include "btctl/events/EventHub.h"
+
 namespace btctl {
 namespace {
 
@@ -38,7 +41,7 @@ Session::~Session() {
 
 EventHub& Session::Events() {
   if (!m_events) {
-    m_events.emplace();
+    m_events = std::make_unique<EventHub>();
   }
   return *m_events;
 }

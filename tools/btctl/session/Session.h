@@ -7,12 +7,14 @@
 #include <optional>
 #include <type_traits>
 
-#include "btctl/events/EventHub.h"
+#include "btctl/base/Failure.h"
+#include "btctl/bus/SessionBus.h"
 #include "btctl/session/Alarm.h"
-#include "btctl/session/Diagnosis.h"
 #include "btctl/session/Source.h"
 
 namespace btctl {
+
+class EventHub;
 
 /// The library in use: how requests that block live beside a main loop that delivers events.
 ///
@@ -104,7 +106,7 @@ class Session {
   void ThrowIfOver() const;
 
   const Source m_interrupts;
-  std::optional<EventHub> m_events;
+  std::unique_ptr<EventHub> m_events;
   std::optional<ServiceWatch> m_watch;
   std::optional<Alarm> m_deadline;
   bool m_isInterrupted = false;

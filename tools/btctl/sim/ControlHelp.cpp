@@ -3,13 +3,13 @@
 namespace btctl {
 namespace {
 
-struct Control {
+struct KnownControl {
   const char* name;
   const char* help;
 };
 
 // clang-format off
-constexpr Control kControls[] = {
+constexpr KnownControl kControls[] = {
     {"add-device", "A device appears; it is described as in the JSON of a world"},
     {"set-in-range", "A device comes into range (on) or leaves it (off)"},
     {"lose-link", "The link to a device breaks; the device stays near"},
@@ -49,7 +49,7 @@ constexpr Control kControls[] = {
 }  // namespace
 
 std::string HelpOfControl(const std::string& control) {
-  for (const Control& known : kControls) {
+  for (const KnownControl& known : kControls) {
     if (control == known.name) {
       return known.help;
     }
@@ -59,7 +59,7 @@ std::string HelpOfControl(const std::string& control) {
 
 std::vector<std::string> NamesOfControls() {
   std::vector<std::string> names;
-  for (const Control& control : kControls) {
+  for (const KnownControl& control : kControls) {
     names.emplace_back(control.name);
   }
   return names;

@@ -4,11 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "btctl/base/Json.h"
+#include "btctl/base/JsonFwd.h"
 
 // The controls of the simulated service: what a test or a developer does to it that no phone and no user
-// could. They are not part of the library, so this is the one place that talks D-Bus by itself. The service
-// is asked which controls there are. All of it blocks.
+// could. The service is asked which controls there are. All of it blocks.
 
 namespace btctl {
 

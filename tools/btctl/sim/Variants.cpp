@@ -1,8 +1,7 @@
 #include "btctl/sim/Variants.h"
 
-#include <cstring>
-
 #include "btctl/base/Failure.h"
+#include "btctl/base/Json.h"
 #include "btctl/commands/FromText.h"
 #include "btctl/words/Words.h"
 
@@ -13,8 +12,8 @@ VariantPtr Owned(GVariant* floating) { return VariantPtr(g_variant_ref_sink(floa
 
 }  // namespace
 
-VariantPtr ToVariant(const std::string& text, const char* type, const std::string& argument) {
-  switch (*type) {
+VariantPtr ToVariant(const std::string& text, const std::string& type, const std::string& argument) {
+  switch (type.front()) {
     case 's':
       return Owned(g_variant_new_string(text.c_str()));
     case 'b':
@@ -23,12 +22,12 @@ VariantPtr ToVariant(const std::string& text, const char* type, const std::strin
     default:
       break;
   }
-  if (std::strcmp(type, "ay") == 0) {
+  if (type == "ay") {
     const std::vector<unsigned char> bytes = ParseBytes(text);
     return Owned(g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, bytes.data(), bytes.size(), 1));
   }
   g_autoptr(GError) error = nullptr;
-  g_autoptr(GVariantType) wanted = g_variant_type_new(type);
+  g_autoptr(GVariantType) wanted = g_variant_type_new(type.c_str());
   VariantPtr value(g_variant_parse(wanted, text.c_str(), nullptr, nullptr, &error));  // never floating
   if (value == nullptr) {
     throw Failure(EXIT_USAGE,

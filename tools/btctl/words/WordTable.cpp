@@ -3,6 +3,7 @@
 #include <glib.h>
 
 #include "btctl/base/Failure.h"
+#include "btctl/base/Json.h"
 #include "btctl/base/Nearest.h"
 
 namespace btctl {

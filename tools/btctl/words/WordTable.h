@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "btctl/base/Json.h"
+#include "btctl/base/JsonFwd.h"
 #include "protocol/Words.h"
 
 namespace btctl {

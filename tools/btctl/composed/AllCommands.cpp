@@ -1,8 +1,9 @@
-#include "btctl/commands/Tables.h"
+#include "btctl/composed/AllCommands.h"
 
 #include <iterator>
 #include <map>
 
+#include "btctl/commands/Tables.h"
 #include "btctl/composed/Composed.h"
 
 namespace btctl {
