@@ -76,7 +76,7 @@ Head FindHead(std::string_view line) {
 }
 
 /// Takes what is before the separator, and the separator, off the rest.
-std::string_view TakePart(std::string_view& rest, char separator) {
+std::string_view TakeUpTo(std::string_view& rest, char separator) {
   const std::size_t end = std::min(FindOutsideQuotes(rest, separator), rest.size());
   const std::string_view part = rest.substr(0, end);
   rest.remove_prefix(std::min(end + 1, rest.size()));
@@ -120,7 +120,7 @@ void TakeParameter(std::string_view parameter, VCardProperty& property) {
     TakeEncoding(value, property);
   } else if (IsSameWord(name, "TYPE")) {
     while (!value.empty()) {
-      TakeType(TakePart(value, ','), property);
+      TakeType(TakeUpTo(value, ','), property);
     }
   }
 }
@@ -173,7 +173,7 @@ void ParseHead(std::string_view line, const Head& head, VCardProperty& property)
   }
   std::string_view parameters = line.substr(head.semicolon + 1, head.colon - head.semicolon - 1);
   while (!parameters.empty()) {
-    TakeParameter(TakePart(parameters, ';'), property);
+    TakeParameter(TakeUpTo(parameters, ';'), property);
   }
 }
 

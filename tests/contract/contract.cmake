@@ -3,6 +3,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/derived.cmake)
 add_library(bt_test_contract STATIC contract/AdapterCalls.cpp contract/WireValues.cpp contract/Witness.cpp)
 target_compile_definitions(bt_test_contract PRIVATE BTTEST_WITNESS="${CMAKE_CURRENT_LIST_DIR}/witness.txt")
 target_link_libraries(bt_test_contract PUBLIC bt_test_derived bt_test_support bt_internal PRIVATE bt_warnings GTest::gtest)
+target_precompile_headers(bt_test_contract REUSE_FROM bt_test_headers)
 include(${CMAKE_CURRENT_LIST_DIR}/events.cmake)
 
 bt_add_test(NAME contract_witness SOURCES witness_test.cpp LIBS bt_test_contract)

@@ -21,6 +21,7 @@ add_library(bt_test_requests STATIC
   contract/RequestCasesCom.cpp contract/RequestCasesMedia.cpp contract/RequestCasesMessage.cpp
   contract/RequestCasesPbap.cpp contract/RequestCasesPhone.cpp contract/RequestCasesSpp.cpp)
 target_link_libraries(bt_test_requests PUBLIC bt_test_contract PRIVATE bt_warnings GTest::gtest)
+target_precompile_headers(bt_test_requests REUSE_FROM bt_test_headers)
 bt_add_test(NAME contract_client
   SOURCES client_music_test.cpp client_requests_test.cpp
   LIBS bt_test_requests)

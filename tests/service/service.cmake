@@ -1,5 +1,6 @@
 add_library(bt_model_fixture STATIC service/model_fixture.cpp)
 target_link_libraries(bt_model_fixture PUBLIC btservice_model bt_test_support PRIVATE bt_warnings)
+target_precompile_headers(bt_model_fixture REUSE_FROM bt_test_headers)
 
 bt_add_test(NAME service_model_test
   SOURCES

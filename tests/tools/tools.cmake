@@ -7,6 +7,7 @@ add_library(bt_tools_support STATIC tools/Btctl.cpp tools/Simulation.cpp tools/T
 target_compile_definitions(bt_tools_support PUBLIC
   BTCTL_EXECUTABLE="$<TARGET_FILE:btctl>" BT_WORLDS="${CMAKE_SOURCE_DIR}/service/simulation/worlds")
 target_link_libraries(bt_tools_support PUBLIC bt_test_support bt_internal btctl_parts util PRIVATE bt_warnings)
+target_precompile_headers(bt_tools_support REUSE_FROM bt_test_headers)
 add_dependencies(bt_tools_support btctl)
 
 bt_add_test(NAME tools_parts_test

@@ -1,0 +1,1 @@
+// Nothing: the precompiled headers of the tests belong to a target, and a target has a source.
