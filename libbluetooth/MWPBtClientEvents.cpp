@@ -4,7 +4,6 @@
 
 #include <atomic>
 #include <exception>
-#include <mutex>
 #include <set>
 
 #include <bluetooth/IMWPBtBleListener.h>
@@ -41,59 +40,83 @@ constexpr int kListenerType<IMWPBtSppListener> = SPP_LISTENER;
 template <>
 constexpr int kListenerType<IMWPBtBleListener> = BLE_LISTENER;
 
+/// Learns that a client is deleted, for as long as this lives, without touching the client: that may happen
+/// in a callback, or on another thread. The client itself must not grow, so those who watch are entered here.
+class ClientWatch {
+ public:
+  /// Throws std::bad_alloc if more walks than ever before are under way and there is no memory for one more.
+  explicit ClientWatch(const MWPBtClient& client) : m_client(client), m_slot(Occupy(client)) {}
+  ~ClientWatch() { m_slot.client.store(nullptr); }
+  ClientWatch(const ClientWatch&) = delete;
+  ClientWatch& operator=(const ClientWatch&) = delete;
+
+  bool ClientIsGone() const { return m_slot.client.load() != &m_client; }
+
+  /// Tells those who watch a client that it is being deleted.
+  static void MarkClientGone(const MWPBtClient& client) {
+    for (Slot* slot = &s_first; slot != nullptr; slot = slot->next.load()) {
+      const void* watched = &client;
+      slot->client.compare_exchange_strong(watched, &s_gone);
+    }
+  }
+
+ private:
+  /// A place for one watch. Places are never given back, since others may be looking at them: there are as
+  /// many as there were watches at the same time.
+  struct Slot {
+    std::atomic<const void*> client{nullptr};  ///< null: free; &s_gone: occupied, and the client is gone
+    std::atomic<Slot*> next{nullptr};
+  };
+
+  static Slot& Occupy(const MWPBtClient& client) {
+    for (Slot* slot = &s_first;;) {
+      const void* nobody = nullptr;
+      if (slot->client.compare_exchange_strong(nobody, &client)) {
+        return *slot;
+      }
+      Slot* next = slot->next.load();
+      if (next == nullptr) {
+        auto* const fresh = new Slot;
+        if (slot->next.compare_exchange_strong(next, fresh)) {
+          next = fresh;
+        } else {
+          delete fresh;
+        }
+      }
+      slot = next;
+    }
+  }
+
+  static Slot s_first;
+  static const char s_gone;
+
+  const MWPBtClient& m_client;
+  Slot& m_slot;
+};
+
+ClientWatch::Slot ClientWatch::s_first;
+const char ClientWatch::s_gone = 0;
+
 /// One walk over the listeners of a client: holds the registry locked for as long as it lives, or until that
-/// client is deleted under its hands. Walks are entered in a list, in which the client's destructor finds
-/// them: the client itself must not grow.
+/// client is deleted under its hands.
 class Walk {
  public:
-  explicit Walk(MWPBtClient& client) : m_client(client) {
-    client.LockListener();
-    const std::lock_guard<std::mutex> lock(s_mutex);
-    m_next = s_first;
-    s_first = this;
-  }
+  explicit Walk(MWPBtClient& client) : m_client(client), m_watch(client) { client.LockListener(); }
   ~Walk() {
-    if (Leave()) {
+    if (!m_watch.ClientIsGone()) {
       m_client.UnlockListener();
     }
   }
   Walk(const Walk&) = delete;
   Walk& operator=(const Walk&) = delete;
 
-  bool ClientIsGone() const { return m_clientIsGone; }
-
-  /// Marks the walks of a client that is being deleted.
-  static void MarkClientGone(const MWPBtClient& client) {
-    const std::lock_guard<std::mutex> lock(s_mutex);
-    for (Walk* walk = s_first; walk != nullptr; walk = walk->m_next) {
-      if (&walk->m_client == &client) {
-        walk->m_clientIsGone = true;
-      }
-    }
-  }
+  /// Ask after each call of a listener.
+  bool ClientIsGone() const { return m_watch.ClientIsGone(); }
 
  private:
-  /// Takes the walk out of the list; false if the client is gone.
-  bool Leave() {
-    const std::lock_guard<std::mutex> lock(s_mutex);
-    Walk** link = &s_first;
-    while (*link != this) {
-      link = &(*link)->m_next;
-    }
-    *link = m_next;
-    return !m_clientIsGone;
-  }
-
-  static std::mutex s_mutex;  ///< of the list
-  static Walk* s_first;
-
   MWPBtClient& m_client;
-  std::atomic<bool> m_clientIsGone{false};  ///< asked after each call, without the lock
-  Walk* m_next = nullptr;
+  const ClientWatch m_watch;
 };
-
-std::mutex Walk::s_mutex;
-Walk* Walk::s_first = nullptr;
 
 void LogThrown(const char* event, const char* what) {
   MWPLogWrite(MWPLogSite{MWP_LOG_SOURCE, event, __LINE__}, MWP_LOG_ERROR,
@@ -139,7 +162,7 @@ void Send(MWPBtClient& client, const char* event, void (Listener::*method)(Param
 
 }  // namespace
 
-MWPBtClient::~MWPBtClient() { Walk::MarkClientGone(*this); }
+MWPBtClient::~MWPBtClient() { ClientWatch::MarkClientGone(*this); }
 
 // To IMWPBtComListener
 
