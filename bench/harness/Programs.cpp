@@ -3,9 +3,13 @@
 #include <filesystem>
 #include <stdexcept>
 
+std::string PathOfProgram(const std::string& name) {
+  return std::filesystem::read_symlink("/proc/self/exe").replace_filename(name).string();
+}
+
 GSubprocess* StartProgram(const std::string& name, const std::vector<std::string>& arguments,
                           GSubprocessFlags flags) {
-  const std::string path = std::filesystem::read_symlink("/proc/self/exe").replace_filename(name).string();
+  const std::string path = PathOfProgram(name);
   std::vector<const gchar*> command = {path.c_str()};
   for (const std::string& argument : arguments) {
     command.push_back(argument.c_str());

@@ -14,6 +14,8 @@ namespace {
 
 using nlohmann::ordered_json;
 
+constexpr const char* kInstructions = "instr";
+
 std::string Now() {
   const std::time_t now = std::time(nullptr);
   char text[32];
@@ -46,7 +48,8 @@ double Load() {
 }
 
 std::string Text(const Figure& figure) {
-  const int decimals = figure.unit.empty() ? 0 : figure.unit == "x" ? 3 : 2;
+  const bool isCount = figure.unit.empty() || figure.unit == kInstructions;
+  const int decimals = isCount ? 0 : figure.unit == "x" ? 3 : 2;
   char text[64];
   std::snprintf(text, sizeof text, "%.*f %s", decimals, figure.value, figure.unit.c_str());
   return text;
@@ -86,6 +89,7 @@ Figure Microseconds(double seconds) { return {seconds * 1e6, "us"}; }
 Figure Milliseconds(double seconds) { return {seconds * 1e3, "ms"}; }
 Figure Mebibytes(double kibibytes) { return {kibibytes / 1024, "MiB"}; }
 Figure Count(double count) { return {count, ""}; }
+Figure Instructions(double count) { return {count, kInstructions}; }
 Figure Times(double ratio) { return {ratio, "x"}; }
 
 Report::Report() : m_date(Now()) {

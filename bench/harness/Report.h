@@ -53,6 +53,7 @@ Figure Milliseconds(double seconds);
 Figure Mebibytes(double kibibytes);
 /// Of things, without a unit.
 Figure Count(double count);
+Figure Instructions(double count);
 /// How often the yardstick's cost.
 Figure Times(double ratio);
 

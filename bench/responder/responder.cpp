@@ -27,10 +27,21 @@ constexpr const char* kControlXml =
     "<method name='GetBook'><arg name='contacts' type='a(issa(ias))' direction='out'/></method>"
     "</interface></node>";
 
+/// The phone book in its forms, made when it is asked for.
 struct Book {
+  explicit Book(void* segmentMemory) : memory(segmentMemory) {}
+
+  void Make() {
+    if (message == nullptr) {
+      const PhoneBook contacts = MakeFullBook();
+      segment = PackForSegment(contacts);
+      message = g_variant_ref_sink(PackAsMessage(contacts));
+    }
+  }
+
   std::vector<unsigned char> segment;
-  GVariant* message;  ///< the reply of GetBook
-  void* memory;       ///< of SH_CONTACT_LIST
+  GVariant* message = nullptr;  ///< the reply of GetBook
+  void* memory;                 ///< of SH_CONTACT_LIST
 };
 
 /// The memory of SH_CONTACT_LIST; null if it cannot be had.
@@ -51,8 +62,21 @@ gboolean OnGetPowerStatus(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* 
   return TRUE;
 }
 
+gboolean OnConnect(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* invocation, const gchar*, guchar,
+                   guchar, gpointer) {
+  com_zelk_linux_bluetooth_complete_connect(object, invocation, 1);
+  return TRUE;
+}
+
+gboolean OnDisConnect(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* invocation, const gchar*, guchar,
+                      gpointer) {
+  com_zelk_linux_bluetooth_complete_dis_connect(object, invocation, 1);
+  return TRUE;
+}
+
 gboolean OnGetContactList(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* invocation, gpointer data) {
-  const auto& book = *static_cast<const Book*>(data);
+  auto& book = *static_cast<Book*>(data);
+  book.Make();
   std::memcpy(book.memory, book.segment.data(), book.segment.size());
   com_zelk_linux_bluetooth_complete_get_contact_list(object, invocation, TRUE);
   return TRUE;
@@ -76,7 +100,9 @@ void OnControl(GDBusConnection* connection, const gchar*, const gchar*, const gc
     EmitInBulk(connection, parameters);
     g_dbus_method_invocation_return_value(invocation, nullptr);
   } else {
-    g_dbus_method_invocation_return_value(invocation, static_cast<Book*>(data)->message);
+    auto& book = *static_cast<Book*>(data);
+    book.Make();
+    g_dbus_method_invocation_return_value(invocation, book.message);
   }
 }
 
@@ -90,6 +116,8 @@ gboolean OnInputEnds(gint, GIOCondition, gpointer loop) {
 bool Export(GDBusConnection* connection, ComZelkLinuxBluetooth* skeleton, Book& book) {
   g_signal_connect(skeleton, "handle-accept-call", G_CALLBACK(OnAcceptCall), nullptr);
   g_signal_connect(skeleton, "handle-get-power-status", G_CALLBACK(OnGetPowerStatus), nullptr);
+  g_signal_connect(skeleton, "handle-connect", G_CALLBACK(OnConnect), nullptr);
+  g_signal_connect(skeleton, "handle-dis-connect", G_CALLBACK(OnDisConnect), nullptr);
   g_signal_connect(skeleton, "handle-get-contact-list", G_CALLBACK(OnGetContactList), &book);
 
   GError* error = nullptr;
@@ -128,8 +156,7 @@ int main() {
     return 1;
   }
 
-  const PhoneBook contacts = MakeFullBook();
-  Book book{PackForSegment(contacts), g_variant_ref_sink(PackAsMessage(contacts)), memory};
+  Book book(memory);
   ComZelkLinuxBluetooth* const skeleton = com_zelk_linux_bluetooth_skeleton_new();
   GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
   if (!Export(connection, skeleton, book)) {

@@ -4,18 +4,16 @@
 #include <bluetooth/MWPBtPbap.h>
 
 #include <malloc.h>
-#include <cstring>
 #include <stdexcept>
 #include <utility>
 
 #include "bench/book/PhoneBook.h"
+#include "bench/book/StringPass.h"
 #include "bench/harness/Clocks.h"
 #include "bench/harness/Rounds.h"
 #include "bench/peers/BookMessage.h"
 #include "bench/sections/QuickCall.h"
 #include "bench/sections/Sections.h"
-#include "ipc/ShareMemory/ShareMemory.h"
-#include "protocol/Segments.h"
 #ifdef BENCH_HAS_VFORMAT
 #include "bench/peers/BookCards.h"
 #include "service/phonebook/VCard.h"
@@ -30,35 +28,6 @@ constexpr clockid_t kProcessor = CLOCK_THREAD_CPUTIME_ID;
 constexpr double kLimitIntoEmptyList = 9;
 constexpr double kLimitIntoPreviousList = 3.5;
 constexpr double kLimitOfCards = 0.1;
-
-/// Finds the end of every string of a book in its segment, and no more. Answers the number of bytes walked.
-/// Not inline: whoever does not look at the answer still has it worked out.
-__attribute__((noinline, noipa)) std::size_t FindEndOfEveryString(const unsigned char* const begin,
-                                                                  const unsigned char* const end) {
-  const unsigned char* cursor = begin;
-  const auto readInt = [&cursor] {
-    std::int32_t value;
-    std::memcpy(&value, cursor, sizeof value);
-    cursor += sizeof value;
-    return value;
-  };
-  const auto skipString = [&cursor, end] {
-    const void* const nul = std::memchr(cursor, 0, static_cast<std::size_t>(end - cursor));
-    cursor = static_cast<const unsigned char*>(nul) + 1;
-  };
-  for (int contacts = readInt(); contacts > 0; --contacts) {
-    readInt();
-    skipString();
-    skipString();
-    for (int groups = readInt(); groups > 0; --groups) {
-      readInt();
-      for (int numbers = readInt(); numbers > 0; --numbers) {
-        skipString();
-      }
-    }
-  }
-  return static_cast<std::size_t>(cursor - begin);
-}
 
 void Require(bool condition, const char* what) {
   if (!condition) {
@@ -87,12 +56,8 @@ Way Refilling(const char* name, clockid_t clock, PhoneBook& list) {
 }
 
 void CompareWithYardstick(Report& report, const PhoneBook& book) {
-  const auto* const begin = static_cast<const unsigned char*>(ShareMemory::GetShareMemory(SH_CONTACT_LIST));
-  const auto* const end = begin + kSegmentCatalogue[SH_CONTACT_LIST].size;
   const QuickCall noServiceInvolved;
-  const Way pass = {"a pass with memchr", [begin, end] {
-                      return Cost(kProcessor, [begin, end] { FindEndOfEveryString(begin, end); });
-                    }};
+  const Way pass = {"a pass with memchr", [] { return Cost(kProcessor, FindEndOfEveryString); }};
   PhoneBook previous;
   const Way refill = Refilling("GetContactList into the previous list", kProcessor, previous);
   const Way fill = Filling("GetContactList into an empty list", kProcessor, book, FetchFromSegment);

@@ -29,6 +29,7 @@ EXCEPTIONS = {
     "tests/fuzz/run": "it builds another preset and runs for minutes; .ci/run runs it briefly",
     "script/bench": "it builds another preset and runs for minutes",
     "script/bench --json figures.json contacts": "as script/bench",
+    "script/bench --instructions": "as script/bench; .ci/run checks its targets",
     "script/bench --check": "as script/bench, and its answer depends on the machine",
     "script/bootstrap armhf": "it installs packages from the network",
     "cmake/toolchains/armhf-sysroot": "it fetches packages from the network, as root",

@@ -110,6 +110,16 @@ class TheHelp(unittest.TestCase):
         self.assertEqual(set(in_script) | {"all"}, set(groups), "each group is in the help")
         self.assertNotEqual(packages_of("no-such-group")[0], 0)
 
+    def test_Sections(self):
+        """script/bench names the sections that its program has."""
+        source = (TREE / "bench/bt_bench.cpp").read_text()
+        tables = {table: re.findall(r'\{"([a-z]+)", ', rows)
+                  for table, rows in re.findall(r"> k(Timed|Counted)Sections = \{(.*?)\n\};", source, re.DOTALL)}
+        text = " ".join(help_of("script/bench").split())
+        listed = re.search(r" SECTION (.*?); with --instructions: (.*?) \(default: all\)", text)
+        self.assertIsNotNone(listed)
+        self.assertEqual({"Timed": re.split(", | or ", listed[1]), "Counted": re.split(", | or ", listed[2])}, tables)
+
     def test_Documents(self):
         calls = 0
         for document in [TREE / "README.md", *TREE.glob("docs/*.md"), *TREE.glob("*/README.md")]:

@@ -7,6 +7,9 @@ bt_add_test(NAME unit_segments SOURCES segments_test.cpp)
 bt_add_test(NAME unit_segment_teardown SOURCES segment_teardown_test.cpp LIBS ${CMAKE_DL_LIBS})
 bt_add_test(NAME unit_attach_failure SOURCES attach_failure_test.cpp)
 bt_add_test(NAME unit_settings SOURCES settings_test.cpp)
+find_package(nlohmann_json REQUIRED)
+bt_add_test(NAME unit_bench_report SOURCES bench_report_test.cpp ../../bench/harness/Report.cpp
+            LIBS nlohmann_json::nlohmann_json)
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_test(NAME unit_mutate/FaultsAreWhatTheHelpOfScriptMutateSays
