@@ -324,6 +324,17 @@ TEST_F(Changes, ALibraryStoppedAndStartedAnewInACallbackEndsTheWalkAndLeavesTheN
   EXPECT_EQ(Hangup(), (Order{3}));
 }
 
+TEST_F(Changes, AnEventInsideAnEventGoesToAllAndTheOuterOneGoesOn) {
+  places.Put(0, [&] {
+    if (places.called.size() == 1) {
+      MWPSingleton<MWPBtClient>::GetInstance()->OnHangupCallChanged();
+    }
+  });
+  places.Put(2);
+  places.Put(4);
+  EXPECT_EQ(Hangup(), (Order{0, 0, 2, 4, 2, 4}));
+}
+
 TEST_F(Changes, AnEventInsideAnEventIsEndedWithItsClientAndTheOuterOneToo) {
   places.Put(0, [&] {
     if (places.called.size() == 1) {
