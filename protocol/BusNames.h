@@ -8,9 +8,11 @@ constexpr const char* kServiceName = "com.zelk.linux.bluetooth";
 constexpr const char* kServicePath = "/com/zelk/linux/bluetooth";
 constexpr const char* kServiceInterface = "com.zelk.linux.bluetooth";
 
-// Where the simulated service, under the same name, has its controls.
+// The controls of the simulated service, under the same name: what a person, a phone or the network does, and
+// what only a simulation can do.
 
 constexpr const char* kControlPath = "/com/zelk/linux/bluetooth/sim";
-constexpr const char* kControlInterface = "com.zelk.linux.bluetooth.sim";
+constexpr const char* kOutsideInterface = "com.zelk.linux.bluetooth.sim.Outside";
+constexpr const char* kFaultsInterface = "com.zelk.linux.bluetooth.sim.Faults";
 
 #endif

@@ -1,5 +1,9 @@
 #include "service/simulation/Outside.h"
 
+#include <utility>
+
+#include "service/phonebook/PhoneBookStore.h"
+
 namespace btservice {
 namespace {
 
@@ -72,6 +76,10 @@ bool Outside::RequestPairing(const std::string& address) {
   return With(address, [&](RemoteDevice& device) { return m_pairing.StartFromRemote(device); });
 }
 
+bool Outside::AcceptPairing(const std::string& address) {
+  return With(address, [&](RemoteDevice& device) { return m_pairing.AcceptFromRemote(device); });
+}
+
 bool Outside::RejectPairing(const std::string& address) {
   return With(address, [&](RemoteDevice& device) { return m_pairing.RejectFromRemote(device); });
 }
@@ -133,6 +141,28 @@ bool Outside::SetCalledParty(const std::string& address, CalledParty party, Mill
   return With(address, [&](RemoteDevice& device) {
     device.data.phone.calledParty = party;
     device.data.phone.answersAfter = answersAfter;
+    return true;
+  });
+}
+
+bool Outside::SetContacts(const std::string& address, std::vector<Contact> contacts) {
+  return With(address, [&](RemoteDevice& device) {
+    device.data.phone.contacts = std::move(contacts);
+    return true;
+  });
+}
+
+bool Outside::AddCallLog(const std::string& address, const CallLogEntry& entry) {
+  return With(address, [&](RemoteDevice& device) {
+    device.data.phone.callLogs.push_back(entry);
+    KeepLatest(device.data.phone.callLogs);
+    return true;
+  });
+}
+
+bool Outside::SetTracks(const std::string& address, std::vector<TrackData> tracks) {
+  return With(address, [&](RemoteDevice& device) {
+    m_player.SetTracksFromRemote(device, std::move(tracks));
     return true;
   });
 }

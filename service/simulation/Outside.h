@@ -14,9 +14,8 @@
 
 namespace btservice {
 
-/// What can happen outside of the head unit: at the phones, with their owners, on the air. These are the
-/// controls of the simulation. Each returns false if it cannot happen: there is no such device, it is not
-/// connected, nobody calls.
+/// What can happen outside of the head unit: at the phones, with their owners, on the air. Each returns false
+/// if it cannot happen: there is no such device, it is not connected, nobody calls.
 class Outside {
  public:
   Outside(DeviceTable& devices, Connections& connections, Pairing& pairing, Projection& projection,
@@ -43,6 +42,9 @@ class Outside {
   bool LoseLink(const std::string& address);
   /// The device asks to be paired.
   bool RequestPairing(const std::string& address);
+  /// The person at the device accepts the pairing under way, or refuses it. One who does neither answers
+  /// after a while as the device's data say.
+  bool AcceptPairing(const std::string& address);
   bool RejectPairing(const std::string& address);
   bool RequestConnection(const std::string& address, ProfileId profile);
   bool RequestDisconnection(const std::string& address, ProfileId profile);
@@ -62,6 +64,13 @@ class Outside {
   /// How those behave who are called from here.
   bool SetCalledParty(const std::string& address, CalledParty party, Milliseconds answersAfter);
 
+  /// The phone's contacts, all of them anew. A download under way still gives those of before.
+  bool SetContacts(const std::string& address, std::vector<Contact> contacts);
+  /// Adds a call to the phone's own log, as its latest.
+  bool AddCallLog(const std::string& address, const CallLogEntry& entry);
+
+  /// The tracks of the device's player, all of them anew.
+  bool SetTracks(const std::string& address, std::vector<TrackData> tracks);
   bool Play(const std::string& address);
   bool Pause(const std::string& address);
 

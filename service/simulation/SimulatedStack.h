@@ -30,8 +30,8 @@ class SimulatedStack : public BluetoothStack {
   KeptState Kept() const override;
   void Stop() override;
 
-  /// The controls of the simulation.
-  Outside& Controls() { return m_outside; }
+  /// What can happen to it.
+  Outside& FromOutside() { return m_outside; }
 
  private:
   const World m_world;

@@ -18,7 +18,8 @@ constexpr double kHighestSpeed = 100000;
 
 std::unique_ptr<StackProvider> MakeStackProvider() { return std::make_unique<SimulationProvider>(); }
 
-SimulationProvider::SimulationProvider() : m_controls(bluetooth_sim_skeleton_new()) {}
+SimulationProvider::SimulationProvider()
+    : m_outside(bluetooth_sim_outside_skeleton_new()), m_faults(bluetooth_sim_faults_skeleton_new()) {}
 
 SimulationProvider::~SimulationProvider() { g_free(m_worldName); }
 
@@ -71,10 +72,13 @@ std::optional<int> SimulationProvider::Prepare() {
   return std::nullopt;
 }
 
-bool SimulationProvider::Export(ServiceBus& bus) { return bus.Export(m_controls.Base(), kControlPath); }
+bool SimulationProvider::Export(ServiceBus& bus) {
+  return bus.Export(m_outside.Base(), kControlPath) && bus.Export(m_faults.Base(), kControlPath);
+}
 
 ProvidedStack SimulationProvider::MakeStack(const ServiceParts& parts, const StackStart& start) {
-  auto stage = std::make_unique<Stage>(parts, std::move(m_file), start, m_speed, m_controls.Get());
+  auto stage = std::make_unique<Stage>(parts, std::move(m_file), start, m_speed,
+                                       ControlObjects{m_outside.Get(), m_faults.Get()});
   AnswerGate* const gate = &stage->Gate();
   return {std::move(stage), gate};
 }

@@ -34,7 +34,8 @@ class SimulationProvider : public StackProvider {
   gboolean m_showSchema = FALSE;
 
   WorldFile m_file;
-  Exported<BluetoothSim> m_controls;
+  Exported<BluetoothSimOutside> m_outside;
+  Exported<BluetoothSimFaults> m_faults;
 };
 
 }  // namespace btservice

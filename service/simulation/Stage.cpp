@@ -21,27 +21,24 @@ World AtStart(World world, const StackStart& start) {
 }  // namespace
 
 Stage::Stage(const ServiceParts& parts, WorldFile file, const StackStart& start, double speed,
-             BluetoothSim* controls)
+             ControlObjects controls)
     : SimulatedStack(parts.scheduler, AtStart(std::move(file.world), start)),
       m_happenings(std::move(file.timeline)),
-      m_timeline(parts.scheduler, Controls()) {
+      m_timeline(parts.scheduler, FromOutside()) {
   BindControls(parts, speed, controls);
 }
 
-void Stage::BindControls(const ServiceParts& parts, double speed, BluetoothSim* object) {
-  ControlBinder controls(object, &m_controlLimit);
+void Stage::BindControls(const ServiceParts& parts, double speed, ControlObjects controls) {
   ServiceBus& bus = parts.bus;
-  BindWorldMethods(controls, Controls());
-  BindFaultMethods(controls,
-                   {m_answers, parts.segments,
+  BindOutsideMethods(OutsideBinder(controls.outside, &m_controlLimit), FromOutside());
+  BindFaultMethods(FaultsBinder(controls.faults, &m_controlLimit),
+                   {parts.scheduler, speed, m_answers, parts.segments,
                     [&bus](const std::string& name, GVariant* tuple) { bus.EmitSignal(name, tuple); },
                     [&bus](unsigned milliseconds) { bus.LeaveFor(milliseconds); }});
-  controls.Bind(SIM_METHOD(get_time),
-                [&scheduler = parts.scheduler, speed] { return std::tuple(scheduler.Now().count(), speed); });
 }
 
 void Stage::Start() {
-  MWP_LOG(MWP_LOG_INFO, "serving a world of %zu devices", Controls().Devices().size());
+  MWP_LOG(MWP_LOG_INFO, "serving a world of %zu devices", FromOutside().Devices().size());
   SimulatedStack::Start();
   m_timeline.Start(m_happenings);
 }

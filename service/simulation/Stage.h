@@ -11,19 +11,25 @@
 
 namespace btservice {
 
+/// The controls on the bus, of which each interface has a skeleton.
+struct ControlObjects {
+  BluetoothSimOutside* outside;
+  BluetoothSimFaults* faults;
+};
+
 /// The simulated stack in a world that somebody directs: by the world's timeline, and by the controls on the
 /// bus.
 class Stage : public SimulatedStack {
  public:
-  /// The object of the controls must outlive this.
+  /// The objects of the controls must outlive this.
   Stage(const ServiceParts& parts, WorldFile file, const StackStart& start, double speed,
-        BluetoothSim* controls);
+        ControlObjects controls);
 
   void Start() override;
   AnswerGate& Gate() { return m_answers; }
 
  private:
-  void BindControls(const ServiceParts& parts, double speed, BluetoothSim* controls);
+  void BindControls(const ServiceParts& parts, double speed, ControlObjects controls);
 
   std::vector<Happening> m_happenings;
   Timeline m_timeline;

@@ -165,7 +165,7 @@ class TheService(InACheckout):
         _, output = self.checkout.run_in_sandbox(script)
         answers = output.split("@next@\n")
         for command, answer in list(zip(lines, answers))[1:]:
-            control = re.match(r"\$sim\.(\w+)", command.text)[1]
+            control = re.match(r"\$sim\.\w+\.(\w+)", command.text)[1]
             self.assertEqual(answer.strip(), ANSWERS_OF_CONTROLS.get(control, "(true,)"), command.text)
 
     def test_TheMessagesThatTheReadmeShows(self):

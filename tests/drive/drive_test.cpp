@@ -59,7 +59,7 @@ class DriveTest : public testing::Test {
   }
 
   bttest::VariantPtr Control(const std::string& method, GVariant* arguments = nullptr) {
-    return service.CallOn(kControlPath, kControlInterface, method, arguments);
+    return service.CallControl(method, arguments);
   }
   DriveClient& Client(int number) { return *clients[number % kClients]; }
 

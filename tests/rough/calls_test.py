@@ -17,7 +17,7 @@ import xml.etree.ElementTree as ElementTree
 import messages
 import odd_calls
 from bus import Bus, CallError
-from service import CONTROLS, SERVICE, Service
+from service import FAULTS, OUTSIDE, SERVICE, Service
 
 # Not what the service says, but what it must not say: the libraries' own words, or that it knows no better.
 OWN_ERRORS = ("org.freedesktop.DBus.Error.InvalidArgs", "org.freedesktop.DBus.Error.LimitsExceeded")
@@ -41,7 +41,7 @@ class Run:
         self.bus = Bus(options.bound)
         self.counts = collections.Counter()
         self.most_memory = 0
-        self.target = SERVICE if options.requests else CONTROLS
+        self.targets = {target[2]: target for target in (SERVICE, OUTSIDE, FAULTS)}
         interface = ElementTree.parse(options.service)
         self.service_names = [node.get("name") for kind in ("method", "signal") for node in interface.iter(kind)]
         world = source.choice(options.worlds)
@@ -57,7 +57,7 @@ class Run:
     def call_oddly(self, method):
         arguments = odd_calls.arguments(method, self.random, self.service_names)
         try:
-            self.call(self.target, method.name, method.signature, arguments)
+            self.call(self.targets[method.interface], method.name, method.signature, arguments)
             self.counts["answered"] += 1
         except CallError as problem:
             if problem.name == NO_REPLY:
@@ -85,17 +85,17 @@ class Run:
 
     def has_objects(self):
         try:
-            return bool(self.call(CONTROLS, "GetTime"))
+            return bool(self.call(FAULTS, "GetTime"))
         except CallError:
             return False
 
     def check_that_it_lives(self):
         """It does what it is there for, once the faults that were ordered are taken back."""
-        self.call(CONTROLS, "AnswerAgain")
+        self.call(FAULTS, "AnswerAgain")
         self.call(SERVICE, "GetPowerStatus")
-        before = self.call(CONTROLS, "GetTime")[0]
+        before = self.call(FAULTS, "GetTime")[0]
         end = time.monotonic() + self.options.bound
-        while self.call(CONTROLS, "GetTime")[0] == before:
+        while self.call(FAULTS, "GetTime")[0] == before:
             assert time.monotonic() < end, "its time stands still"
             time.sleep(0.002)
         memory = memory_of(self.service.process) >> 10

@@ -11,7 +11,7 @@ import odd_cards
 import odd_places
 import odd_values
 from oracle import StateOracle, WorldOracle
-from service import CONTROLS, SERVICE
+from service import OUTSIDE, SERVICE
 
 BAD_WORLD = 5
 SAID_OF_CARDS = re.compile(r":\d+: .*; this card is skipped$|: \d+ more are skipped, and \d+ contacts are read$")
@@ -26,7 +26,7 @@ class Case:
     def use(self, bus):
         """Uses the service that came up."""
         bus.call(SERVICE, "GetPowerStatus")
-        bus.call(CONTROLS, "ListDevices")
+        bus.call(OUTSIDE, "ListDevices")
 
     def judge(self, serves, status, said):
         """Judges the end. serves: it came up and was ended by SIGTERM."""

@@ -21,19 +21,30 @@ DEVICES = [
     '{"address": "%s", "name": "N", "phoneBook": {"vcard": "\\u001b[31m\\u0000"}}',
     '{"address": "%s", "name": "N", "serial": {"script": {"\\u0000": "\\u0000"}}}',
 ]
+TEXTS = {
+    "vcards": ["", "BEGIN:VCARD\nVERSION:3.0\nFN:New\nTEL:112\nEND:VCARD\n" * 3, "BEGIN:VCARD\nFN:x\n", "END:VCARD", "\x1b[31m",
+               "BEGIN:VCARD\nVERSION:3.0\nFN:" + "x" * 100000 + "\nEND:VCARD\n"],
+    "entry": ['{"type": "missed", "number": "112", "date": "2026-05-29", "time": "18:05:10"}', '{"type": "missed"}', "{}", "[]",
+              '{"type": "lost", "number": 1}', '{"type": "missed", "number": "112", "date": "x"}', "null", ""],
+    "tracks": ['[{"uid": "n1", "title": "New", "lengthMs": 1000}]', '[{"uid": "n1", "title": "New", "lengthMs": 0}]', "[]", "{}",
+               '[{"uid": "n1", "title": "\\u001b", "lengthMs": 1}, {"uid": "n1", "title": "", "lengthMs": 2147483647}]', "[1]",
+               "null", ""],
+}
 UNSIGNED = [0, 1, 2, 3, 7, 8, 39, 40, 41, 255, 65536, 2**31, 2**32 - 1]
 HUGE = 16 << 20
 
 
 class Method:
-    def __init__(self, node):
+    def __init__(self, interface, node):
+        self.interface = interface.get("name")
         self.name = node.get("name")
         self.arguments = [(arg.get("name"), arg.get("type")) for arg in node.findall("arg") if arg.get("direction") == "in"]
         self.signature = "".join(kind for _, kind in self.arguments)
 
 
 def methods_of(description):
-    return [Method(node) for node in ElementTree.parse(description).iter("method")]
+    return [Method(interface, node) for interface in ElementTree.parse(description).iter("interface")
+            for node in interface.iter("method")]
 
 
 def device(random):
@@ -47,6 +58,8 @@ def text(name, random):
     """Without NUL, since the bus lets none pass."""
     if name == "device":
         return device(random)
+    if name in TEXTS:
+        return random.choice(TEXTS[name] + ["[" * 1000000, " " * HUGE])
     if "addr" in name.lower() and random.random() < 0.8:
         return random.choice(KNOWN)
     if name in WORDS and random.random() < 0.8:

@@ -9,7 +9,8 @@ from bus import BUS, CallError
 EXECUTABLE = "/app/bin/btservice"
 NAME = "com.zelk.linux.bluetooth"
 SERVICE = (NAME, "/com/zelk/linux/bluetooth", NAME)
-CONTROLS = (NAME, "/com/zelk/linux/bluetooth/sim", NAME + ".sim")
+OUTSIDE = (NAME, "/com/zelk/linux/bluetooth/sim", NAME + ".sim.Outside")
+FAULTS = (NAME, "/com/zelk/linux/bluetooth/sim", NAME + ".sim.Faults")
 
 
 class Service:

@@ -21,13 +21,16 @@ ROOMS = {
     "service/stack": "",
     "service/files": "protocol service/time",
     "service/phonebook": "service/files service/stack",
+    "service/reports": "service/stack service/time",
     "service/state": "protocol platform service/files service/stack",
     "service/frontend": "protocol platform ipc/D-Bus ipc/ShareMemory service/stack",
     "service/app": "protocol platform ipc/ShareMemory service/frontend service/stack service/state service/time service/files",
     "service/simulation/world": "protocol platform service/files service/phonebook service/stack service/time "
                                 "service/simulation",
-    "service/simulation/controls": "protocol ipc/ShareMemory service/files service/frontend service/simulation",
-    "service/simulation": "protocol platform service/app service/files service/phonebook service/stack service/time",
+    "service/simulation/controls": "protocol ipc/ShareMemory service/files service/frontend service/phonebook "
+                                   "service/simulation service/time",
+    "service/simulation": "protocol platform service/app service/files service/phonebook service/reports service/stack "
+                          "service/time",
     "tools/btctl": "protocol",
     "examples": "service/app",  # the stack that is an example; an application includes public headers alone
     "bench": "ipc protocol service/phonebook",
@@ -36,7 +39,7 @@ ROOMS = {
 OUTSIDE = {
     r"gio/|bt_dbus\.h|bt_sim\.h": "ipc service/frontend service/app service/simulation/controls "
                                                  "service/simulation/SimulationProvider service/simulation/Stage "
-                                                 "tools/btctl/sim tools/btctl/session bench examples/found_devices",
+                                                 "tools/btctl/bus bench examples/found_devices",
     r"sys/shm\.h": "ipc/ShareMemory",
     r"zlog\.h": "platform",
 }

@@ -169,10 +169,10 @@ TEST_F(AdapterModelTest, ReportsItsStatusWhenAsked) {
 TEST_F(AdapterModelTest, ReportsTheCallsAsTheyStandWhenAsked) {
   PairBeforehand(kSmartphone);
   ConnectDevice(kSmartphone, BT_PROFILE_HFP);
-  Stack().Controls().Call(kSmartphone, "112");
+  Stack().FromOutside().Call(kSmartphone, "112");
   Stack().Calls().Accept();
   Pass(3500ms);
-  Stack().Controls().Call(kSmartphone, "110");
+  Stack().FromOutside().Call(kSmartphone, "110");
   log.Clear();
   Stack().Adapter().ReportStatus();
   EXPECT_THAT(log.Values(&CallChanged::callId), ElementsAre(1, 2));

@@ -19,16 +19,16 @@ TEST_F(AllEventsTest, ALongDriveLeavesNothingRunningWild) {
   Pass(1min);
   for (int round = 0; round < 200; ++round) {
     Stack().Music().Play();
-    Stack().Controls().Call(kSmartphone, "112");
+    Stack().FromOutside().Call(kSmartphone, "112");
     Stack().Calls().Accept();
-    Stack().Controls().Call(kOldPhone, "110");
+    Stack().FromOutside().Call(kOldPhone, "110");
     Pass(10s);
-    Stack().Controls().SetInRange(kSmartphone, false);
+    Stack().FromOutside().SetInRange(kSmartphone, false);
     Pass(10s);
-    Stack().Controls().SetInRange(kSmartphone, true);
+    Stack().FromOutside().SetInRange(kSmartphone, true);
     Pass(30s);
     ASSERT_EQ(Stack().Devices().Connection(BT_PROFILE_A2DP).address, kSmartphone) << round;
-    Stack().Controls().HangUp(kOldPhone, 0);
+    Stack().FromOutside().HangUp(kOldPhone, 0);
     log.Clear();
   }
   EXPECT_TRUE(Stack().Adapter().SetPower(false));

@@ -174,7 +174,7 @@ TEST_F(BrowserModelTest, AQueueThatHasGrownIsReportedWhenItIsFetched) {
 
 TEST_F(BrowserModelTest, WithoutAPlayerThereIsNothingToBrowse) {
   Music().FolderDown("f1", kAll);
-  Stack().Controls().LoseLink(kSmartphone);
+  Stack().FromOutside().LoseLink(kSmartphone);
   Pass(1min);
   EXPECT_EQ(log.Count<BrowserPathChanged>(), 0U);
   EXPECT_FALSE(Music().ToRootFolder(kAll));

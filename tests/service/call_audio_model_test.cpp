@@ -15,7 +15,7 @@ class CallAudioModelTest : public ModelTest {
     ConnectDevice(kSmartphone, BT_PROFILE_HFP);
   }
   CallControl& Calls() { return Stack().Calls(); }
-  Outside& Controls() { return Stack().Controls(); }
+  Outside& Controls() { return Stack().FromOutside(); }
   std::vector<AudioStatus> Audio() const { return log.Values(&CallAudioChanged::status); }
 };
 

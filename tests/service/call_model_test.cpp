@@ -22,7 +22,7 @@ class CallModelTest : public ModelTest {
   virtual void PrepareWorld() {}
 
   CallControl& Calls() { return Stack().Calls(); }
-  Outside& Controls() { return Stack().Controls(); }
+  Outside& Controls() { return Stack().FromOutside(); }
   std::vector<CallStatus> StatesOf(int callId) const {
     std::vector<CallStatus> states;
     for (const CallChanged& change : log.Of<CallChanged>()) {

@@ -114,19 +114,18 @@ class CausesTest : public testing::Test {
  protected:
   /// The reply, as text.
   std::string Perform(const Cause& cause) {
-    static const bttest::InterfaceDescription controls = bttest::ReadInterface(BTTEST_CONTROLS_XML);
     const bool isRequest = cause.by == By::REQUEST;
     const bttest::MethodDescription& method =
-        (isRequest ? bttest::BluetoothInterface() : controls).Method(cause.method);
+        (isRequest ? bttest::BluetoothInterface() : bttest::InterfaceOfControl(cause.method))
+            .Method(cause.method);
     const std::string text = "(" + cause.arguments + (method.in.size() == 1 ? ",)" : ")");
     bttest::ErrorCollector error;
     const bttest::VariantPtr arguments(g_variant_parse(
         G_VARIANT_TYPE(bttest::TupleSignature(method.in).c_str()), text.c_str(), nullptr, nullptr, error));
     error.ThrowIfSet(cause.method + text);
-    return bttest::ToText(
-        (isRequest ? service.Call(cause.method, arguments.get())
-                   : service.CallOn(kControlPath, kControlInterface, cause.method, arguments.get()))
-            .get());
+    return bttest::ToText((isRequest ? service.Call(cause.method, arguments.get())
+                                     : service.CallControl(cause.method, arguments.get()))
+                              .get());
   }
   void Await(const std::vector<std::string>& signals, const std::string& after) {
     for (const std::string& signal : signals) {

@@ -1,5 +1,6 @@
 // The controls of the simulation: making things happen, and breaking them, from outside.
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "protocol/Segments.h"
+#include "service/stack/StackTypes.h"
 #include "support/Segments.h"
 #include "tests/service/running_service.h"
 
@@ -26,7 +28,7 @@ class ControlTest : public testing::Test {
     service.ForgetSignals();
   }
   std::string Control(const std::string& method, GVariant* arguments = nullptr) {
-    return bttest::ToText(service.CallOn(kControlPath, kControlInterface, method, arguments).get());
+    return bttest::ToText(service.CallControl(method, arguments).get());
   }
   /// What is said of arguments without sense.
   std::string ProblemOf(const std::string& method, GVariant* arguments) {
@@ -66,6 +68,40 @@ TEST_F(ControlTest, APhoneAppears) {
   EXPECT_THAT(Control("ListDevices"), HasSubstr("('00:1A:7D:DA:71:13', \"Ada's phone\", true, true, true)"));
   EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", "{\"name\": \"x\"}")),
               HasSubstr("InvalidArgs: device:1: address: is missing"));
+}
+
+TEST_F(ControlTest, ThePhoneHasOtherContactsAndCallsAndTheNextDownloadBringsThem) {
+  const char* const card = "BEGIN:VCARD\nVERSION:3.0\nN:New;Nora;;;\nTEL;TYPE=CELL:+49170555\nEND:VCARD\n";
+  EXPECT_EQ(Control("SetContacts", g_variant_new("(ss)", kPhone, card)), "(true,)");
+  const char* const entry =
+      R"({"type": "missed", "number": "+49170555", "date": "2026-05-29", "time": "18:05:10"})";
+  EXPECT_EQ(Control("AddCallLog", g_variant_new("(ss)", kPhone, entry)), "(true,)");
+  const std::string missedBefore = service.Ask("GetCallLogCount", g_variant_new("(y)", CALL_LOG_MISSED));
+  EXPECT_EQ(service.Ask("StartPhoneBookDownload", g_variant_new("(y)", BT_PBAP_ALL)), "(true,)");
+  EXPECT_TRUE(service.WaitFor("OnPBDownloadStatus (byte 0x03, byte 0x06)"));
+  EXPECT_EQ(service.Ask("GetContactCount"), "(1,)");
+  EXPECT_NE(service.Ask("GetCallLogCount", g_variant_new("(y)", CALL_LOG_MISSED)), missedBefore);
+
+  EXPECT_EQ(Control("SetContacts", g_variant_new("(ss)", "00:00:00:00:00:00", card)), "(false,)");
+  EXPECT_EQ(Control("AddCallLog", g_variant_new("(ss)", "00:00:00:00:00:00", entry)), "(false,)");
+  EXPECT_THAT(ProblemOf("SetContacts", g_variant_new("(ss)", kPhone, "BEGIN:VCARD\nthis is no line\n")),
+              HasSubstr("InvalidArgs: vcards:2: expected a property"));
+  EXPECT_THAT(ProblemOf("AddCallLog", g_variant_new("(ss)", kPhone, R"({"type": "lost", "number": "1"})")),
+              HasSubstr("InvalidArgs: entry:1: type: expected one of incoming, outgoing or missed"));
+}
+
+TEST_F(ControlTest, ThePhoneHasOtherTracks) {
+  const char* const tracks = R"([{"uid": "n1", "title": "First", "lengthMs": 60000},
+                                 {"uid": "n2", "title": "Second", "artist": "Nora", "lengthMs": 60000}])";
+  EXPECT_EQ(Control("Play", g_variant_new("(s)", kPhone)), "(true,)");
+  EXPECT_EQ(Control("SetTracks", g_variant_new("(ss)", kPhone, tracks)), "(true,)");
+  EXPECT_TRUE(service.WaitFor("OnAudioTrackChanged"));
+  EXPECT_THAT(service.Ask("GetMediaInfo"), HasSubstr("'First'"));
+  EXPECT_EQ(Control("SetTracks", g_variant_new("(ss)", "00:00:00:00:00:00", "[]")), "(false,)");
+  EXPECT_THAT(ProblemOf("SetTracks", g_variant_new("(ss)", kPhone, "{}")),
+              HasSubstr("InvalidArgs: tracks:1: expected a list of tracks"));
+  EXPECT_THAT(ProblemOf("SetTracks", g_variant_new("(ss)", kPhone, "[{}]")),
+              HasSubstr("InvalidArgs: tracks:1: uid: is missing"));
 }
 
 TEST_F(ControlTest, SomebodyCallsAndHangsUp) {
@@ -192,10 +228,8 @@ TEST_F(ControlTest, OrdersThatTheBusOrTheMachineCouldNotTakeAreRefused) {
               HasSubstr("bbb...' cannot be the name of a signal"));
   EXPECT_THAT(ProblemOf("FailAnswers", g_variant_new("(suss)", "*", 1, ("a." + name).c_str(), "")),
               HasSubstr("bbb...' is not a D-Bus error name"));
-  std::vector<GVariant*> many;
-  for (int i = 0; i < 256; ++i) {
-    many.push_back(g_variant_new_byte(0));
-  }
+  std::vector<GVariant*> many(256);
+  std::generate(many.begin(), many.end(), [] { return g_variant_new_byte(0); });
   EXPECT_THAT(ProblemOf("EmitSignal", g_variant_new("(s@av)", "OnHangupCallChanged", Values(many))),
               HasSubstr("expected values whose types take at most 255 characters, got 256"));
   EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", std::string(1000000, '[').c_str())),

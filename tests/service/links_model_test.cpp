@@ -51,20 +51,20 @@ TEST_F(SerialModelTest, WithoutAChannelNothingIsSent) {
   PowerOn();
   EXPECT_FALSE(Serial().Send(kAccessory, ToBytes("x")));
   EXPECT_FALSE(Serial().Send(kNobody, ToBytes("x")));
-  EXPECT_FALSE(Stack().Controls().SendSerial(kAccessory, ToBytes("x")));
+  EXPECT_FALSE(Stack().FromOutside().SendSerial(kAccessory, ToBytes("x")));
 }
 
 TEST_F(SerialModelTest, AReplyIsLostWithTheChannel) {
   ConnectDevice(kAccessory, BT_PROFILE_SPP);
   Serial().Send(kAccessory, ToBytes("x"));
-  Stack().Controls().LoseLink(kAccessory);
+  Stack().FromOutside().LoseLink(kAccessory);
   Pass(1s);
   EXPECT_EQ(log.Count<SerialDataArrived>(), 0U);
 }
 
 TEST_F(SerialModelTest, TheDeviceSendsByItself) {
   ConnectDevice(kAccessory, BT_PROFILE_SPP);
-  EXPECT_TRUE(Stack().Controls().SendSerial(kAccessory, ToBytes("hello")));
+  EXPECT_TRUE(Stack().FromOutside().SendSerial(kAccessory, ToBytes("hello")));
   EXPECT_THAT(log.Values(&SerialDataArrived::data), ElementsAre(ToBytes("hello")));
 }
 
@@ -113,14 +113,14 @@ TEST_F(MessageModelTest, MessagesAreFetchedWhenThePhoneConnects) {
 TEST_F(MessageModelTest, LosingThePhoneFailsTheDownload) {
   world.delays.messageStep = 1min;
   ConnectDevice(kSmartphone, BT_PROFILE_HFP);
-  Stack().Controls().LoseLink(kSmartphone);
+  Stack().FromOutside().LoseLink(kSmartphone);
   Pass(1h);
   EXPECT_THAT(log.Values(&MessageLoadChanged::status), ElementsAre(BT_MSG_LOAD_FAILED));
 }
 
 TEST_F(MessageModelTest, WhatHappensToMessagesIsReported) {
   ConnectDevice(kSmartphone, BT_PROFILE_HFP);
-  Outside& controls = Stack().Controls();
+  Outside& controls = Stack().FromOutside();
   EXPECT_TRUE(controls.SendMessage(kSmartphone, {"42", "Ben", "Hi"}));
   EXPECT_TRUE(controls.SetMessageProperty(kSmartphone, "42", true));
   EXPECT_TRUE(controls.SetMessageProperty(kSmartphone, "42", false));
@@ -134,7 +134,7 @@ TEST_F(MessageModelTest, WhatHappensToMessagesIsReported) {
 
 TEST_F(MessageModelTest, AMessageThatComesMeanwhileIsFetchedLater) {
   PowerOn();
-  EXPECT_FALSE(Stack().Controls().SendMessage(kSmartphone, {"42", "Ben", "Hi"}));
+  EXPECT_FALSE(Stack().FromOutside().SendMessage(kSmartphone, {"42", "Ben", "Hi"}));
   EXPECT_EQ(log.Count<MessageNotified>(), 0U);
   Stack().Devices().Connect(kSmartphone, BT_PROFILE_HFP, false);
   Pass(5s);
@@ -143,7 +143,7 @@ TEST_F(MessageModelTest, AMessageThatComesMeanwhileIsFetchedLater) {
 
 TEST_F(MessageModelTest, APhoneHasRoomForAThousandMessagesAndLosesTheOldest) {
   ConnectDevice(kSmartphone, BT_PROFILE_HFP);
-  Outside& controls = Stack().Controls();
+  Outside& controls = Stack().FromOutside();
   for (int number = 1; number <= 1001; ++number) {
     controls.SendMessage(kSmartphone, {std::to_string(number), "Ben", "Hi"});
   }
@@ -156,22 +156,22 @@ class OutsideModelTest : public SerialModelTest {};
 
 TEST_F(OutsideModelTest, ALostLinkIsReported) {
   ConnectDevice(kSmartphone);
-  EXPECT_TRUE(Stack().Controls().LoseLink(kSmartphone));
+  EXPECT_TRUE(Stack().FromOutside().LoseLink(kSmartphone));
   EXPECT_THAT(StatesOf(kSmartphone, BT_PROFILE_HFP), ElementsAre(BT_CONN_LINK_LOST));
   EXPECT_THAT(StatesOf(kSmartphone, BT_PROFILE_A2DP), ElementsAre(BT_CONN_LINK_LOST));
   EXPECT_EQ(Stack().Devices().PairedDevices()[0].status, BT_CONN_LINK_LOST);
   Pass(1h);
   EXPECT_EQ(StatesOf(kSmartphone, BT_PROFILE_HFP).size(), 1U) << "it does not come back by itself";
-  EXPECT_FALSE(Stack().Controls().LoseLink(kSmartphone));
+  EXPECT_FALSE(Stack().FromOutside().LoseLink(kSmartphone));
 }
 
 TEST_F(OutsideModelTest, ALostLinkComesBackIfTheSettingsSaySo) {
   world.settings.capabilities[BT_CAP_AUTO_CONNECT] = 1;
   ConnectDevice(kSmartphone);
-  Stack().Controls().SetInRange(kSmartphone, false);
+  Stack().FromOutside().SetInRange(kSmartphone, false);
   Pass(10 * world.delays.reconnect);
   EXPECT_THAT(StatesOf(kSmartphone, BT_PROFILE_A2DP), ElementsAre(BT_CONN_LINK_LOST));
-  Stack().Controls().SetInRange(kSmartphone, true);
+  Stack().FromOutside().SetInRange(kSmartphone, true);
   Pass(world.delays.reconnect + 5s);
   EXPECT_THAT(StatesOf(kSmartphone, BT_PROFILE_A2DP),
               ElementsAre(BT_CONN_LINK_LOST, BT_CONN_CONNECTING, BT_CONN_CONNECTED));
@@ -180,11 +180,11 @@ TEST_F(OutsideModelTest, ALostLinkComesBackIfTheSettingsSaySo) {
 TEST_F(OutsideModelTest, LeavingWhileTheLinkIsSoughtForgetsNothing) {
   world.settings.capabilities[BT_CAP_AUTO_CONNECT] = 1;
   ConnectDevice(kSmartphone);
-  Stack().Controls().LoseLink(kSmartphone);
+  Stack().FromOutside().LoseLink(kSmartphone);
   Pass(world.delays.reconnect / 2);
-  Stack().Controls().SetInRange(kSmartphone, false);
+  Stack().FromOutside().SetInRange(kSmartphone, false);
   Pass(1min);
-  Stack().Controls().SetInRange(kSmartphone, true);
+  Stack().FromOutside().SetInRange(kSmartphone, true);
   Pass(world.delays.reconnect + 5s);
   EXPECT_EQ(Stack().Devices().Connection(BT_PROFILE_HFP).address, kSmartphone);
   EXPECT_EQ(Stack().Devices().Connection(BT_PROFILE_A2DP).address, kSmartphone);
@@ -196,7 +196,7 @@ TEST_F(OutsideModelTest, APairedDeviceIsConnectedWhenItArrivesIfTheSettingsSaySo
   PowerOn();
   Pass(1min);
   EXPECT_THAT(StatesOf(kSmartphone, BT_PROFILE_HFP), ElementsAre(BT_CONN_CONNECTING, BT_CONN_FAILED));
-  Stack().Controls().SetInRange(kSmartphone, true);
+  Stack().FromOutside().SetInRange(kSmartphone, true);
   Pass(world.delays.reconnect + 5s);
   EXPECT_EQ(Stack().Devices().Connection(BT_PROFILE_HFP).address, kSmartphone);
 }
@@ -205,7 +205,7 @@ TEST_F(OutsideModelTest, AnyOtherDeviceIsNot) {
   world.settings.capabilities[BT_CAP_AUTO_CONNECT] = 1;
   Device(kOldPhone).inRange = false;
   PowerOn();
-  Stack().Controls().SetInRange(kOldPhone, true);
+  Stack().FromOutside().SetInRange(kOldPhone, true);
   Pass(1min);
   EXPECT_THAT(StatesOf(kOldPhone, BT_PROFILE_HFP), IsEmpty());
 }
@@ -215,32 +215,32 @@ TEST_F(OutsideModelTest, LeavingDuringAPairingFailsIt) {
   PowerOn();
   Stack().Devices().Pair(kSmartphone, "");
   Pass(world.delays.page);
-  Stack().Controls().SetInRange(kSmartphone, false);
+  Stack().FromOutside().SetInRange(kSmartphone, false);
   EXPECT_EQ(log.Of<PairChanged>().back().reason, BT_PAIR_REASON_UNREACHABLE);
 }
 
 TEST_F(OutsideModelTest, ADeviceFindsTheAdapterOnlyWhileItIsVisible) {
   Device(kSmartphone).paired = false;
   PowerOn();
-  EXPECT_FALSE(Stack().Controls().RequestPairing(kSmartphone));
+  EXPECT_FALSE(Stack().FromOutside().RequestPairing(kSmartphone));
   Stack().Adapter().SetCapability(BT_CAP_ENABLE_SCAN, 1);
-  EXPECT_TRUE(Stack().Controls().RequestPairing(kSmartphone));
+  EXPECT_TRUE(Stack().FromOutside().RequestPairing(kSmartphone));
   EXPECT_EQ(log.Count<PairRequested>(), 1U);
-  EXPECT_TRUE(Stack().Controls().RejectPairing(kSmartphone));
+  EXPECT_TRUE(Stack().FromOutside().RejectPairing(kSmartphone));
   EXPECT_EQ(log.Of<PairChanged>().back().reason, BT_PAIR_REASON_REJECTED_REMOTE);
-  EXPECT_FALSE(Stack().Controls().RejectPairing(kSmartphone));
+  EXPECT_FALSE(Stack().FromOutside().RejectPairing(kSmartphone));
 }
 
 TEST_F(OutsideModelTest, ADeviceConnectsAndDisconnectsByItself) {
   PowerOn();
-  EXPECT_TRUE(Stack().Controls().RequestConnection(kSmartphone, BT_PROFILE_HFP));
+  EXPECT_TRUE(Stack().FromOutside().RequestConnection(kSmartphone, BT_PROFILE_HFP));
   Pass(5s);
   EXPECT_EQ(Stack().Devices().Connection(BT_PROFILE_HFP).address, kSmartphone);
-  EXPECT_TRUE(Stack().Controls().RequestDisconnection(kSmartphone, BT_PROFILE_HFP));
+  EXPECT_TRUE(Stack().FromOutside().RequestDisconnection(kSmartphone, BT_PROFILE_HFP));
   Pass(5s);
   EXPECT_EQ(Stack().Devices().Connection(BT_PROFILE_HFP).status, BT_CONN_DISCONNECTED);
-  Stack().Controls().SetInRange(kSmartphone, false);
-  EXPECT_FALSE(Stack().Controls().RequestConnection(kSmartphone, BT_PROFILE_HFP));
+  Stack().FromOutside().SetInRange(kSmartphone, false);
+  EXPECT_FALSE(Stack().FromOutside().RequestConnection(kSmartphone, BT_PROFILE_HFP));
 }
 
 TEST_F(OutsideModelTest, ANewDeviceAppears) {
@@ -249,10 +249,10 @@ TEST_F(OutsideModelTest, ANewDeviceAppears) {
   data.address = "0a:00:00:00:00:01";
   data.name = "Newcomer";
   data.profiles = {BT_PROFILE_HFP};
-  EXPECT_TRUE(Stack().Controls().AddDevice(data));
-  EXPECT_FALSE(Stack().Controls().AddDevice(data));
+  EXPECT_TRUE(Stack().FromOutside().AddDevice(data));
+  EXPECT_FALSE(Stack().FromOutside().AddDevice(data));
   data.address = "nowhere";
-  EXPECT_FALSE(Stack().Controls().AddDevice(data));
+  EXPECT_FALSE(Stack().FromOutside().AddDevice(data));
   Stack().Adapter().SetScanning(true);
   Pass(world.delays.scanLength);
   EXPECT_EQ(log.Of<DeviceFound>().back().address, "0A:00:00:00:00:01");
@@ -260,8 +260,8 @@ TEST_F(OutsideModelTest, ANewDeviceAppears) {
 
 TEST_F(OutsideModelTest, APhoneAsksForProjectionAgain) {
   ConnectDevice(kSmartphone, BT_PROFILE_HFP);
-  EXPECT_TRUE(Stack().Controls().RequestProjection(kSmartphone));
-  EXPECT_FALSE(Stack().Controls().RequestProjection(kAccessory));
+  EXPECT_TRUE(Stack().FromOutside().RequestProjection(kSmartphone));
+  EXPECT_FALSE(Stack().FromOutside().RequestProjection(kAccessory));
   EXPECT_EQ(log.Count<ProjectionRequested>(), 1U);
 }
 

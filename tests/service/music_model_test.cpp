@@ -61,6 +61,25 @@ TEST_F(MusicModelTest, PlayingStreamsAndTicks) {
   EXPECT_EQ(Music().Position()->first, 3000);
 }
 
+TEST_F(MusicModelTest, OtherTracksGoOnWithTheFirstAndNoneStop) {
+  Connect();
+  Play();
+  Pass(3s);
+  log.Clear();
+  TrackData track;
+  track.title = "New";
+  track.length = 60s;
+  EXPECT_TRUE(Stack().FromOutside().SetTracks(kSmartphone, {track}));
+  EXPECT_EQ(Title(), "New");
+  EXPECT_EQ(log.Count<TrackChanged>(), 1U);
+  EXPECT_EQ(Music().Status(), BT_MUSIC_PLAYING);
+  EXPECT_TRUE(Stack().FromOutside().SetTracks(kSmartphone, {}));
+  EXPECT_EQ(Music().Status(), BT_MUSIC_STOPPED);
+  Pass(1min);
+  EXPECT_EQ(log.Count<TrackChanged>(), 1U);
+  EXPECT_FALSE(Stack().FromOutside().SetTracks(kNobody, {track}));
+}
+
 TEST_F(MusicModelTest, PausingKeepsThePosition) {
   Connect();
   Play();
@@ -245,7 +264,7 @@ TEST_F(MusicModelTest, AClosedOutputStreamsNothing) {
 TEST_F(MusicModelTest, ACallInterruptsTheMusic) {
   Connect();
   Play();
-  Stack().Controls().Call(kSmartphone, "112");
+  Stack().FromOutside().Call(kSmartphone, "112");
   EXPECT_EQ(Music().Status(), BT_MUSIC_PAUSED);
   Stack().Calls().Reject();
   EXPECT_EQ(Music().Status(), BT_MUSIC_PLAYING);
@@ -253,7 +272,7 @@ TEST_F(MusicModelTest, ACallInterruptsTheMusic) {
 
 TEST_F(MusicModelTest, MusicThatWasPausedStaysSoAfterACall) {
   Connect();
-  Stack().Controls().Call(kSmartphone, "112");
+  Stack().FromOutside().Call(kSmartphone, "112");
   Stack().Calls().Reject();
   EXPECT_EQ(Music().Status(), BT_MUSIC_STOPPED);
 }
@@ -274,7 +293,7 @@ TEST_F(MusicModelTest, LosingThePlayerEndsTheStream) {
   Connect();
   Play();
   log.Clear();
-  Stack().Controls().LoseLink(kSmartphone);
+  Stack().FromOutside().LoseLink(kSmartphone);
   Pass(10s);
   EXPECT_THAT(log.Values(&StreamChanged::running), ElementsAre(false));
   EXPECT_THAT(log.Values(&FastForwardSupported::supported), ElementsAre(false));
@@ -286,15 +305,15 @@ TEST_F(MusicModelTest, TheDeviceThatPlaysLastIsHeard) {
   Play();
   ConnectDevice(kSecondPhone);
   EXPECT_EQ(Stack().Devices().Connection(BT_PROFILE_AVRCP).address, kSmartphone) << "it plays";
-  EXPECT_TRUE(Stack().Controls().Play(kSecondPhone));
+  EXPECT_TRUE(Stack().FromOutside().Play(kSecondPhone));
   EXPECT_EQ(Stack().Devices().Connection(BT_PROFILE_AVRCP).address, kSecondPhone);
   EXPECT_THAT(log.Values(&StreamChanged::address), ElementsAre(kSmartphone, kSecondPhone));
   EXPECT_THAT(log.Values(&StreamChanged::running), ElementsAre(false, true));
-  EXPECT_TRUE(Stack().Controls().Play(kSmartphone));
+  EXPECT_TRUE(Stack().FromOutside().Play(kSmartphone));
   EXPECT_EQ(Stack().Devices().Connection(BT_PROFILE_AVRCP).address, kSmartphone);
-  EXPECT_TRUE(Stack().Controls().Pause(kSmartphone));
+  EXPECT_TRUE(Stack().FromOutside().Pause(kSmartphone));
   EXPECT_EQ(Music().Status(), BT_MUSIC_PAUSED);
-  EXPECT_FALSE(Stack().Controls().Play(kOldPhone)) << "has no player";
+  EXPECT_FALSE(Stack().FromOutside().Play(kOldPhone)) << "has no player";
 }
 
 }  // namespace

@@ -64,6 +64,31 @@ TEST_F(PairingModelTest, RefusedThere) {
   EXPECT_EQ(Reason(), BT_PAIR_REASON_REJECTED_REMOTE);
 }
 
+TEST_F(PairingModelTest, ThePersonThereMayBeQuickerThanUsual) {
+  AskFor(kSmartphone);
+  EXPECT_TRUE(Devices().AcceptPairing(kSmartphone, "", BT_PAIR_REQUEST_CONFIRMATION));
+  EXPECT_TRUE(Stack().FromOutside().AcceptPairing(kSmartphone));
+  EXPECT_FALSE(Stack().FromOutside().AcceptPairing(kSmartphone)) << "they are asked once";
+  Pass(world.delays.pairKeys);
+  EXPECT_THAT(Stages(), ElementsAre(BT_PAIR_PAIRING, BT_PAIR_PAIRED));
+}
+
+TEST_F(PairingModelTest, ThePersonThereMayAcceptWhatTheyUsuallyRefuse) {
+  Device(kSmartphone).acceptsPairing = false;
+  AskFor(kSmartphone);
+  EXPECT_TRUE(Stack().FromOutside().AcceptPairing(kSmartphone));
+  Pass(world.delays.pairRemote);
+  EXPECT_TRUE(Devices().AcceptPairing(kSmartphone, "", BT_PAIR_REQUEST_CONFIRMATION));
+  Pass(world.delays.pairKeys);
+  EXPECT_THAT(Stages(), ElementsAre(BT_PAIR_PAIRING, BT_PAIR_PAIRED));
+}
+
+TEST_F(PairingModelTest, APersonWhoIsNotAskedAcceptsNothing) {
+  PowerOn();
+  EXPECT_FALSE(Stack().FromOutside().AcceptPairing(kSmartphone));
+  EXPECT_FALSE(Stack().FromOutside().AcceptPairing(kNobody));
+}
+
 TEST_F(PairingModelTest, NobodyAnswers) {
   AskFor(kSmartphone);
   Pass(world.delays.pairAnswer - 1ms);

@@ -89,7 +89,7 @@ TEST_F(PhoneBookModelTest, LosingThePhoneFailsTheDownload) {
   Connect();
   PhoneBook().StartDownload(BT_PBAP_ALL);
   Pass(world.delays.downloadStart);
-  Stack().Controls().LoseLink(kSmartphone);
+  Stack().FromOutside().LoseLink(kSmartphone);
   EXPECT_EQ(Stages().back(), BT_PBAP_FAILED);
   Pass(1min);
   EXPECT_EQ(Stages().back(), BT_PBAP_FAILED);
@@ -189,11 +189,25 @@ TEST_F(PhoneBookModelTest, CallLogsAreDeletedByIdAndByType) {
   EXPECT_FALSE(PhoneBook().ClearCallLogs(static_cast<CallLogType>(9)));
 }
 
+TEST_F(PhoneBookModelTest, ADownloadGivesTheContactsThatThereWereWhenItWasAskedFor) {
+  world.delays.downloadStepSize = 1;
+  Connect();
+  const std::size_t before = Device(kSmartphone).phone.contacts.size();
+  ASSERT_GT(before, 1U);
+  ASSERT_TRUE(PhoneBook().StartDownload(BT_PBAP_PHONE_BOOK));
+  Pass(world.delays.downloadStart + world.delays.downloadStep);
+  EXPECT_TRUE(Stack().FromOutside().SetContacts(kSmartphone, {Contact()}));
+  Pass(1min);
+  EXPECT_EQ(PhoneBook().Contacts().size(), before);
+  Download(BT_PBAP_PHONE_BOOK);
+  EXPECT_EQ(PhoneBook().Contacts().size(), 1U);
+}
+
 TEST_F(PhoneBookModelTest, CallsEnterTheLogs) {
   world.startTime = 1780000000;
   Connect();
   Download(BT_PBAP_PHONE_BOOK);
-  Outside& controls = Stack().Controls();
+  Outside& controls = Stack().FromOutside();
   controls.Call(kSmartphone, "0049 170 555101");
   Stack().Calls().Accept();
   Pass(5s);
@@ -232,10 +246,10 @@ TEST_F(PhoneBookModelTest, OldCallsLeaveTheLogs) {
 
 TEST_F(PhoneBookModelTest, ACallShowsTheNameOfItsContact) {
   Connect();
-  Stack().Controls().Call(kSmartphone, "+49170555101");
+  Stack().FromOutside().Call(kSmartphone, "+49170555101");
   EXPECT_EQ(Stack().Calls().Calls()[0].name, "");
   Download(BT_PBAP_PHONE_BOOK);
-  Stack().Controls().Call(kSmartphone, "+49170555101");
+  Stack().FromOutside().Call(kSmartphone, "+49170555101");
   EXPECT_EQ(Stack().Calls().Calls()[0].name, "Ben Baker");
 }
 

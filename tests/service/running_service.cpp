@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "support/InterfaceDescription.h"
+
 namespace btservice {
 
 bttest::ConnectionPtr ConnectToBus() {
@@ -79,8 +81,12 @@ std::string RunningService::Ask(const std::string& method, GVariant* arguments) 
   return bttest::ToText(Call(method, arguments).get());
 }
 
-std::string RunningService::Control(const std::string& method, GVariant* arguments) {
-  return bttest::ToText(CallOn(kControlPath, kControlInterface, method, arguments).get());
+bttest::VariantPtr RunningService::CallControl(const std::string& control, GVariant* arguments) {
+  return CallOn(kControlPath, bttest::InterfaceOfControl(control).name.c_str(), control, arguments);
+}
+
+std::string RunningService::Control(const std::string& control, GVariant* arguments) {
+  return bttest::ToText(CallControl(control, arguments).get());
 }
 
 bool RunningService::WaitFor(const std::string& beginning) {

@@ -38,8 +38,10 @@ class RunningService {
   bttest::VariantPtr Call(const std::string& method, GVariant* arguments = nullptr);
   /// The reply as text, such as "(byte 0x01,)".
   std::string Ask(const std::string& method, GVariant* arguments = nullptr);
-  /// Calls one of the controls of the simulation.
-  std::string Control(const std::string& method, GVariant* arguments = nullptr);
+  /// Calls one of the controls of the simulation, of whichever interface.
+  bttest::VariantPtr CallControl(const std::string& control, GVariant* arguments = nullptr);
+  /// The reply as text.
+  std::string Control(const std::string& control, GVariant* arguments = nullptr);
   /// As Call, for an object of another interface and path on the same connection.
   bttest::VariantPtr CallOn(const char* path, const char* interface, const std::string& method,
                             GVariant* arguments);

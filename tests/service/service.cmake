@@ -60,7 +60,6 @@ bt_add_test(NAME service_system_test
 target_compile_definitions(service_system_test PRIVATE
   BTTEST_WITNESS="${CMAKE_SOURCE_DIR}/tests/contract/witness.txt"
   BTTEST_LIBRARY="$<TARGET_FILE:bt>"
-  BTTEST_CONTROLS_XML="${CMAKE_SOURCE_DIR}/service/simulation/com.zelk.linux.bluetooth.sim.xml"
   BTTEST_FULL_WORLD="${CMAKE_CURRENT_LIST_DIR}/everything.json"
   BTTEST_LISTENING_CLIENT="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/listening_client"
   BTTEST_SERVICE_FILE="$<TARGET_PROPERTY:btservice,BINARY_DIR>/com.zelk.linux.bluetooth.service"

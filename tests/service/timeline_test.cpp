@@ -12,7 +12,7 @@ class TimelineTest : public ModelTest {
   void SetUp() override {
     PairBeforehand(kSmartphone);
     ConnectDevice(kSmartphone);
-    timeline = std::make_unique<Timeline>(scheduler, Stack().Controls());
+    timeline = std::make_unique<Timeline>(scheduler, Stack().FromOutside());
   }
   static Happening At(Milliseconds at, HappeningKind kind) {
     Happening happening;

@@ -14,12 +14,12 @@ class TwoCallsModelTest : public ModelTest {
   void SetUp() override {
     PairBeforehand(kSmartphone);
     ConnectDevice(kSmartphone, BT_PROFILE_HFP);
-    Stack().Controls().Call(kSmartphone, "+49170555101");
+    Stack().FromOutside().Call(kSmartphone, "+49170555101");
     Calls().Accept();
     log.Clear();
   }
   CallControl& Calls() { return Stack().Calls(); }
-  void LetWait() { ASSERT_TRUE(Stack().Controls().Call(kSmartphone, "+49170555102")); }
+  void LetWait() { ASSERT_TRUE(Stack().FromOutside().Call(kSmartphone, "+49170555102")); }
   void LetHold() {
     LetWait();
     ASSERT_TRUE(Calls().Accept());
@@ -45,7 +45,7 @@ TEST_F(TwoCallsModelTest, ASecondIncomingCallWaits) {
   LetWait();
   EXPECT_THAT(Table(), UnorderedElementsAre(Pair(1, Pair(BT_CALL_ACTIVE, false)),
                                             Pair(2, Pair(BT_CALL_WAITING, false))));
-  EXPECT_FALSE(Stack().Controls().Call(kSmartphone, "+49170555103"));
+  EXPECT_FALSE(Stack().FromOutside().Call(kSmartphone, "+49170555103"));
 }
 
 TEST_F(TwoCallsModelTest, AcceptingTheWaitingCallHoldsTheOther) {
@@ -94,7 +94,7 @@ TEST_F(TwoCallsModelTest, TheActiveCallIsReleasedByItsIdAndTheOtherStaysOnHold) 
 
 TEST_F(TwoCallsModelTest, OnlyAnActiveCallIsReleasedByItsId) {
   LetHold();
-  ASSERT_TRUE(Stack().Controls().Call(kSmartphone, "+49170555103"));
+  ASSERT_TRUE(Stack().FromOutside().Call(kSmartphone, "+49170555103"));
   EXPECT_FALSE(Calls().Perform(BT_CALL_RELEASE_ACTIVE, 1)) << "it is on hold";
   EXPECT_FALSE(Calls().Perform(BT_CALL_RELEASE_ACTIVE, 3)) << "it waits";
   EXPECT_EQ(Table().size(), 3U);
@@ -150,7 +150,7 @@ TEST_F(TwoCallsModelTest, AWaitingCallIsIncomingWhenTheOtherIsHungUp) {
 
 TEST_F(TwoCallsModelTest, AWaitingCallIsIncomingWhenTheOtherIsEndedAtTheOtherEnd) {
   LetWait();
-  EXPECT_TRUE(Stack().Controls().HangUp(kSmartphone, 1));
+  EXPECT_TRUE(Stack().FromOutside().HangUp(kSmartphone, 1));
   EXPECT_THAT(Table(), UnorderedElementsAre(Pair(2, Pair(BT_CALL_INCOMING, false))));
   EXPECT_TRUE(Calls().Reject());
   EXPECT_THAT(Table(), IsEmpty());
@@ -177,7 +177,7 @@ TEST_F(TwoCallsModelTest, ACallWaitsWhileAnotherIsOnHold) {
   Calls().Perform(BT_CALL_HOLD_ACTIVE, 0);
   LetWait();
   EXPECT_EQ(Table().at(2).first, BT_CALL_WAITING);
-  EXPECT_FALSE(Stack().Controls().HangUp(kSmartphone, 7));
+  EXPECT_FALSE(Stack().FromOutside().HangUp(kSmartphone, 7));
   EXPECT_EQ(Table().at(2).first, BT_CALL_WAITING);
   EXPECT_TRUE(Calls().Perform(BT_CALL_RELEASE_ACTIVE, 0)) << "nothing to release, and one to accept";
   EXPECT_THAT(Table(),
@@ -200,7 +200,7 @@ TEST_F(TwoCallsModelTest, CallsAreJoined) {
 TEST_F(TwoCallsModelTest, AConferenceOfOneIsAnOrdinaryCall) {
   LetHold();
   Calls().Perform(BT_CALL_CONFERENCE, 0);
-  Stack().Controls().HangUp(kSmartphone, 2);
+  Stack().FromOutside().HangUp(kSmartphone, 2);
   EXPECT_THAT(Table(), UnorderedElementsAre(Pair(1, Pair(BT_CALL_ACTIVE, false))));
 }
 
@@ -215,7 +215,7 @@ TEST_F(TwoCallsModelTest, AWordInPrivateHoldsTheRestOfTheConference) {
 TEST_F(TwoCallsModelTest, AThirdCallWaitsBesideAConference) {
   LetHold();
   Calls().Perform(BT_CALL_CONFERENCE, 0);
-  EXPECT_TRUE(Stack().Controls().Call(kSmartphone, "+49170555103"));
+  EXPECT_TRUE(Stack().FromOutside().Call(kSmartphone, "+49170555103"));
   EXPECT_EQ(Table().at(3).first, BT_CALL_WAITING);
   EXPECT_TRUE(Calls().Accept());
   EXPECT_THAT(Table(),
@@ -225,7 +225,7 @@ TEST_F(TwoCallsModelTest, AThirdCallWaitsBesideAConference) {
 
 TEST_F(TwoCallsModelTest, AThirdCallCannotBeAcceptedBesideTwoSeparateOnes) {
   LetHold();
-  EXPECT_TRUE(Stack().Controls().Call(kSmartphone, "+49170555103"));
+  EXPECT_TRUE(Stack().FromOutside().Call(kSmartphone, "+49170555103"));
   EXPECT_FALSE(Calls().Accept());
   EXPECT_TRUE(Calls().Reject());
 }
@@ -281,7 +281,7 @@ class CallActionTest : public ModelTest, public testing::WithParamInterface<cons
     CallControl& calls = Stack().Calls();
     switch (step) {
       case 'c':
-        return Stack().Controls().Call(kSmartphone, "112");
+        return Stack().FromOutside().Call(kSmartphone, "112");
       case 'a':
         return calls.Accept();
       case 'd':

@@ -61,27 +61,44 @@ InterfaceDescription DescribeInterface(const GDBusInterfaceInfo& info) {
   return {info.name, All(info.methods, DescribeMethod), All(info.signals, DescribeSignal)};
 }
 
-InterfaceDescription ParseInterface(const std::string& xml) {
+std::vector<InterfaceDescription> ParseInterfaces(const std::string& xml) {
   ErrorCollector error;
   const NodeInfoPtr node(g_dbus_node_info_new_for_xml(xml.c_str(), error));
   error.ThrowIfSet("parsing introspection data");
-  if (node->interfaces == nullptr || node->interfaces[0] == nullptr) {
+  std::vector<InterfaceDescription> interfaces = All(node->interfaces, DescribeInterface);
+  if (interfaces.empty()) {
     throw std::runtime_error("introspection data without an interface");
   }
-  return DescribeInterface(*node->interfaces[0]);
+  return interfaces;
 }
 
-InterfaceDescription ReadInterface(const std::string& fileName) {
+std::vector<InterfaceDescription> ReadInterfaces(const std::string& fileName) {
   ErrorCollector error;
   char* text = nullptr;
   g_file_get_contents(fileName.c_str(), &text, nullptr, error);
   error.ThrowIfSet("reading an interface description");
-  return ParseInterface(CharPtr(text).get());
+  return ParseInterfaces(CharPtr(text).get());
 }
+
+InterfaceDescription ParseInterface(const std::string& xml) { return ParseInterfaces(xml).front(); }
+
+InterfaceDescription ReadInterface(const std::string& fileName) { return ReadInterfaces(fileName).front(); }
 
 const InterfaceDescription& BluetoothInterface() {
   static const InterfaceDescription description = ReadInterface(BTTEST_INTERFACE_XML);
   return description;
+}
+
+const InterfaceDescription& InterfaceOfControl(const std::string& control) {
+  static const std::vector<InterfaceDescription> interfaces = ReadInterfaces(BTTEST_CONTROLS_XML);
+  for (const InterfaceDescription& interface : interfaces) {
+    for (const MethodDescription& method : interface.methods) {
+      if (method.name == control) {
+        return interface;
+      }
+    }
+  }
+  throw std::out_of_range("the simulation has no control '" + control + "'");
 }
 
 }  // namespace bttest

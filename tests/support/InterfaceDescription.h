@@ -40,15 +40,20 @@ struct InterfaceDescription {
   const SignalDescription& Signal(const std::string& wanted) const;
 };
 
-/// The first interface in a text of introspection data. Throws if there is none.
-InterfaceDescription ParseInterface(const std::string& xml);
+/// The interfaces in a text of introspection data. Throws if there is none.
+std::vector<InterfaceDescription> ParseInterfaces(const std::string& xml);
 /// The same of a file.
+std::vector<InterfaceDescription> ReadInterfaces(const std::string& fileName);
+/// The first of them.
+InterfaceDescription ParseInterface(const std::string& xml);
 InterfaceDescription ReadInterface(const std::string& fileName);
 /// What g_dbus_node_info_lookup_interface() and its kin give.
 InterfaceDescription DescribeInterface(const GDBusInterfaceInfo& info);
 
 /// The Bluetooth service's interface, read once from the description in the tree.
 const InterfaceDescription& BluetoothInterface();
+/// The interface that has a control of the simulation, by the description in the tree. Throws if none has it.
+const InterfaceDescription& InterfaceOfControl(const std::string& control);
 
 }  // namespace bttest
 

@@ -24,4 +24,5 @@ target_compile_definitions(bt_test_support PRIVATE
   BTTEST_SANDBOX="${CMAKE_SOURCE_DIR}/script/sandbox"
   BTTEST_SERVICE="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/btservice"
   BTTEST_RECORDER="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/bt_recorder"
-  BTTEST_INTERFACE_XML="${CMAKE_SOURCE_DIR}/ipc/D-Bus/com.zelk.linux.bluetooth.xml")
+  BTTEST_INTERFACE_XML="${CMAKE_SOURCE_DIR}/ipc/D-Bus/com.zelk.linux.bluetooth.xml"
+  BTTEST_CONTROLS_XML="${CMAKE_SOURCE_DIR}/service/simulation/com.zelk.linux.bluetooth.sim.xml")

@@ -70,7 +70,7 @@ class ServiceValues : public testing::Test {
     ErrorCollector error;
     const ConnectionPtr connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
     const VariantPtr happened(g_dbus_connection_call_sync(
-        connection.get(), kServiceName, kControlPath, kControlInterface, "Call",
+        connection.get(), kServiceName, kControlPath, kOutsideInterface, "Call",
         g_variant_new("(ss)", kPhone, number), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
     error.ThrowIfSet("Call");
     EXPECT_TRUE(RunUntil([&] { return calls.ids.size() > before; }));

@@ -8,6 +8,16 @@ namespace btservice {
 /// Whether phones take the action on, as the calls stand. While an outgoing call is not answered, nothing can
 /// become active beside it. A waiting call is always the last: no fourth can come, and it takes the place of
 /// the held one in what is done next.
+std::set<CallAction> CallTable::PossibleActions() const {
+  std::set<CallAction> possible;
+  for (const CallAction action : kCallActions) {
+    if (IsPossible(action)) {
+      possible.insert(action);
+    }
+  }
+  return possible;
+}
+
 bool CallTable::IsPossible(CallAction action) const {
   const bool active = Has(BT_CALL_ACTIVE);
   const bool held = Has(BT_CALL_HELD);

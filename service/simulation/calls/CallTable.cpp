@@ -15,7 +15,11 @@ bool IsNumber(const std::string& text) {
 }  // namespace
 
 CallTable::CallTable(ModelContext& context, Settings& settings, Connections& connections)
-    : m_context(context), m_settings(settings), m_connections(connections), m_tick(context.scheduler) {
+    : m_context(context),
+      m_settings(settings),
+      m_connections(connections),
+      m_reports(context.scheduler, context.observers, context.delays.callTick,
+                [this] { return Reported(); }) {
   connections.onChanged.Add([this](RemoteDevice& device, ProfileId profile, ConnStatus status) {
     if (profile == BT_PROFILE_HFP && status != BT_CONN_CONNECTED) {
       EndThere(device, 0);
@@ -153,6 +157,23 @@ bool CallTable::EndThere(RemoteDevice& device, int callId) {
 }
 
 bool CallTable::Has(CallStatus status) const { return Find(status) != nullptr; }
+
+void CallTable::Commit() {
+  if (m_calls.size() == 1 && m_calls.front()->status == BT_CALL_WAITING) {
+    RingAlone(*m_calls.front());
+  }
+  m_reports.ReportChanges(PossibleActions());
+  onChanged();
+}
+
+std::vector<ReportedCall> CallTable::Reported() const {
+  std::vector<ReportedCall> reported;
+  reported.reserve(m_calls.size());
+  for (const auto& call : m_calls) {
+    reported.push_back({call->id, call->status, call->answered, Seconds(*call)});
+  }
+  return reported;
+}
 
 int CallTable::Seconds(const Call& call) const {
   return call.answered ? static_cast<int>((m_context.scheduler.Now() - call.since) / std::chrono::seconds(1))

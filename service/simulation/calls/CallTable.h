@@ -1,12 +1,12 @@
 #ifndef SERVICE_SIMULATION_CALLS_CALLTABLE_H
 #define SERVICE_SIMULATION_CALLS_CALLTABLE_H
 
-#include <map>
 #include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "service/reports/CallReports.h"
 #include "service/simulation/devices/Connections.h"
 
 namespace btservice {
@@ -54,7 +54,7 @@ class CallTable {
   bool Has(CallStatus status) const;
   int Seconds(const Call& call) const;
   /// Reports the calls as they stand, for whoever comes late.
-  void ReportAll() const;
+  void ReportAll() const { m_reports.ReportAll(); }
 
   Notifier<> onChanged;
   Notifier<const Call&> onEnded;
@@ -72,9 +72,8 @@ class CallTable {
   void RingAlone(Call& call);
   /// Reports what is different from the last time, once all of it has changed.
   void Commit();
-  void ReportActions();
-  void ReportTimes() const;
-  void Tick();
+  std::vector<ReportedCall> Reported() const;
+  std::set<CallAction> PossibleActions() const;
 
   bool IsPossible(CallAction action) const;
   bool PerformOn(CallAction action, int callId);
@@ -88,10 +87,8 @@ class CallTable {
   Settings& m_settings;
   Connections& m_connections;
   std::vector<std::unique_ptr<Call>> m_calls;
-  std::map<int, CallStatus> m_reported;
-  std::set<CallAction> m_possible;
   std::string m_lastDialed;
-  Timer m_tick;
+  CallReports m_reports;
 };
 
 }  // namespace btservice

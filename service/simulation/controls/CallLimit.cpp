@@ -10,7 +10,8 @@ namespace {
 /// What most controls are given is kept, for as long as the service runs.
 constexpr gsize kMostBytes = gsize{64} << 10;
 constexpr gsize kMostBytesOfLargeOnes = gsize{17} << 20;
-constexpr std::string_view kLargeOnes[] = {"AddDevice", "SendSerial", "EmitSignal", "CorruptSegment"};
+constexpr std::string_view kLargeOnes[] = {"AddDevice",  "SetContacts", "SetTracks",
+                                           "SendSerial", "EmitSignal",  "CorruptSegment"};
 
 gsize MostBytesOf(std::string_view method) {
   const bool isLarge =

@@ -9,25 +9,26 @@
 #include "service/frontend/MethodBinder.h"
 #include "service/simulation/Outside.h"
 #include "service/simulation/controls/AnswerFaults.h"
+#include "service/time/Scheduler.h"
 
 namespace btservice {
 
-#define SIM_METHOD(stem) \
-  btservice::MakeMethod("handle-" #stem, &BluetoothSimIface::handle_##stem, bluetooth_sim_complete_##stem)
-
-using ControlBinder = MethodBinder<BluetoothSim>;
+using OutsideBinder = MethodBinder<BluetoothSimOutside>;
+using FaultsBinder = MethodBinder<BluetoothSimFaults>;
 
 /// What happens outside of the head unit.
-void BindWorldMethods(ControlBinder binder, Outside& outside);
+void BindOutsideMethods(OutsideBinder binder, Outside& outside);
 
 /// What can break, and by what means.
 struct Breakables {
+  Scheduler& scheduler;
+  double speed;
   AnswerFaults& answers;
   SegmentOwner& segments;
   std::function<void(const std::string& name, GVariant* tuple)> emitSignal;
   std::function<void(unsigned milliseconds)> leaveBus;
 };
-void BindFaultMethods(ControlBinder binder, Breakables breakables);
+void BindFaultMethods(FaultsBinder binder, Breakables breakables);
 
 }  // namespace btservice
 

@@ -5,6 +5,10 @@
 #include "service/frontend/WireLimits.h"
 #include "service/simulation/controls/ControlMethods.h"
 
+#define FAULTS_METHOD(stem)                                                       \
+  btservice::MakeMethod("handle-" #stem, &BluetoothSimFaultsIface::handle_##stem, \
+                        bluetooth_sim_faults_complete_##stem)
+
 namespace btservice {
 namespace {
 
@@ -50,27 +54,30 @@ GVariant* ToTuple(GVariant* values) {
 
 }  // namespace
 
-void BindFaultMethods(ControlBinder binder, Breakables breakables) {
+void BindFaultMethods(FaultsBinder binder, Breakables breakables) {
   using F = AnswerFaults;
   AnswerFaults& answers = breakables.answers;
-  binder.Bind(SIM_METHOD(delay_answers), answers, &F::Delay);
-  binder.Bind(SIM_METHOD(fail_answers), answers, &F::Fail);
-  binder.Bind(SIM_METHOD(replace_answers), [&answers](const gchar* method, guint count, GVariant* values) {
+  binder.Bind(FAULTS_METHOD(delay_answers), answers, &F::Delay);
+  binder.Bind(FAULTS_METHOD(fail_answers), answers, &F::Fail);
+  binder.Bind(FAULTS_METHOD(replace_answers), [&answers](const gchar* method, guint count, GVariant* values) {
     answers.Replace(method, count, ToTuple(values));
   });
-  binder.Bind(SIM_METHOD(drop_answers), answers, &F::Drop);
-  binder.Bind(SIM_METHOD(answer_again), answers, &F::Clear);
+  binder.Bind(FAULTS_METHOD(drop_answers), answers, &F::Drop);
+  binder.Bind(FAULTS_METHOD(answer_again), answers, &F::Clear);
 
-  binder.Bind(SIM_METHOD(emit_signal), [emit = breakables.emitSignal](const gchar* name, GVariant* values) {
-    emit(name, ToTuple(values));
-  });
-  binder.Bind(SIM_METHOD(corrupt_segment),
+  binder.Bind(
+      FAULTS_METHOD(emit_signal),
+      [emit = breakables.emitSignal](const gchar* name, GVariant* values) { emit(name, ToTuple(values)); });
+  binder.Bind(FAULTS_METHOD(corrupt_segment),
               [&segments = breakables.segments](guint id, guint offset, GVariant* bytes) {
                 Corrupt(segments, id, offset, bytes);
               });
-  binder.Bind(SIM_METHOD(leave_bus),
+  binder.Bind(FAULTS_METHOD(leave_bus),
               [leave = breakables.leaveBus](guint milliseconds) { leave(milliseconds); });
-  binder.Bind(SIM_METHOD(die), [](guint exitCode) { _exit(static_cast<int>(exitCode & 0xFF)); });
+  binder.Bind(FAULTS_METHOD(get_time), [&scheduler = breakables.scheduler, speed = breakables.speed] {
+    return std::tuple(scheduler.Now().count(), speed);
+  });
+  binder.Bind(FAULTS_METHOD(die), [](guint exitCode) { _exit(static_cast<int>(exitCode & 0xFF)); });
 }
 
 }  // namespace btservice

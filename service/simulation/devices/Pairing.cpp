@@ -94,13 +94,11 @@ void Pairing::Ask() {
   m_acceptedHere = state == BT_PAIR_REQUEST_PASSKEY_DISPLAY;
   m_acceptedThere = state == BT_PAIR_REQUEST_PIN_CODE || state == BT_PAIR_REQUEST_PASSKEY_ENTRY;
   if (!m_acceptedThere) {
-    m_tasks.After(m_context.delays.pairRemote, [this, accepts = device.data.acceptsPairing] {
-      m_acceptedThere = accepts;
-      if (accepts) {
-        CheckAnswers();
-      } else {
-        Fail(BT_PAIR_REASON_REJECTED_REMOTE);
+    m_tasks.After(m_context.delays.pairRemote, [this, &device] {
+      if (m_acceptedThere) {
+        return;  // they have been quicker
       }
+      device.data.acceptsPairing ? AcceptFromRemote(device) : RejectFromRemote(device);
     });
   }
   const bool needsText = state == BT_PAIR_REQUEST_PIN_CODE || state == BT_PAIR_REQUEST_PASSKEY_ENTRY;
@@ -133,8 +131,21 @@ bool Pairing::Reject(const std::string& address, PairRequestState state) {
   return true;
 }
 
-bool Pairing::RejectFromRemote(RemoteDevice& device) {
-  if (!IsBusy() || device.data.address != m_address) {
+bool Pairing::IsUnderWayWith(const RemoteDevice& device) const {
+  return IsBusy() && device.data.address == m_address;
+}
+
+bool Pairing::AcceptFromRemote(const RemoteDevice& device) {
+  if (!IsUnderWayWith(device) || m_stage != Stage::ASKING || m_acceptedThere) {
+    return false;
+  }
+  m_acceptedThere = true;
+  CheckAnswers();
+  return true;
+}
+
+bool Pairing::RejectFromRemote(const RemoteDevice& device) {
+  if (!IsUnderWayWith(device)) {
     return false;
   }
   Fail(BT_PAIR_REASON_REJECTED_REMOTE);
@@ -171,7 +182,7 @@ void Pairing::Fail(PairFailedReson reason) {
 }
 
 void Pairing::DeviceLost(const RemoteDevice& device) {
-  if (IsBusy() && device.data.address == m_address) {
+  if (IsUnderWayWith(device)) {
     Fail(BT_PAIR_REASON_UNREACHABLE);
   }
 }

@@ -25,8 +25,10 @@ class Pairing {
 
   bool Accept(const std::string& address, const std::string& pin, PairRequestState state);
   bool Reject(const std::string& address, PairRequestState state);
-  /// The person at the other device changes their mind.
-  bool RejectFromRemote(RemoteDevice& device);
+  /// The person at the other device accepts what they are asked there; false if they are not asked.
+  bool AcceptFromRemote(const RemoteDevice& device);
+  /// The person at the other device refuses, or changes their mind.
+  bool RejectFromRemote(const RemoteDevice& device);
   bool SetOobLinkKey(const std::string& address, const Bytes& key);
 
   bool IsBusy() const { return m_stage != Stage::IDLE; }
@@ -40,6 +42,7 @@ class Pairing {
   void Begin(const std::string& address, const std::string& pin, bool projection);
   void Ask();
   bool IsAsking(const std::string& address, PairRequestState state) const;
+  bool IsUnderWayWith(const RemoteDevice& device) const;
   void CheckAnswers();
   void Finish(const std::string& pin);
   void Fail(PairFailedReson reason);

@@ -102,6 +102,16 @@ void DevicePlayer::PlayFromStart() {
   Play();
 }
 
+void DevicePlayer::TakeNewTracks() {
+  m_queue.Set(AllTracks(m_device.data.music), 0);
+  if (m_queue.Current() != nullptr) {
+    ChangeTrack();
+    return;
+  }
+  Enter(BT_MUSIC_STOPPED);
+  m_report(TrackInfoChanged{});
+}
+
 std::vector<PlayMode> DevicePlayer::Modes() const {
   return {{PLAYER_REPEAT, m_queue.Repeat()}, {PLAYER_SHUFFLE, m_queue.Shuffle()}};
 }

@@ -36,6 +36,8 @@ class DevicePlayer {
   void Wind(MusicPlayStatus direction);
   /// Plays the current track of the queue from its beginning.
   void PlayFromStart();
+  /// The device has other tracks: its queue begins anew with them.
+  void TakeNewTracks();
   std::vector<PlayMode> Modes() const;
   /// False if the player has no such mode.
   bool SetMode(PlayMode mode);

@@ -7,8 +7,6 @@
 namespace btservice {
 namespace {
 
-constexpr Milliseconds kShortestPeriod{20};
-
 constexpr SupportAvrcpEvent kNotifications[] = {
     BT_AVRCP_EVENT_PLAYBACK_STATUS_CHANGED,     BT_AVRCP_EVENT_TRACK_CHANGED,
     BT_AVRCP_EVENT_PLAYBACK_POS_CHANGED,        BT_AVRCP_EVENT_PLAYER_APPLICATION_SETTING_CHANGED,
@@ -20,9 +18,8 @@ Player::Player(ModelContext& context, Connections& connections, CallTable& calls
     : m_context(context),
       m_connections(connections),
       m_calls(calls),
-      m_positionPeriod(context.delays.positionTick),
-      m_positionTimer(context.scheduler),
-      m_infoTimer(context.scheduler),
+      m_ticks(context.scheduler, context.observers, context.delays.positionTick,
+              [this] { return Position(); }),
       m_commands(context.scheduler) {
   connections.onChanged.Add([this](RemoteDevice& device, ProfileId profile, ConnStatus status) {
     if (profile == BT_PROFILE_AVRCP) {
@@ -58,29 +55,6 @@ bool Player::SetOutput(bool open) {
   return true;
 }
 
-bool Player::ReportPosition(bool on, Milliseconds period) {
-  if (on && period < kShortestPeriod) {
-    return false;
-  }
-  m_reportPosition = on;
-  if (on) {
-    m_positionPeriod = period;
-  }
-  m_positionTimer.Stop();
-  TickPosition();
-  return true;
-}
-
-bool Player::ReportTrackInfo(bool on, Milliseconds period) {
-  if (on && period < kShortestPeriod) {
-    return false;
-  }
-  m_infoPeriod = on ? period : Milliseconds(0);
-  m_infoTimer.Stop();
-  TickTrackInfo();
-  return true;
-}
-
 void Player::ReportAll() const {
   const DevicePlayer* const player = InUse();
   const bool present = player != nullptr;
@@ -99,6 +73,15 @@ void Player::ReportAll() const {
 
 bool Player::Supports(SupportAvrcpEvent event) {
   return std::find(std::begin(kNotifications), std::end(kNotifications), event) != std::end(kNotifications);
+}
+
+void Player::SetTracksFromRemote(RemoteDevice& device, std::vector<TrackData> tracks) {
+  device.data.music.folders.clear();
+  device.data.music.tracks = std::move(tracks);
+  const auto player = m_players.find(&device);
+  if (player != m_players.end()) {
+    player->second->TakeNewTracks();
+  }
 }
 
 bool Player::PlayFromRemote(RemoteDevice& device) {
@@ -176,7 +159,7 @@ void Player::OnStatus(DevicePlayer& player) {
   }
   UpdateStream();
   if (InUse() == &player) {
-    TickPosition();
+    m_ticks.PlayerChanged();
   }
 }
 
@@ -210,24 +193,13 @@ void Player::OnCalls() {
   }
 }
 
-void Player::TickPosition() {
+std::optional<PlayPosition> Player::Position() const {
   const DevicePlayer* const player = InUse();
-  if (!m_reportPosition || player == nullptr || !player->IsRunning()) {
-    m_positionTimer.Stop();
-  } else if (!m_positionTimer.IsRunning()) {
-    m_context.Report(PositionChanged{static_cast<int>(player->Position().count()),
-                                     static_cast<int>(player->Length().count())});
-    m_positionTimer.Start(m_positionPeriod, [this] { TickPosition(); });
+  if (player == nullptr) {
+    return std::nullopt;
   }
-}
-
-void Player::TickTrackInfo() {
-  if (m_infoPeriod.count() > 0) {
-    if (InUse() != nullptr) {
-      m_context.Report(TrackInfoChanged{});
-    }
-    m_infoTimer.Start(m_infoPeriod, [this] { TickTrackInfo(); });
-  }
+  return PlayPosition{player->IsRunning(), static_cast<int>(player->Position().count()),
+                      static_cast<int>(player->Length().count())};
 }
 
 }  // namespace btservice

@@ -4,7 +4,10 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
+#include <vector>
 
+#include "service/reports/MusicTicks.h"
 #include "service/simulation/calls/CallTable.h"
 #include "service/simulation/music/DevicePlayer.h"
 
@@ -21,12 +24,13 @@ class Player {
   /// Has the player in use do something as soon as the request has reached it. False without a player.
   bool Command(std::function<void(DevicePlayer&)> command);
   bool SetOutput(bool open);
-  bool ReportPosition(bool on, Milliseconds period);
-  bool ReportTrackInfo(bool on, Milliseconds period);
+  MusicTicks& Ticks() { return m_ticks; }
   void ReportAll() const;
   /// True for a notification that every player here can give.
   static bool Supports(SupportAvrcpEvent event);
 
+  /// The device has other tracks now. What plays goes on with the first of them.
+  void SetTracksFromRemote(RemoteDevice& device, std::vector<TrackData> tracks);
   /// Somebody at the device presses play or pause.
   bool PlayFromRemote(RemoteDevice& device);
   bool PauseFromRemote(RemoteDevice& device);
@@ -39,8 +43,7 @@ class Player {
   void OnStatus(DevicePlayer& player);
   void UpdateStream();
   void OnCalls();
-  void TickPosition();
-  void TickTrackInfo();
+  std::optional<PlayPosition> Position() const;
 
   ModelContext& m_context;
   Connections& m_connections;
@@ -49,11 +52,7 @@ class Player {
   bool m_outputOpen = true;
   RemoteDevice* m_streaming = nullptr;
   DevicePlayer* m_interrupted = nullptr;  ///< paused for a call, to go on after it
-  bool m_reportPosition = true;
-  Milliseconds m_positionPeriod;
-  Milliseconds m_infoPeriod{0};
-  Timer m_positionTimer;
-  Timer m_infoTimer;
+  MusicTicks m_ticks;
   TaskGroup m_commands;
 };
 

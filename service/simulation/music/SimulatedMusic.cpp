@@ -32,11 +32,11 @@ std::optional<TrackInfo> SimulatedMusic::CurrentTrack() const {
 }
 
 bool SimulatedMusic::ReportPosition(bool on, int periodMs) {
-  return m_player.ReportPosition(on, Milliseconds(periodMs));
+  return m_player.Ticks().ReportPosition(on, Milliseconds(periodMs));
 }
 
 bool SimulatedMusic::ReportTrackInfo(bool on, int periodMs) {
-  return m_player.ReportTrackInfo(on, Milliseconds(periodMs));
+  return m_player.Ticks().ReportTrackInfo(on, Milliseconds(periodMs));
 }
 
 std::vector<PlayMode> SimulatedMusic::PlayModes() const {

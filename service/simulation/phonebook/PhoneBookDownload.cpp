@@ -47,6 +47,17 @@ std::vector<CallLogEntry> LogsOf(const PhoneData& phone, PbapType part) {
   return logs;
 }
 
+std::vector<Contact> ContactsOf(const PhoneData& phone, PbapType part) {
+  if (part == BT_PBAP_PHONE_BOOK) {
+    return phone.contacts;
+  }
+  std::vector<Contact> contacts = phone.simContacts;
+  for (Contact& contact : contacts) {
+    contact.id += kFirstSimId;
+  }
+  return contacts;
+}
+
 }  // namespace
 
 PhoneBookDownload::PhoneBookDownload(ModelContext& context, Settings& settings, Connections& connections,
@@ -114,8 +125,11 @@ void PhoneBookDownload::BeginPart() {
   if (IsLog(part)) {
     m_logs = LogsOf(m_phone->data.phone, part);
     m_store.ClearLogs(LogTypeOf(part));
-  } else if (part == BT_PBAP_PHONE_BOOK || m_type != BT_PBAP_ALL) {
-    m_store.ClearContacts();
+  } else {
+    m_contacts = ContactsOf(m_phone->data.phone, part);
+    if (part == BT_PBAP_PHONE_BOOK || m_type != BT_PBAP_ALL) {
+      m_store.ClearContacts();
+    }
   }
   Report();
   m_timer.Start(m_context.delays.downloadStep, [this] { Step(); });
@@ -169,27 +183,14 @@ void PhoneBookDownload::End(PbapStatus status) {
 }
 
 int PhoneBookDownload::TotalOfPart() const {
-  const PhoneData& phone = m_phone->data.phone;
-  switch (m_parts.front()) {
-    case BT_PBAP_PHONE_BOOK:
-      return static_cast<int>(phone.contacts.size());
-    case BT_PBAP_SIM_PHONE_BOOK:
-      return static_cast<int>(phone.simContacts.size());
-    default:
-      return static_cast<int>(m_logs.size());
-  }
+  return static_cast<int>(IsLog(m_parts.front()) ? m_logs.size() : m_contacts.size());
 }
 
 void PhoneBookDownload::Take(int index) {
-  const PhoneData& phone = m_phone->data.phone;
-  if (m_parts.front() == BT_PBAP_PHONE_BOOK) {
-    m_store.Add(phone.contacts[index]);
-  } else if (m_parts.front() == BT_PBAP_SIM_PHONE_BOOK) {
-    Contact contact = phone.simContacts[index];
-    contact.id += kFirstSimId;
-    m_store.Add(contact);
-  } else {
+  if (IsLog(m_parts.front())) {
     m_store.Add(m_logs[index]);
+  } else {
+    m_store.Add(m_contacts[index]);
   }
 }
 

@@ -36,10 +36,12 @@ class PhoneBookDownload {
   Connections& m_connections;
   PhoneBookStore& m_store;
   Timer m_timer;
-  RemoteDevice* m_phone = nullptr;   ///< null unless a download is under way
-  PbapType m_type = BT_PBAP_ALL;     ///< what was asked for
-  bool m_partBegun = false;          ///< false while the phone is still being asked
-  std::deque<PbapType> m_parts;      ///< what is still to be fetched, one repository each
+  RemoteDevice* m_phone = nullptr;  ///< null unless a download is under way
+  PbapType m_type = BT_PBAP_ALL;    ///< what was asked for
+  bool m_partBegun = false;         ///< false while the phone is still being asked
+  std::deque<PbapType> m_parts;     ///< what is still to be fetched, one repository each
+  std::vector<Contact>
+      m_contacts;  ///< of the first part, if it is a phone book, as it was when it was asked for
   std::vector<CallLogEntry> m_logs;  ///< of the first part, if it is a call log
   int m_done = 0;                    ///< entries of the first part
 };

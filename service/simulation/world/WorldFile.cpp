@@ -54,6 +54,14 @@ std::string FindWorld(const std::string& nameOrPath) {
       (names.empty() ? "no worlds are in " + VisiblePath(folder.string()) : "shipped are: " + names));
 }
 
+/// What somebody sent, not a file.
+JsonNode ParseText(const std::string& json, const std::string& name) {
+  if (json.size() > kMostJsonBytes) {
+    throw FileError(name, 1, "expected at most " + std::to_string(kMostJsonBytes >> 20) + " MiB");
+  }
+  return ParseJson(json, name);
+}
+
 template <typename Source>
 Source ReadSource(const JsonNode& node, const std::string& fileName) {
   Source source;
@@ -156,12 +164,27 @@ WorldFile LoadWorld(const std::string& nameOrPath) {
 
 DeviceData ParseDevice(const std::string& json) {
   const std::string name = "device";
-  if (json.size() > kMostJsonBytes) {
-    throw FileError(name, 1, "expected at most " + std::to_string(kMostJsonBytes >> 20) + " MiB");
-  }
-  const JsonNode root = ParseJson(json, name);
+  const JsonNode root = ParseText(json, name);
   PhoneBookLoader books(name, "");
   return ToDevice(ReadSource<DeviceSource>(root, name), root, "", books);
+}
+
+CallLogEntry ParseCallLog(const std::string& json) {
+  const std::string name = "entry";
+  return ReadSource<CallLogEntry>(ParseText(json, name), name);
+}
+
+std::vector<TrackData> ParseTracks(const std::string& json) {
+  const std::string name = "tracks";
+  const JsonNode root = ParseText(json, name);
+  if (root.kind != JsonNode::Kind::LIST) {
+    throw FileError(name, root.line, "expected a list of tracks");
+  }
+  std::vector<TrackData> tracks;
+  for (const JsonNode& track : root.items) {
+    tracks.push_back(ReadSource<TrackData>(track, name));
+  }
+  return tracks;
 }
 
 }  // namespace btservice

@@ -3,6 +3,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 #include "service/simulation/Timeline.h"
 
@@ -30,6 +31,14 @@ std::set<std::string> ShippedWorlds();
 /// Reads one device from the text of a JSON object, as a world's list of devices holds them. Files it names
 /// are looked for in the current directory. Throws as LoadWorld; the text is called "device".
 DeviceData ParseDevice(const std::string& json);
+
+/// Reads an entry of a call log from the text of a JSON object, as a phone of a world holds them. Throws as
+/// LoadWorld; the text is called "entry".
+CallLogEntry ParseCallLog(const std::string& json);
+
+/// Reads tracks from the text of a JSON list, as a folder of a world holds them. Throws as LoadWorld; the
+/// text is called "tracks".
+std::vector<TrackData> ParseTracks(const std::string& json);
 
 /// The JSON Schema of world files.
 std::string WorldSchema();

@@ -10,10 +10,12 @@ struct KnownControl {
 
 // clang-format off
 constexpr KnownControl kControls[] = {
+    {"list-devices", "Show the devices of the world"},
     {"add-device", "A device appears; it is described as in the JSON of a world"},
     {"set-in-range", "A device comes into range (on) or leaves it (off)"},
     {"lose-link", "The link to a device breaks; the device stays near"},
     {"request-pairing", "A device asks to be paired; the adapter has to be visible"},
+    {"accept-pairing", "The device's user accepts the pairing"},
     {"reject-pairing", "The device's user refuses the pairing"},
     {"request-connection", "A device connects a profile: hfp, a2dp, spp, ..."},
     {"request-disconnection", "A device disconnects a profile"},
@@ -26,6 +28,9 @@ constexpr KnownControl kControls[] = {
     {"answer-call", "The called party answers"},
     {"hang-up", "The other end hangs up; 0: of all calls"},
     {"set-called-party", "How called parties react: answers, busy, no-answer"},
+    {"set-contacts", "Replace the phone's contacts; as vCards: \"$(cat book.vcf)\""},
+    {"add-call-log", "Add a call to the phone's log; it is described as in the JSON of a world"},
+    {"set-tracks", "Replace the device's music; as the list of tracks in the JSON of a world"},
     {"play", "Somebody presses play on the device"},
     {"pause", "Somebody presses pause on the device"},
     {"send-message", "A message arrives; its handle is up to 16 hexadecimal digits"},
@@ -41,7 +46,6 @@ constexpr KnownControl kControls[] = {
     {"corrupt-segment", "Write bytes into a shared segment"},
     {"leave-bus", "Leave the bus for some time"},
     {"die", "End the service at once, with that exit code"},
-    {"list-devices", "Show the devices of the world"},
     {"get-time", "Show the simulated time and its speed"},
 };
 // clang-format on
