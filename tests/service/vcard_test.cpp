@@ -62,6 +62,7 @@ TEST(VCardTest, AnEmptyTextHasNoContacts) { EXPECT_TRUE(Parse("").empty()); }
 /// The family names of all contacts.
 std::vector<std::string> FamilyNames(const std::vector<Contact>& contacts) {
   std::vector<std::string> names;
+  names.reserve(contacts.size());
   for (const Contact& contact : contacts) {
     names.push_back(contact.familyName);
   }

@@ -35,6 +35,7 @@ std::vector<std::string> Changed(const ChildProcess::Environment& changes) {
 
 std::vector<char*> Pointers(std::vector<std::string>& strings) {
   std::vector<char*> pointers;
+  pointers.reserve(strings.size() + 1);
   for (std::string& string : strings) {
     pointers.push_back(string.data());
   }
