@@ -9,7 +9,7 @@
 
 namespace btservice {
 
-/// One thing that shall happen later, and will not if the timer goes first.
+/// One thing that shall happen later, and will not if the timer goes first. The scheduler must outlive it.
 class Timer {
  public:
   explicit Timer(Scheduler& scheduler) : m_scheduler(scheduler) {}
@@ -25,7 +25,9 @@ class Timer {
       task();
     });
   }
+  /// Takes back what was waiting, if anything was.
   void Stop() { m_scheduler.Cancel(std::exchange(m_id, 0)); }
+  /// Whether something waits. No longer while its task runs, which may start the timer again.
   bool IsRunning() const { return m_id != 0; }
 
  private:
@@ -33,7 +35,8 @@ class Timer {
   Scheduler::TaskId m_id = 0;
 };
 
-/// Any number of things that shall happen later, unless they are called off together.
+/// Any number of things that shall happen later, unless they are called off together. They are when the group
+/// goes; the scheduler must outlive it.
 class TaskGroup {
  public:
   explicit TaskGroup(Scheduler& scheduler) : m_scheduler(scheduler) {}
@@ -41,6 +44,7 @@ class TaskGroup {
   TaskGroup(const TaskGroup&) = delete;
   TaskGroup& operator=(const TaskGroup&) = delete;
 
+  /// As Scheduler::After.
   void After(Milliseconds delay, Scheduler::Task task) {
     const auto id = std::make_shared<Scheduler::TaskId>(0);
     *id = m_scheduler.After(delay, [this, id, task = std::move(task)] {
