@@ -33,7 +33,7 @@ ROOMS = {
                           "service/time",
     "tools/btctl": "protocol",
     "examples": "service/app",  # the stack that is an example; an application includes public headers alone
-    "bench": "ipc protocol service/phonebook",
+    "bench": "ipc protocol service/frontend/segments service/phonebook",
 }
 # Who may include a header from outside.
 OUTSIDE = {

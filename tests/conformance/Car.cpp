@@ -1,0 +1,97 @@
+#include "tests/conformance/Car.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <iterator>
+#include <sstream>
+
+#include "support/LogCapture.h"
+#include "support/MainLoop.h"
+
+namespace conformance {
+
+using bttest::ValueText;
+
+namespace {
+
+std::vector<std::string> ServiceCommand() {
+  if (const char* const command = std::getenv("BTCONFORMANCE_SERVICE")) {
+    std::istringstream words(command);
+    return {std::istream_iterator<std::string>(words), {}};
+  }
+  return {"/app/bin/btservice", "--no-state", "--speed", "20", "--world", BTCONFORMANCE_WORLD};
+}
+
+}  // namespace
+
+Car::Car() {
+  StartService();
+  m_listeners = std::make_unique<bttest::ListenerOfEachKind>(m_events);
+  const bttest::LogCapture quiet;  // a start fails until the service is on the bus
+  EXPECT_TRUE(Eventually([] { return MWP_CreateBlueTooth() != 0; })) << m_service->Errors();
+}
+
+Car::~Car() {
+  m_listeners.reset();
+  MWP_DestroyBlueTooth();
+}
+
+void Car::StartService() { m_service = std::make_unique<bttest::ChildProcess>(ServiceCommand()); }
+
+int Car::EndService() {
+  m_service->Signal(SIGTERM);
+  return m_service->Wait().value_or(-1);
+}
+
+void Car::KillService() { m_service->Kill(); }
+
+void Car::ConnectPhone() {
+  com.SetPower(1);
+  ASSERT_TRUE(Eventually([&] { return com.GetPowerStatus() == BT_POWER_ON; }));
+  if (com.GetRemotePairDeviceName(kPhone).empty()) {
+    PairPhone();
+  }
+  const auto isConnected = [](const MWPTypeConnectionState& state) {
+    return state.status == BT_CONN_CONNECTED && state.address == kPhone;
+  };
+  ASSERT_TRUE(Eventually([&] {
+    const bool all =
+        isConnected(calls.GetPhoneConnectionState()) && isConnected(music.GetMediaConnectionState());
+    if (!all) {
+      com.Connect(kPhone, BT_PROFILE_HFP_A2DP, 0);
+    }
+    return all;
+  }));
+  if (com.GetCapability(BT_CAP_AUTO_DOWNLOAD) == 0) {
+    ASSERT_TRUE(Eventually([&] { return book.StartPhoneBookDownload(BT_PBAP_ALL) != 0; }));
+  }
+  ASSERT_TRUE(Hears("OnPBDownloadStatus", {ValueText::Of(BT_PBAP_COMPLETED), ValueText::Of(BT_PBAP_ALL)}));
+}
+
+void Car::PairPhone() {
+  Phone phone;
+  ASSERT_NE(com.Pair(kPhone, ""), 0);
+  ASSERT_TRUE(Hears("OnAnswerPairRequest", {ValueText::Of(std::string(kPhone))}));
+  phone.Do("AcceptPairing", kPhone);
+  com.AnswerPair("", kPhone, BT_PAIR_REQUEST_CONFIRMATION);
+  ASSERT_TRUE(Hears("OnPairStatusChanged", {ValueText::Of(BT_PAIR_PAIRED)}));
+}
+
+void Car::Forget() {
+  bttest::RunPending();
+  m_events.all.clear();
+}
+
+bool Car::Hears(const std::string& event, const std::vector<std::string>& values) {
+  return Eventually([&] { return HasHeard(event, values); });
+}
+
+bool Car::HasHeard(const std::string& event, const std::vector<std::string>& values) const {
+  return std::any_of(m_events.all.begin(), m_events.all.end(), [&](const bttest::Reception& one) {
+    return one.event == event && one.values.size() >= values.size() &&
+           std::equal(values.begin(), values.end(), one.values.begin());
+  });
+}
+
+}  // namespace conformance

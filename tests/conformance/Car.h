@@ -1,0 +1,82 @@
+#ifndef TESTS_CONFORMANCE_CAR_H
+#define TESTS_CONFORMANCE_CAR_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <bluetooth/MWPBluetooth.h>
+#include <bluetooth/MWPBtCom.h>
+#include <bluetooth/MWPBtMedia.h>
+#include <bluetooth/MWPBtMessage.h>
+#include <bluetooth/MWPBtPbap.h>
+#include <bluetooth/MWPBtPhone.h>
+#include <bluetooth/MWPBtSpp.h>
+
+#include "contract/RecordingListeners.h"
+#include "support/BusDaemon.h"
+#include "support/ChildProcess.h"
+#include "tests/conformance/Patience.h"
+#include "tests/conformance/Phone.h"
+
+namespace conformance {
+
+using namespace MWPBtType;
+
+/// A head unit: the service, and an application that knows nothing but the library. The service is the
+/// command BTCONFORMANCE_SERVICE, words apart by blanks, or the simulation.
+class Car {
+ public:
+  /// Begins to live: the service is there, and the library reaches it.
+  Car();
+  ~Car();
+
+  void StartService();
+  /// Ends the service in good order; its exit status.
+  int EndService();
+  void KillService();
+
+  /// Has the phone paired and connected with all that it can, and what follows by itself done.
+  void ConnectPhone();
+
+  /// Forgets the events up to now.
+  void Forget();
+  /// Whether an event comes, or has come since they were forgotten. With values: one that begins with these.
+  bool Hears(const std::string& event, const std::vector<std::string>& values = {});
+  bool HasHeard(const std::string& event, const std::vector<std::string>& values = {}) const;
+
+  MWPBtCom com;
+  MWPBtPhone calls;
+  MWPBtMedia music;
+  MWPBtPbap book;
+  MWPBtMessage messages;
+  MWPBtSpp serial;
+
+ private:
+  void PairPhone();
+
+  bttest::BusDaemon m_bus;
+  std::unique_ptr<bttest::ChildProcess> m_service;
+  bttest::Receptions m_events;
+  std::unique_ptr<bttest::ListenerOfEachKind> m_listeners;
+};
+
+/// A test with a car and a phone.
+class ConformanceTest : public testing::Test {
+ protected:
+  Car car;
+  Phone phone;
+};
+
+/// Leaves out a test that needs what the phone here cannot do.
+#define CONFORMANCE_NEEDS(verb)                             \
+  if (!phone.Can(verb)) {                                   \
+    GTEST_SKIP() << "the phone here cannot do: " << (verb); \
+  }                                                         \
+  static_assert(true, "a semicolon follows")
+
+}  // namespace conformance
+
+#endif

@@ -1,0 +1,77 @@
+#include "tests/conformance/Phone.h"
+
+#include <cstdlib>
+#include <stdexcept>
+
+#include "protocol/BusNames.h"
+#include "support/InterfaceDescription.h"
+
+namespace conformance {
+namespace {
+
+std::string FromEnvironment(const char* name, const char* otherwise) {
+  const char* const value = std::getenv(name);
+  return value != nullptr ? value : otherwise;
+}
+
+}  // namespace
+
+Phone::Phone()
+    : m_name(FromEnvironment("BTCONFORMANCE_PHONE_NAME", kServiceName)),
+      m_path(FromEnvironment("BTCONFORMANCE_PHONE_PATH", kControlPath)) {
+  bttest::ErrorCollector error;
+  m_connection.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
+  error.ThrowIfSet("connecting to the bus");
+}
+
+bool Phone::Can(const std::string& verb) {
+  if (!m_verbs) {
+    m_verbs = Verbs();
+  }
+  return m_verbs->count(verb) != 0;
+}
+
+std::set<std::string> Phone::Verbs() {
+  std::set<std::string> verbs;
+  try {
+    const bttest::VariantPtr answer = Call("org.freedesktop.DBus.Introspectable", "Introspect", nullptr);
+    const char* xml = nullptr;
+    g_variant_get(answer.get(), "(&s)", &xml);
+    for (const bttest::InterfaceDescription& interface : bttest::ParseInterfaces(xml)) {
+      for (const bttest::MethodDescription& method : interface.methods) {
+        if (interface.name == kOutsideInterface) {
+          verbs.insert(method.name);
+        }
+      }
+    }
+  } catch (const std::runtime_error&) {
+    // There is no such object, or it describes nothing: a phone that can do nothing.
+  }
+  return verbs;
+}
+
+bool Phone::Do(const std::string& verb, GVariant* arguments) {
+  const bttest::VariantPtr answer = Call(kOutsideInterface, verb.c_str(), arguments);
+  gboolean happened = FALSE;
+  g_variant_get(answer.get(), "(b)", &happened);
+  return happened != FALSE;
+}
+
+bool Phone::Do(const std::string& verb, const std::string& address) {
+  return Do(verb, g_variant_new("(s)", address.c_str()));
+}
+
+bool Phone::Do(const std::string& verb, const std::string& address, const std::string& text) {
+  return Do(verb, g_variant_new("(ss)", address.c_str(), text.c_str()));
+}
+
+bttest::VariantPtr Phone::Call(const char* interface, const char* method, GVariant* arguments) {
+  bttest::ErrorCollector error;
+  bttest::VariantPtr answer(g_dbus_connection_call_sync(m_connection.get(), m_name.c_str(), m_path.c_str(),
+                                                        interface, method, arguments, nullptr,
+                                                        G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
+  error.ThrowIfSet(method);
+  return answer;
+}
+
+}  // namespace conformance

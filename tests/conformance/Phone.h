@@ -1,0 +1,46 @@
+#ifndef TESTS_CONFORMANCE_PHONE_H
+#define TESTS_CONFORMANCE_PHONE_H
+
+#include <optional>
+#include <set>
+#include <string>
+
+#include <gio/gio.h>
+
+#include "support/GlibPointers.h"
+
+namespace conformance {
+
+/// The phone that the suite is run with, paired or not, and one that it meets for the first time.
+constexpr const char* kPhone = "00:1A:7D:DA:71:13";
+constexpr const char* kNewPhone = "00:1A:7D:DA:71:14";
+
+/// What a person, a phone or the network does: the verbs of the interface
+/// com.zelk.linux.bluetooth.sim.Outside. The simulation has them; beside a real stack a program that drives
+/// its phones can offer them, on the session bus under the name BTCONFORMANCE_PHONE_NAME at the path
+/// BTCONFORMANCE_PHONE_PATH.
+class Phone {
+ public:
+  Phone();
+
+  /// Whether there is such a verb here. A test that needs one that there is not is skipped.
+  bool Can(const std::string& verb);
+  /// Does it; true if it happened. arguments is a tuple, and may be floating. Throws if the call fails.
+  bool Do(const std::string& verb, GVariant* arguments);
+  /// A verb that takes the address of a phone and nothing else, or texts beside it.
+  bool Do(const std::string& verb, const std::string& address);
+  bool Do(const std::string& verb, const std::string& address, const std::string& text);
+
+ private:
+  std::set<std::string> Verbs();
+  bttest::VariantPtr Call(const char* interface, const char* method, GVariant* arguments);
+
+  bttest::ConnectionPtr m_connection;
+  std::string m_name;
+  std::string m_path;
+  std::optional<std::set<std::string>> m_verbs;  ///< nothing before they were asked for
+};
+
+}  // namespace conformance
+
+#endif

@@ -1,0 +1,54 @@
+// Pairing: both sides are asked, and either may refuse.
+
+#include "tests/conformance/Car.h"
+
+namespace conformance {
+namespace {
+
+using bttest::ValueText;
+
+class PairingTest : public ConformanceTest {
+ protected:
+  void Ask() {
+    car.com.SetPower(1);
+    ASSERT_TRUE(Eventually([&] { return car.com.GetPowerStatus() == BT_POWER_ON; }));
+    ASSERT_TRUE(Eventually([&] { return car.com.Pair(kNewPhone, "") != 0; }));
+    ASSERT_TRUE(car.Hears("OnAnswerPairRequest", {kAddress}));
+  }
+  bool IsPaired() { return !car.com.GetRemotePairDeviceName(kNewPhone).empty(); }
+
+  const std::string kAddress = ValueText::Of(std::string(kNewPhone));
+  const std::string kFailed = ValueText::Of(BT_PAIR_FAILED);
+};
+
+TEST_F(PairingTest, BothAccept) {
+  CONFORMANCE_NEEDS("AcceptPairing");
+  ASSERT_NO_FATAL_FAILURE(Ask());
+  EXPECT_TRUE(phone.Do("AcceptPairing", kNewPhone));
+  EXPECT_NE(car.com.AnswerPair("", kNewPhone, BT_PAIR_REQUEST_CONFIRMATION), 0);
+  EXPECT_TRUE(car.Hears("OnPairStatusChanged",
+                        {ValueText::Of(BT_PAIR_PAIRED), ValueText::Of(BT_PAIR_REASON_NONE), kAddress}));
+  EXPECT_TRUE(Eventually([&] { return IsPaired(); }));
+}
+
+TEST_F(PairingTest, ThePersonAtThePhoneRefuses) {
+  CONFORMANCE_NEEDS("RejectPairing");
+  ASSERT_NO_FATAL_FAILURE(Ask());
+  EXPECT_TRUE(phone.Do("RejectPairing", kNewPhone));
+  // A stack may not know more than that the phone did not go on.
+  EXPECT_TRUE(Eventually([&] {
+    return car.HasHeard("OnPairStatusChanged", {kFailed, ValueText::Of(BT_PAIR_REASON_REJECTED_REMOTE)}) ||
+           car.HasHeard("OnPairStatusChanged", {kFailed, ValueText::Of(BT_PAIR_REASON_AUTHENTICATION)});
+  }));
+  EXPECT_FALSE(IsPaired());
+}
+
+TEST_F(PairingTest, TheDriverRefuses) {
+  ASSERT_NO_FATAL_FAILURE(Ask());
+  EXPECT_NE(car.com.RejectPair(kNewPhone, BT_PAIR_REQUEST_CONFIRMATION), 0);
+  EXPECT_TRUE(car.Hears("OnPairStatusChanged", {kFailed}));
+  EXPECT_FALSE(IsPaired());
+}
+
+}  // namespace
+}  // namespace conformance

@@ -1,0 +1,37 @@
+// The service ends, or dies, and comes back: applications hear what is no more, and go on.
+
+#include "tests/conformance/Car.h"
+
+namespace conformance {
+namespace {
+
+using bttest::ValueText;
+
+class RestartTest : public ConformanceTest {};
+
+TEST_F(RestartTest, OneThatDiedInACallSaysThatTheCallHasEnded) {
+  CONFORMANCE_NEEDS("Call");
+  ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
+  EXPECT_TRUE(phone.Do("Call", kPhone, "112"));
+  ASSERT_TRUE(car.Hears("OnCallStatusChanged"));
+  car.KillService();
+  EXPECT_EQ(car.com.GetPowerStatus(), 0) << "there is nobody to ask";
+  car.Forget();
+  car.StartService();
+  EXPECT_TRUE(car.Hears("OnCurrentCallInfoChanged", {ValueText::Of(0)}));
+  MWPTypeCallInfo info;
+  EXPECT_TRUE(Eventually([&] { return car.calls.GetCurrentCallInfo(info) != 0 && info.nCallCount == 0; }));
+  car.ConnectPhone();
+}
+
+TEST_F(RestartTest, OneThatEndsInGoodOrderReportsItBeforehand) {
+  ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
+  car.Forget();
+  EXPECT_EQ(car.EndService(), 0);
+  EXPECT_TRUE(
+      car.Hears("OnConnectStatusChanged", {ValueText::Of(std::string(kPhone)), ValueText::Of(BT_PROFILE_HFP),
+                                           ValueText::Of(BT_CONN_DISCONNECTED)}));
+}
+
+}  // namespace
+}  // namespace conformance
