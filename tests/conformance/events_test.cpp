@@ -250,6 +250,9 @@ TEST(EventsOfThisSuite, AreAllThatReachAListener) {
     }
   }
   EXPECT_FALSE(missing.empty());
+  for (const bttest::Witness::Cause& cause : bttest::TheWitness().causes) {
+    missing.erase(cause.signal);  // the simulation's test shows it
+  }
   for (const Cause& cause : Causes()) {
     for (const std::string& event : cause.events) {
       missing.erase(event);
