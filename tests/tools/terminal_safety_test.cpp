@@ -18,8 +18,6 @@
 namespace bttest {
 namespace {
 
-using testing::ElementsAre;
-
 /// A title for the terminal, a colour, a C1 control, DEL, marks of direction, separators of lines, and a word
 /// to recognise it by.
 constexpr char kPlanted[] =
@@ -150,6 +148,7 @@ struct Planted : BtctlWithRecorder {
 
   static GVariant* Values(const std::vector<ArgumentDescription>& arguments) {
     std::vector<GVariant*> values;
+    values.reserve(arguments.size());
     for (const ArgumentDescription& argument : arguments) {
       values.push_back(Value(argument.signature));
     }
