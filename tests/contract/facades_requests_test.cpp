@@ -56,9 +56,16 @@ std::vector<LogRecord> LinesWhileStarted(const std::string& method) {
   return found != lines.end() ? found->second : std::vector<LogRecord>();
 }
 
+/// The first text that a request sends: "00:1A:..." of "Pair('00:1A:...', '0000')".
+std::string FirstText(const std::string& wire) {
+  const std::size_t begin = wire.find('\'') + 1;
+  return wire.substr(begin, wire.find('\'', begin) - begin);
+}
+
 /// What a facade's method logs while the library is not started.
-std::vector<LogRecord> LinesWhileNotStarted(const std::string& method) {
+std::vector<LogRecord> LinesWhileNotStarted(const RequestCase& request) {
   const std::string com = "libbluetooth/MWPBtCom";
+  const std::string& method = request.name;
   static const std::set<std::string> checkTheirAddress = [] {
     std::set<std::string> names;
     for (const CheckedMethod& checked : MethodsThatCheckTheirAddress()) {
@@ -71,7 +78,8 @@ std::vector<LogRecord> LinesWhileNotStarted(const std::string& method) {
     lines.push_back({com, "Connect", 0, 40, "connect bt_profile = 1 ,bOnly = 2"});
   }
   if (checkTheirAddress.count(method) != 0) {
-    lines.push_back({com, method, 0, 100, "No Active or address 00:1A:7d:DA:71:13 is invalid!"});
+    lines.push_back(
+        {com, method, 0, 100, "No Active or address " + FirstText(request.wire) + " is invalid!"});
   }
   if (method == "StopPhoneBookDownload") {
     lines.push_back(
@@ -136,8 +144,8 @@ TEST_F(FacadeMethod, IsAnsweredWithItsDefaultAndMakesNeitherACallNorAClientAfter
     log.Clear();
     ExpectNotAsked(request, request.calls.facade, request.calls.facade.idleAnswer);
     EXPECT_EQ(TheClient(), nullptr) << request.name;
-    EXPECT_EQ(FacadeLines(log), LinesWhileNotStarted(request.name)) << request.name;
-    EXPECT_EQ(log.Records().size(), LinesWhileNotStarted(request.name).size()) << request.name;
+    EXPECT_EQ(FacadeLines(log), LinesWhileNotStarted(request)) << request.name;
+    EXPECT_EQ(log.Records().size(), LinesWhileNotStarted(request).size()) << request.name;
   }
 }
 
@@ -157,8 +165,8 @@ TEST(FacadeMethodBeforeStart, IsAnsweredWithItsDefaultAndMakesNoClient) {
     log.Clear();
     EXPECT_EQ(request.calls.facade.make(), request.calls.facade.idleAnswer) << request.name;
     EXPECT_EQ(TheClient(), nullptr) << request.name;
-    EXPECT_EQ(FacadeLines(log), LinesWhileNotStarted(request.name)) << request.name;
-    EXPECT_EQ(log.Records().size(), LinesWhileNotStarted(request.name).size()) << request.name;
+    EXPECT_EQ(FacadeLines(log), LinesWhileNotStarted(request)) << request.name;
+    EXPECT_EQ(log.Records().size(), LinesWhileNotStarted(request).size()) << request.name;
   }
 }
 
