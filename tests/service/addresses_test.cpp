@@ -76,8 +76,9 @@ std::string SampleOf(const bttest::ArgumentDescription& argument, const std::str
 bttest::VariantPtr SamplesFor(const bttest::MethodDescription& method, const std::string& address) {
   std::string text;
   for (const bttest::ArgumentDescription& argument : method.in) {
-    text += SampleOf(argument, address) + ",";
+    text += (text.empty() ? "" : ", ") + SampleOf(argument, address);
   }
+  text += method.in.size() == 1 ? "," : "";  // else it is no tuple
   bttest::ErrorCollector error;
   bttest::VariantPtr values(g_variant_parse(G_VARIANT_TYPE(bttest::TupleSignature(method.in).c_str()),
                                             ("(" + text + ")").c_str(), nullptr, nullptr, error));
