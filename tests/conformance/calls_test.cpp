@@ -24,6 +24,13 @@ class CallsTest : public ConformanceTest {
         << " calls, the first in state " << status;
     return Table().callSlot1.strText1;
   }
+  /// Somebody calls, and is answered.
+  void TakeCall(const char* number) {
+    EXPECT_TRUE(phone.Do("Call", kPhone, number));
+    EXPECT_EQ(Becomes(1, BT_CALL_INCOMING), number);
+    EXPECT_NE(car.calls.AcceptCall(), 0);
+    EXPECT_EQ(Becomes(1, BT_CALL_ACTIVE), number);
+  }
   int Logged(CallLogType type) { return car.book.GetCallLogCount(type); }
 };
 
@@ -32,10 +39,7 @@ TEST_F(CallsTest, OneComesInAndIsAcceptedAndTheOtherEndHangsUp) {
   CONFORMANCE_NEEDS("HangUp");
   ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
   const int logged = Logged(CALL_LOG_INCOMING);
-  EXPECT_TRUE(phone.Do("Call", kPhone, kNumber));
-  EXPECT_EQ(Becomes(1, BT_CALL_INCOMING), kNumber);
-  EXPECT_NE(car.calls.AcceptCall(), 0);
-  EXPECT_EQ(Becomes(1, BT_CALL_ACTIVE), kNumber);
+  TakeCall(kNumber);
   EXPECT_TRUE(phone.Do("HangUp", g_variant_new("(si)", kPhone, 0)));
   Becomes(0, BT_CALL_IDLE);
   EXPECT_TRUE(Eventually([&] { return Logged(CALL_LOG_INCOMING) == logged + 1; }));
@@ -67,10 +71,7 @@ TEST_F(CallsTest, OneGoesOutAndIsAnswered) {
 TEST_F(CallsTest, OneWaitsAndTheTwoAreSwapped) {
   CONFORMANCE_NEEDS("Call");
   ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
-  EXPECT_TRUE(phone.Do("Call", kPhone, kNumber));
-  Becomes(1, BT_CALL_INCOMING);
-  EXPECT_NE(car.calls.AcceptCall(), 0);
-  Becomes(1, BT_CALL_ACTIVE);
+  TakeCall(kNumber);
   EXPECT_TRUE(phone.Do("Call", kPhone, kOther));
   Becomes(2, BT_CALL_ACTIVE);
   EXPECT_NE(car.calls.AcceptCall(), 0);

@@ -4,8 +4,8 @@ if(NOT BT_BUILD_SIMULATION)
   return()
 endif()
 bt_add_test(NAME conformance
-  SOURCES Car.cpp Patience.cpp Phone.cpp calls_test.cpp content_test.cpp events_test.cpp pairing_test.cpp restart_test.cpp
-          ../contract/Witness.cpp
+  SOURCES Car.cpp Patience.cpp Phone.cpp calls_test.cpp content_test.cpp events_test.cpp pairing_test.cpp power_test.cpp
+          restart_test.cpp ../contract/Witness.cpp
   LIBS bt_test_derived
   LABELS conformance)
 target_compile_definitions(conformance PRIVATE

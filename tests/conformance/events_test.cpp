@@ -75,6 +75,14 @@ const std::vector<Cause>& Causes() {
         "OnBtSignalChanged", "OnBtBatteryChanged", "OnPlayerInfoChanged", "OnSupportAvrcpNotify",
         "OnFastForwardChanged", "OnFastRewindChanged", "OnSupportBrowserStatusChanged",
         "OnSupportPlayModeChanged"}},
+      {"APhoneThatGoesAndComesBack",
+       {"SetInRange"},
+       [](Scene& s) {
+         EXPECT_TRUE(s.phone.Do("SetInRange", g_variant_new("(sb)", kPhone, FALSE)));
+         EXPECT_TRUE(s.car.Hears("OnConnectStatusChanged"));
+         EXPECT_TRUE(s.phone.Do("SetInRange", g_variant_new("(sb)", kPhone, TRUE)));
+       },
+       {"OnConnectStatusChanged", "OnPBDownloadStatus"}},
       {"PowerOffAndOn",
        {},
        [](Scene& s) {
@@ -130,6 +138,14 @@ const std::vector<Cause>& Causes() {
        {"OnBtSignalChanged", "OnBtBatteryChanged", "OnRoamingStatusChanged", "OnMobileService",
         "OnOperatorNameChanged"}},
       {"Music", {}, Play, {"OnBtMusicPlayChanged", "OnMediaAudioStateChanged", "OnCurPositionChanged"}},
+      {"MusicByThePersonAtThePhone",
+       {"Play", "Pause"},
+       [](Scene& s) {
+         EXPECT_TRUE(s.phone.Do("Play", kPhone));
+         EXPECT_TRUE(s.car.Hears("OnMediaAudioStateChanged"));
+         EXPECT_TRUE(s.phone.Do("Pause", kPhone));
+       },
+       {"OnBtMusicPlayChanged", "OnMediaAudioStateChanged"}},
       {"TheNextTrack",
        {},
        [](Scene& s) {

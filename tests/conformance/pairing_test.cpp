@@ -43,6 +43,19 @@ TEST_F(PairingTest, ThePersonAtThePhoneRefuses) {
   EXPECT_FALSE(IsPaired());
 }
 
+TEST_F(PairingTest, ThePhoneBegins) {
+  CONFORMANCE_NEEDS("RequestPairing");
+  CONFORMANCE_NEEDS("AcceptPairing");
+  car.com.SetPower(1);
+  ASSERT_TRUE(Eventually([&] { return car.com.GetPowerStatus() == BT_POWER_ON; }));
+  EXPECT_NE(car.com.SetCapability(BT_CAP_ENABLE_SCAN, 1), 0);  // else it does not find the head unit
+  ASSERT_TRUE(Eventually([&] { return phone.Do("RequestPairing", kNewPhone); }));
+  ASSERT_TRUE(car.Hears("OnAnswerPairRequest", {kAddress}));
+  EXPECT_TRUE(phone.Do("AcceptPairing", kNewPhone));
+  EXPECT_NE(car.com.AnswerPair("", kNewPhone, BT_PAIR_REQUEST_CONFIRMATION), 0);
+  EXPECT_TRUE(Eventually([&] { return IsPaired(); }));
+}
+
 TEST_F(PairingTest, TheDriverRefuses) {
   ASSERT_NO_FATAL_FAILURE(Ask());
   EXPECT_NE(car.com.RejectPair(kNewPhone, BT_PAIR_REQUEST_CONFIRMATION), 0);

@@ -24,6 +24,21 @@ TEST_F(RestartTest, OneThatDiedInACallSaysThatTheCallHasEnded) {
   car.ConnectPhone();
 }
 
+TEST_F(RestartTest, OneThatIsBackTakesRequestsAgain) {
+  car.com.SetPower(1);
+  ASSERT_TRUE(Eventually([&] { return car.com.GetPowerStatus() == BT_POWER_ON; }));
+  car.KillService();
+  EXPECT_EQ(car.com.GetPowerStatus(), 0) << "there is nobody to ask";
+  car.StartService();
+  ASSERT_TRUE(Eventually([&] {
+    car.com.SetPower(1);
+    return car.com.GetPowerStatus() == BT_POWER_ON;
+  }));
+  car.Forget();
+  EXPECT_NE(car.com.SetPower(0), 0);
+  EXPECT_TRUE(car.Hears("OnOpenBtStatusChanged", {ValueText::Of(BT_POWER_OFF)}));
+}
+
 TEST_F(RestartTest, OneThatEndsInGoodOrderReportsItBeforehand) {
   ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
   car.Forget();

@@ -1,5 +1,5 @@
 // A day in the life of the model. That everything that can be reported comes from something that happens is
-// shown from outside, in causes_test.cpp.
+// shown from outside, in tests/conformance/events_test.cpp.
 
 #include "tests/service/model_fixture.h"
 

@@ -26,8 +26,6 @@ target_compile_definitions(system_smallest_stack PRIVATE
   BTTEST_POWER_ONLY_SERVICE="$<TARGET_FILE:power_only_service>")
 add_dependencies(system_smallest_stack power_only_service)
 if(BT_BUILD_SIMULATION)
-  bt_add_test(NAME system_end_to_end SOURCES end_to_end_test.cpp)
-  add_dependencies(system_end_to_end btservice)
   bt_add_test(NAME system_service_values SOURCES service_values_test.cpp)
   target_compile_definitions(system_service_values PRIVATE
     BTTEST_WORLD="${CMAKE_CURRENT_LIST_DIR}/service_values_world.json")
