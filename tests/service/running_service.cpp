@@ -25,6 +25,8 @@ RunningService::RunningService(const std::vector<std::string>& options, Begin be
   m_subscription =
       g_dbus_connection_signal_subscribe(m_connection.get(), kServiceName, kServiceName, nullptr, nullptr,
                                          nullptr, G_DBUS_SIGNAL_FLAGS_NONE, OnSignal, this, nullptr);
+  // GLib does not wait until the bus has the subscription. The bus answers in order: then it has.
+  IsOwned();
   if (begin == Begin::NOW) {
     Start();
   }
