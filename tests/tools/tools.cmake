@@ -22,11 +22,8 @@ target_compile_definitions(tools_btctl_test PRIVATE BT_PUBLIC_HEADERS="${CMAKE_S
 
 bt_add_test(NAME tools_shell_test SOURCES shell_test.cpp LIBS bt_tools_support)
 
-find_package(Python3 REQUIRED COMPONENTS Interpreter)
-add_test(NAME tools_rooms/EachIncludesFromBelowAndOneSpeaksDBus
-  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/rooms_test.py ${CMAKE_SOURCE_DIR}/tools/btctl)
-
 if(BT_BUILD_SIMULATION)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
   bt_add_test(NAME tools_service_test SOURCES full_segments_test.cpp refusal_test.cpp service_test.cpp worlds_test.cpp
     LIBS bt_tools_support)
   add_dependencies(tools_service_test btservice)
