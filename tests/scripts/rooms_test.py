@@ -38,6 +38,8 @@ ROOMS = {
     "examples/power_only_service": "include/bluetooth service/app",  # no application, but a stack
     "bench": "include/bluetooth protocol ipc service/frontend/segments service/phonebook",
 }
+# Folders of the tree without rules: they may include everything.
+FREE = ("packaging", "tests")
 # Something from outside that only some may use: how a source shows that it does, and who may.
 OUTSIDE = {
     "D-Bus": (
@@ -66,7 +68,8 @@ class Tree:
 
     def __init__(self, root):
         self.root = root
-        tops = sorted({name.split("/")[0] for name in ROOMS})
+        built = set(re.findall(r"add_subdirectory\((\w+)\)", (root / "CMakeLists.txt").read_text()))
+        tops = sorted(built.union(room.split("/")[0] for room in ROOMS).difference(FREE))
         self.sources = {
             str(path.relative_to(root)): path.read_text()
             for top in tops for path in sorted((root / top).rglob("*")) if path.suffix in (".h", ".cpp")
