@@ -5,10 +5,12 @@
 
 namespace btservice {
 
-/// A skeleton that is taken off the bus and released with this.
+/// Owns a skeleton: the object that answers the calls of one interface. It is taken off the bus, if it is on
+/// it, and released with this. Interface is a generated type, such as ComZelkLinuxBluetooth.
 template <typename Interface>
 class Exported {
  public:
+  /// Takes over the reference of the caller. Nothing is on the bus yet: that is up to ServiceBus::Export.
   explicit Exported(Interface* skeleton) : m_skeleton(skeleton) {}
   ~Exported() {
     if (g_dbus_interface_skeleton_get_connection(Base()) != nullptr) {

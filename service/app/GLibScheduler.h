@@ -17,7 +17,8 @@ namespace btservice {
 /// than the machine can, the time of the model falls behind, which the log says once.
 class GLibScheduler : public Scheduler {
  public:
-  /// While mayGoOn answers false, no task runs and the time of the model falls behind.
+  /// speed: how many seconds of the model pass in one on the wall. While mayGoOn answers false, no task runs
+  /// and the time of the model falls behind.
   explicit GLibScheduler(
       double speed, std::function<bool()> mayGoOn = [] { return true; });
   ~GLibScheduler() override;

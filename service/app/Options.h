@@ -10,9 +10,9 @@ namespace btservice {
 
 /// The command line, but for what is the stack provider's.
 struct Options {
-  bool removeSegments = false;
-  bool reserve = false;   ///< use up the small identifiers of segments, and do nothing else
-  std::string statePath;  ///< empty: nothing is kept
+  bool removeSegments = false;  ///< remove the segments at the end: for tests
+  bool reserve = false;         ///< use up the small identifiers of segments, and do nothing else
+  std::string statePath;        ///< empty: nothing is kept
 };
 
 /// Fills options, and the provider's own. Answers true to go on; otherwise the process is to end with

@@ -21,9 +21,11 @@ class Service {
   /// The object is on the bus already; it must outlive this, as must the provider and the bus.
   Service(const Options& options, StackProvider& provider, ComZelkLinuxBluetooth* object, ServiceBus& bus);
 
-  /// Takes over from a service before this one, and begins to live.
+  /// Takes over from a service before this one: reports what that one has left behind as ended, and makes or
+  /// empties the segments. Then starts the stack. Called once, before the main loop looks at the first
+  /// method call.
   void Start();
-  /// Ends calls and connections, and lets applications know.
+  /// Ends calls and connections, and lets applications know by signals. Called once, and nothing after it.
   void Stop();
 
  private:

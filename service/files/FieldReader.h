@@ -19,17 +19,22 @@ class FieldReader {
   /// place is the way to the node in words: "devices[2].phone".
   FieldReader(const JsonNode& node, const std::string& fileName, const std::string& place);
 
+  // How a description (DescribeFields) asks for the members of the object. value is where a member goes: a
+  // variable, or one of FieldTypes.h with its rules. meaning is for the schema; here it is of no use.
+
+  /// Fails if the member is missing.
   template <typename Value>
   void Required(const char* name, Value&& value, const char* /*meaning*/) {
     Read(Expect(name), Place(name), value);
   }
+  /// Leaves value as it is if the member is missing.
   template <typename Value>
   void Optional(const char* name, Value&& value, const char* /*meaning*/) {
     if (const JsonNode* const node = Take(name)) {
       Read(*node, Place(name), value);
     }
   }
-  /// Call it after the last field.
+  /// Fails if the object has members that nobody asked for. Call it after the last field.
   void RefuseOthers() const;
 
  private:

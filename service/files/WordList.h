@@ -38,7 +38,7 @@ std::string WordOf(Enum value) {
   return {};
 }
 
-/// "red, green or blue".
+/// All words, for a message: "red, green or blue".
 template <typename Enum>
 std::string Choices() {
   const WordList<Enum>& words = WordsOf<Enum>();

@@ -32,7 +32,9 @@ constexpr Method<Interface, Types<In...>, Types<Out...>> MakeMethod(
   return {signal, complete};
 }
 
-/// Has the calls of methods answered. What is bound must live as long as the skeleton.
+/// Has the calls of methods answered, on the thread of the main loop. What is bound must live as long as the
+/// skeleton. A function that throws does not end the service: the caller gets the text as a D-Bus error,
+/// InvalidArgs for std::invalid_argument and Failed for anything else.
 template <typename Interface>
 class MethodBinder {
  public:

@@ -7,7 +7,8 @@
 
 namespace btservice {
 
-/// Sends what the stack reports as signals of the interface. The skeleton must outlive it.
+/// Sends what the stack reports as signals of the interface, on the thread of the stack, and returns at once.
+/// Nothing is sent while the skeleton is not on the bus. The skeleton must outlive it.
 class SignalEmitter : public StackObserver {
  public:
   explicit SignalEmitter(ComZelkLinuxBluetooth* skeleton) : m_skeleton(skeleton) {}

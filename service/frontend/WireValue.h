@@ -43,6 +43,7 @@ inline GVariant* VariantFromModes(const std::vector<PlayMode>& modes) {
   return g_variant_builder_end(&builder);
 }
 
+/// An argument as the stack takes it. Numbers that are no enumerator come through: a stack refuses them.
 template <typename Value, typename Wire>
 Value FromWire(Wire wire) {
   if constexpr (std::is_same_v<Value, bool>) {
@@ -54,6 +55,8 @@ Value FromWire(Wire wire) {
   }
 }
 
+/// A value of an answer as the generated function takes it. A text is not copied: value must outlive the
+/// call.
 template <typename Wire, typename Value>
 Wire ToWire(const Value& value) {
   if constexpr (std::is_same_v<Value, std::string>) {

@@ -13,10 +13,14 @@ namespace btservice {
 /// The downloaded phone book and call logs. Only keeps them, and reports nothing.
 class PhoneBookStore {
  public:
+  /// Forgets contacts, favourites and call logs.
   void Clear();
+  /// The contact has an id of its own already.
 
   void Add(const Contact& contact);
+  /// Forgets the contacts. A favourite that comes back with its id is one again.
   void ClearContacts();
+  /// False if there is no such contact.
   bool Remove(int contactId);
   const std::vector<Contact>& Contacts() const { return m_contacts; }
   /// Null if no contact has the number. Digits decide: neither blanks nor a leading country code matter.
@@ -24,10 +28,12 @@ class PhoneBookStore {
 
   /// False if there is no such contact.
   bool SetFavorite(int contactId, bool favorite);
+  /// In the order of the phone book.
   std::vector<Contact> Favorites() const;
 
   /// Gives the entry an id of its own. When there are too many the oldest goes.
   void Add(const CallLogEntry& entry);
+  /// False if there is no such entry.
   bool RemoveLog(int id);
   void ClearLogs(CallLogType type);
   /// The latest first, with the contacts that their numbers belong to by now.

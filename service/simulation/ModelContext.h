@@ -12,7 +12,8 @@
 
 namespace btservice {
 
-/// Lets parts of the model hear of each other without knowing each other.
+/// Lets parts of the model hear of each other without knowing each other. The callbacks are called one after
+/// the other, in the order in which they were added, before the call returns; they can never be taken back.
 template <typename... Args>
 class Notifier {
  public:
@@ -29,11 +30,11 @@ class Notifier {
   std::vector<Callback> m_callbacks;
 };
 
-/// What every part of the model works with.
+/// What every part of the model works with, all of them on the one thread of the scheduler.
 struct ModelContext {
   Scheduler& scheduler;
   const Delays& delays;
-  std::mt19937 random;
+  std::mt19937 random;  ///< begins with the world's seed: the same world lives the same life
   const StackObservers& observers;
 
   void Report(const StackEvent& event) const { observers.Report(event); }

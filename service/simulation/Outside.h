@@ -15,7 +15,9 @@
 namespace btservice {
 
 /// What can happen outside of the head unit: at the phones, with their owners, on the air. Each returns false
-/// if it cannot happen: there is no such device, it is not connected, nobody calls.
+/// if it cannot happen: there is no such device, it is not connected, nobody calls. What comes of it is
+/// reported by the stack, as if it had happened by itself. The timeline of a world and the controls on the
+/// bus come here, on the thread of the stack.
 class Outside {
  public:
   Outside(DeviceTable& devices, Connections& connections, Pairing& pairing, Projection& projection,
@@ -46,9 +48,14 @@ class Outside {
   /// after a while as the device's data say.
   bool AcceptPairing(const std::string& address);
   bool RejectPairing(const std::string& address);
+  /// The device, or its owner, wants a profile connected or disconnected.
   bool RequestConnection(const std::string& address, ProfileId profile);
   bool RequestDisconnection(const std::string& address, ProfileId profile);
+  /// The phone asks for wireless projection.
   bool RequestProjection(const std::string& address);
+
+  // The phone has another network, or less of it. Bars are from 0 to 5; no name: the network is lost. Also
+  // possible while the phone is not connected: it is reported once it is.
 
   bool SetSignal(const std::string& address, int bars);
   bool SetBattery(const std::string& address, int bars);
@@ -71,12 +78,17 @@ class Outside {
 
   /// The tracks of the device's player, all of them anew.
   bool SetTracks(const std::string& address, std::vector<TrackData> tracks);
+  /// Its owner presses a key of the player.
   bool Play(const std::string& address);
   bool Pause(const std::string& address);
 
+  /// The phone gets a message. It keeps it also if it is not connected and the result is false.
   bool SendMessage(const std::string& address, const MessageData& message);
+  /// Something else happens to a message that the phone has: it is sent, deleted or the like.
   bool ChangeMessage(const std::string& address, const std::string& handle, MsgStatus status);
+  /// The phone reports that a message was marked, or could not be.
   bool SetMessageProperty(const std::string& address, const std::string& handle, bool success);
+  /// The device sends bytes over its serial channel.
   bool SendSerial(const std::string& address, const Bytes& data);
 
  private:

@@ -25,7 +25,9 @@ class Stage : public SimulatedStack {
   Stage(const ServiceParts& parts, WorldFile file, const StackStart& start, double speed,
         ControlObjects controls);
 
+  /// As that of the stack, and the timeline begins.
   void Start() override;
+  /// For the answers of the service's methods: Faults spoils them here.
   AnswerGate& Gate() { return m_answers; }
 
  private:

@@ -53,7 +53,7 @@ class Timeline {
  public:
   Timeline(Scheduler& scheduler, Outside& outside) : m_outside(outside), m_tasks(scheduler) {}
 
-  /// Times count from now.
+  /// Times count from now. What cannot happen when its time comes is left out.
   void Start(const std::vector<Happening>& happenings);
 
  private:

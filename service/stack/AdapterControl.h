@@ -37,6 +37,7 @@ class AdapterControl {
   virtual bool SetScanning(bool /*on*/) { return false; }
   /// Forgets the devices that were found and are not paired.
   virtual void ForgetFoundDevices() {}
+  /// Makes the adapter ready for a tester, for which it is visible from then on. Refused while it is off.
   virtual bool EnterTestMode() { return false; }
 };
 

@@ -22,33 +22,41 @@ class CallControl {
   virtual bool Reject() { return false; }
   /// Ends the call that is being dialled, or the one that is spoken in, or refuses the one that rings.
   virtual bool HangUp() { return false; }
-  /// Refused if the number has other than digits, '*', '#' and '+', or no further call is possible.
+  /// Calls a number; the call that is spoken in is held. Refused if the number has characters that cannot be
+  /// dialled (those that can are digits, '*', '#', '+', 'A' to 'D', and ',' and ';' for pauses), or if no
+  /// further call is possible now.
   virtual bool Dial(const std::string& /*number*/) { return false; }
   /// Dials the last number again. Refused if there is none.
   virtual bool Redial() { return false; }
   /// One of the actions with two calls. callId 0: the calls that the action is about by itself. Refused
   /// unless CallActionChanged has said that it is possible.
   virtual bool Perform(CallAction /*action*/, int /*callId*/) { return false; }
-  /// '0' to '9', '*', '#' and 'A' to 'D', while a call is active.
+  /// Sends a tone to the other end: '0' to '9', '*', '#' and 'A' to 'D'. Refused unless a call is active.
   virtual bool SendTone(char /*tone*/) { return false; }
   /// The calls, the one that is spoken in first. Their seconds are those of now.
   virtual std::vector<CallInfo> Calls() const { return {}; }
 
   /// Puts the sound on the phone (true) or on the head unit. CallAudioChanged follows.
+  /// Refused if there is no call with sound.
   virtual bool SetPrivate(bool /*onPhone*/) { return false; }
+  /// Whether the sound of the calls is on the phone by such a request. It no longer is once all calls have
+  /// ended.
   virtual bool IsPrivate() const { return false; }
-  /// VoiceRecognitionChanged follows.
+  /// Has the phone listen to the user; VoiceRecognitionChanged follows. Nothing happens without a connected
+  /// phone, during a call, or if it listens already.
   virtual void StartVoiceRecognition() {}
   virtual void StopVoiceRecognition() {}
   /// Nothing if no phone is connected, or if it keeps its number to itself.
   virtual std::optional<std::string> OwnNumber() const { return {}; }
 
-  /// Refused if no call comes in; ends with the ringing.
+  /// Plays the head unit's ring tone, until it is stopped or the call no longer rings. Refused if no call
+  /// comes in.
   virtual bool PlayRingtone() { return false; }
   /// False if none was playing.
   virtual bool StopRingtone() { return false; }
-  /// path: an absolute one, of a sound file.
+  /// Plays a sound file, so that the user can choose a ring tone. path: an absolute one.
   virtual bool PlayPreview(const std::string& /*path*/) { return false; }
+  /// False if none was playing.
   virtual bool StopPreview() { return false; }
 };
 

@@ -20,11 +20,13 @@ class DeviceControl {
   /// Refused while another pairing is under way, and if the device is paired. PairChanged follows, and
   /// PairRequested if somebody has to answer.
   virtual bool Pair(const std::string& /*address*/, const std::string& /*pin*/) { return false; }
-  /// Answer PairRequested. Refused if that device does not ask, or not in this way (state).
+  /// Answers PairRequested with yes; pin is what the user typed in, and empty where nothing is asked for.
+  /// Refused if that device does not ask, or not in this way (state). PairChanged follows.
   virtual bool AcceptPairing(const std::string& /*address*/, const std::string& /*pin*/,
                              PairRequestState /*state*/) {
     return false;
   }
+  /// Answers it with no. Refused as above.
   virtual bool RejectPairing(const std::string& /*address*/, PairRequestState /*state*/) { return false; }
   /// Pairs by a key of 16 bytes that was exchanged by other means. OobLinkKeySet follows, with the outcome.
   virtual bool SetOobLinkKey(const std::string& /*address*/, const Bytes& /*key*/) { return false; }
@@ -46,12 +48,14 @@ class DeviceControl {
   /// disconnected from the profile first. ConnectionChanged follows, BT_CONN_FAILED if it does not come
   /// about.
   virtual bool Connect(const std::string& /*address*/, ProfileId /*profile*/, bool /*only*/) { return false; }
+  /// Refused if it is neither connected nor on its way to it. ConnectionChanged follows. Profiles that need
+  /// this one end with it.
   virtual bool Disconnect(const std::string& /*address*/, ProfileId /*profile*/) { return false; }
   /// As Connect for a device that was connected before: to have a lost link back.
   virtual bool Reconnect(const std::string& /*address*/, ProfileId /*profile*/) { return false; }
-  /// Allows all profiles of all devices.
+  /// Allows all profiles of all devices. ProfilesEnabledChanged follows.
   virtual void EnableProfiles() {}
-  /// Disconnects a device, and keeps its profiles from being connected.
+  /// Disconnects a device, and keeps its profiles from being connected. ProfilesEnabledChanged follows.
   virtual void DisableProfiles(const std::string& /*address*/) {}
   /// The device whose connection of this profile is the one in use, and how far it is.
   virtual ConnectionState Connection(ProfileId /*profile*/) const { return {}; }
@@ -60,6 +64,7 @@ class DeviceControl {
   virtual bool SetProjectionRunning(bool /*running*/) { return false; }
   /// ProjectionPairingAnswered follows.
   virtual bool RequestProjectionPairing(const std::string& /*address*/, int /*method*/) { return false; }
+  /// Whether the user lets this device project.
   virtual void SetProjectionAllowed(const std::string& /*address*/, bool /*allowed*/) {}
 };
 

@@ -17,6 +17,7 @@ class PhoneBookControl {
   /// Refused unless a phone is connected for its phone book, and while a download runs. DownloadStatusChanged
   /// and DownloadProgress follow.
   virtual bool StartDownload(PbapType /*type*/) { return false; }
+  /// Breaks off the download; what has arrived stays. Refused if none runs.
   virtual bool StopDownload() { return false; }
 
   /// The reference holds until something is changed or downloaded.
@@ -27,13 +28,15 @@ class PhoneBookControl {
   virtual std::vector<Contact> Favorites() const { return {}; }
   /// Refused if there is no such contact. ContactsDeleted follows. The phone keeps what is deleted here.
   virtual bool DeleteContact(int /*id*/) { return false; }
+  /// Deletes all contacts, as above.
   virtual bool ClearContacts() { return false; }
-  /// FavoriteChanged follows.
+  /// FavoriteChanged follows. Refused if there is no such contact.
   virtual bool SetFavorite(int /*contactId*/, bool /*favorite*/) { return false; }
 
   /// The latest first.
   virtual std::vector<CallLogEntry> CallLogs(CallLogType /*type*/) const { return {}; }
-  /// CallLogsChanged follows.
+  /// Deletes one entry, or all of a type. CallLogsChanged follows. Refused if there is no such entry. The
+  /// phone keeps its own.
   virtual bool DeleteCallLog(int /*id*/) { return false; }
   virtual bool ClearCallLogs(CallLogType /*type*/) { return false; }
 };

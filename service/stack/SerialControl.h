@@ -19,11 +19,13 @@ class SerialControl {
 
   /// HidCalibrated follows.
   virtual bool CalibrateHid(const std::string& /*address*/, HIDTYPE /*type*/) { return false; }
-  /// Refused if the device takes no input.
+  /// Sends a position or movement, and the state of the buttons. Refused if the device takes no input of this
+  /// type.
   virtual bool SendHidPosition(const std::string& /*address*/, HIDTYPE /*type*/, int /*x*/, int /*y*/,
                                int /*buttons*/) {
     return false;
   }
+  /// Sends a key. Refused if the device takes no input.
   virtual bool SendHidKey(const std::string& /*address*/, int /*key*/) { return false; }
 };
 

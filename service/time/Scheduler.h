@@ -10,7 +10,8 @@ namespace btservice {
 using Milliseconds = std::chrono::milliseconds;
 
 /// The clock of the service: what shall happen later is asked of it. Tasks run one at a time, in the order of
-/// their times, those of the same time in the order in which they were asked for, and never inside After.
+/// their times, those of the same time in the order in which they were asked for, and never inside After. All
+/// of it happens on one thread, that of the main loop.
 class Scheduler {
  public:
   using Task = std::function<void()>;
@@ -19,6 +20,8 @@ class Scheduler {
   virtual ~Scheduler() = default;
   /// Time since the clock was started. While a task runs it is the task's own time.
   virtual Milliseconds Now() const = 0;
+  /// Runs the task once, that much later; a delay of 0 or less is as soon as possible. The id is good for
+  /// Cancel, and is never used again.
   virtual TaskId After(Milliseconds delay, Task task) = 0;
   /// Takes a task back. A task that has run, or 0, is ignored.
   virtual void Cancel(TaskId id) = 0;

@@ -12,6 +12,7 @@ namespace btservice {
 /// The tasks that wait, in the order in which they are due: what the schedulers have in common.
 class TaskQueue {
  public:
+  /// Has a task wait for its time. As Scheduler::After and Cancel otherwise.
   Scheduler::TaskId Add(Milliseconds due, Scheduler::Task task);
   void Cancel(Scheduler::TaskId id);
   /// When the next task is due; nothing if none waits.

@@ -12,7 +12,8 @@ class CallTableSegment {
  public:
   explicit CallTableSegment(SegmentOwner& segments) : m_segments(segments) {}
 
-  /// False if the segment cannot be had.
+  /// Writes the table as it is now. Calls beyond its two slots are counted and not listed. False, with an
+  /// error in the log, if the segment cannot be had.
   bool Publish(const std::vector<CallInfo>& calls);
 
  private:

@@ -15,7 +15,8 @@ struct LeftBehind {
   std::vector<std::string> connectedDevices;  ///< addresses; connected, or on the way to it or away from it
 };
 
-/// To be called before the lists are emptied.
+/// To be called before the lists are emptied. A segment that is missing is made, and nothing is
+/// found in it.
 LeftBehind ReadLeftBehind(SegmentOwner& segments);
 
 // The readers of the two lists. The memory may hold anything: what makes no sense is left out.

@@ -15,10 +15,15 @@ namespace btservice {
 /// signals to clients, so that what these report is there. Results are false if the segment cannot be had.
 class Publisher : public StackObserver {
  public:
+  /// Both must outlive this.
   Publisher(SegmentOwner& segments, BluetoothStack& stack);
 
   /// Makes the segments of the lists, or empties those that are there, and fills those that are kept current.
   void PublishAll();
+
+  // The lists that clients ask for, each in its segment, as they are now. What does not fit is left out at
+  // the end, by whole records.
+
   bool PublishContacts();
   bool PublishFavorites();
   bool PublishCallLogs(CallLogType type);

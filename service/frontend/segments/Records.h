@@ -19,7 +19,7 @@ void PackRecord(ListWriter& writer, const Contact& contact);
 /// SH_CALL_LOG_LIST, SH_CALL_LOG_INFO.
 void PackRecord(ListWriter& writer, const CallLogEntry& entry);
 
-/// A counted list of records.
+/// A counted list of records, of as many as fit into that many bytes.
 template <typename Record>
 ListWriter PackList(const std::vector<Record>& records, std::size_t capacity) {
   ListWriter writer(capacity);

@@ -13,6 +13,7 @@ struct KeptAttribute {
   std::string AdapterData::*member;
 };
 
+/// All of them.
 constexpr KeptAttribute kKeptAttributes[] = {
     {BT_ATTR_LOCAL_NAME, &AdapterData::name},
     {BT_ATTR_PIN_CODE, &AdapterData::pin},

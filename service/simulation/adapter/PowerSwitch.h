@@ -11,7 +11,7 @@ class PowerSwitch {
  public:
   explicit PowerSwitch(ModelContext& context);
 
-  /// Refuses what is so already, or on its way to be so.
+  /// Refuses what is so already, or on its way to be so. Both ways take a while; each step is reported.
   bool Set(bool on);
   PowerStatus Status() const { return m_status; }
   bool IsOn() const { return m_status == BT_POWER_ON; }

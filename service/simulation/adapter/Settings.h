@@ -23,6 +23,7 @@ class Settings {
   bool SetAttribute(Attribute attribute, const std::string& value);
   bool GetAttribute(Attribute attribute, std::string& value) const;
 
+  /// Reports all of them as they are, for whoever comes late.
   void ReportAll() const;
 
  private:

@@ -11,6 +11,7 @@
 
 namespace btservice {
 
+/// Passes the requests for the adapter on to the parts of the model that carry them out.
 class SimulatedAdapter : public AdapterControl {
  public:
   SimulatedAdapter(PowerSwitch& power, Settings& settings, Scanner& scanner, DeviceTable& devices);
@@ -28,6 +29,7 @@ class SimulatedAdapter : public AdapterControl {
   void ForgetFoundDevices() override;
   bool EnterTestMode() override;
 
+  /// The other parts are to report how they stand.
   Notifier<> onReportStatus;
 
  private:

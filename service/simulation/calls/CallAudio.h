@@ -10,8 +10,10 @@ class CallAudio {
  public:
   CallAudio(ModelContext& context, Settings& settings, Connections& connections, CallTable& calls);
 
+  /// Refused unless a call has sound: one that rings has it only if the phone's own ring tone is to be heard.
   bool SetPrivate(bool onPhone);
   bool IsPrivate() const { return m_private; }
+  // Without a phone, during a call, or if it is so already, nothing happens.
   void StartVoiceRecognition();
   void StopVoiceRecognition();
   /// Reports where the sound is, and voice recognition if it runs.

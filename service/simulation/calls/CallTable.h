@@ -27,7 +27,8 @@ struct Call {
   Timer timer;            ///< to its next state, if that comes by itself
 };
 
-/// The calls of the connected phones: dialing, ringing, talking, waiting, held, joined.
+/// The calls of the connected phones: dialing, ringing, talking, waiting, held, joined. Requests are true if
+/// they are possible in the state that the calls are in; what they change is reported before they return.
 class CallTable {
  public:
   /// How many a phone can have at once: two, and one that waits.
@@ -44,20 +45,25 @@ class CallTable {
   /// callId 0: the calls that the action concerns by itself.
   bool Perform(CallAction action, int callId);
 
-  /// What happens at the other end.
+  // What happens at the other end. False if it cannot happen.
+
+  /// Somebody calls. The phone must be connected, and there must be less than three calls, none of which
+  /// rings or waits.
   bool ComeIn(RemoteDevice& device, const std::string& number);
+  /// Whoever is called answers.
   bool AnswerThere(RemoteDevice& device);
   /// callId 0: all calls of the device.
   bool EndThere(RemoteDevice& device, int callId);
 
   const std::vector<std::unique_ptr<Call>>& All() const { return m_calls; }
   bool Has(CallStatus status) const;
+  /// Since it was answered; 0 if it was not.
   int Seconds(const Call& call) const;
   /// Reports the calls as they stand, for whoever comes late.
   void ReportAll() const { m_reports.ReportAll(); }
 
-  Notifier<> onChanged;
-  Notifier<const Call&> onEnded;
+  Notifier<> onChanged;           ///< after each change, when it is complete and reported
+  Notifier<const Call&> onEnded;  ///< a call is about to be taken out of the table
 
  private:
   Call& Begin(RemoteDevice& device, const std::string& number, bool incoming, CallStatus status);

@@ -11,6 +11,7 @@
 
 namespace btservice {
 
+/// Passes the requests for calls on to the parts of the model that carry them out. Ring tones are silent.
 class SimulatedCalls : public CallControl {
  public:
   SimulatedCalls(PowerSwitch& power, Connections& connections, CallTable& calls, CallAudio& audio,

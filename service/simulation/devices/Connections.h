@@ -21,10 +21,15 @@ class Connections {
  public:
   Connections(ModelContext& context, PowerSwitch& power, Settings& settings, DeviceTable& devices);
 
+  // The requests of DeviceControl. True if it is taken on: power is on, and the device is paired, has the
+  // profile and may use it; or there is something to disconnect. ConnectionChanged reports what comes of it.
+
+  /// only: other devices are disconnected from the profile.
   bool Connect(RemoteDevice& device, ProfileId profile, bool only);
   /// As Connect, but for the device's own wish: pairing and permission are looked at, nothing else.
   bool ConnectFromRemote(RemoteDevice& device, ProfileId profile);
   bool Disconnect(RemoteDevice& device, ProfileId profile);
+  /// Ends the link first if the profile is connected.
   bool Reconnect(RemoteDevice& device, ProfileId profile);
   void EnableAll();
   void Disable(RemoteDevice& device);
@@ -42,6 +47,7 @@ class Connections {
   RemoteDevice* Active(ProfileId profile) const;
   /// Makes a connected device the one that counts.
   void Activate(RemoteDevice& device, ProfileId profile);
+  /// That of the device that counts, or of one on the way to a connection or away from it.
   ConnectionState State(ProfileId profile) const;
   void ReportAll() const;
 

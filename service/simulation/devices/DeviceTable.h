@@ -20,15 +20,20 @@ class DeviceTable {
   RemoteDevice* Find(const std::string& address) const;
   /// As Find, but null also for a device that is neither paired nor found.
   RemoteDevice* FindKnown(const std::string& address) const;
+  /// Devices are never taken away: references to them hold as long as the table.
   const std::vector<std::unique_ptr<RemoteDevice>>& All() const { return m_devices; }
   /// A further device; refused (null) if the address is in use or not an address.
   RemoteDevice* Add(const DeviceData& data);
 
   /// Paired devices, the latest first unless they were moved.
   const std::vector<RemoteDevice*>& Paired() const { return m_paired; }
+  /// Whether no further device can be paired.
   bool IsFull() const { return m_paired.size() >= m_capacity; }
+  // Change the list of paired devices, and report it.
+
   void AddPaired(RemoteDevice& device);
   void RemovePaired(RemoteDevice& device);
+  /// position counts from 0. False if the device is not paired or the list is shorter.
   bool MovePaired(RemoteDevice& device, int position);
   void ReportPairedList() const { m_context.Report(PairedDevicesChanged{}); }
 

@@ -11,7 +11,8 @@
 namespace btservice {
 
 /// Pairing, one device at a time: the page, the question to the user, the answer from the other side, and the
-/// agreement on keys.
+/// agreement on keys. Each request is false if it cannot be now; what comes of it is reported as PairChanged
+/// and PairRequested.
 class Pairing {
  public:
   Pairing(ModelContext& context, PowerSwitch& power, Settings& settings, DeviceTable& devices);
@@ -23,17 +24,20 @@ class Pairing {
   /// For wireless projection.
   bool StartForProjection(RemoteDevice& device);
 
+  /// The user's answer. False if that device does not ask, or not in this way.
   bool Accept(const std::string& address, const std::string& pin, PairRequestState state);
   bool Reject(const std::string& address, PairRequestState state);
   /// The person at the other device accepts what they are asked there; false if they are not asked.
   bool AcceptFromRemote(const RemoteDevice& device);
   /// The person at the other device refuses, or changes their mind.
   bool RejectFromRemote(const RemoteDevice& device);
+  /// True if power is on and the address is one; OobLinkKeySet says whether it worked.
   bool SetOobLinkKey(const std::string& address, const Bytes& key);
 
   bool IsBusy() const { return m_stage != Stage::IDLE; }
   /// Reports the pairing that is under way, if there is one.
   void ReportUnderWay() const;
+  /// The device is out of range: the pairing with it fails.
   void DeviceLost(const RemoteDevice& device);
 
  private:

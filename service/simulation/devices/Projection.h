@@ -15,6 +15,8 @@ class Projection {
   Projection(ModelContext& context, PowerSwitch& power, DeviceTable& devices, Pairing& pairing,
              Connections& connections);
 
+  // The requests of DeviceControl.
+
   bool SetRunning(bool running);
   bool RequestPairing(const std::string& address);
   void SetAllowed(const std::string& address, bool allowed);

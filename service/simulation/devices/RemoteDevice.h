@@ -19,7 +19,9 @@ class RemoteDevice {
   /// Of a single profile; DISCONNECTED if it was never connected.
   ConnStatus Status(ProfileId profile) const;
   bool IsConnected(ProfileId profile) const { return Status(profile) == BT_CONN_CONNECTED; }
+  /// By any profile.
   bool IsConnected() const;
+  /// As the list of paired devices shows it.
   DeviceInfo Info() const;
 
   DeviceData data;

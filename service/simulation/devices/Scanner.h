@@ -13,6 +13,7 @@ class Scanner {
 
   /// Refuses what is so already.
   bool Set(bool on);
+  /// Reports whether a search runs, for whoever comes late.
   void Report() const;
 
  private:

@@ -12,6 +12,8 @@
 
 namespace btservice {
 
+/// Passes the requests for devices on to the parts of the model that carry them out. Pairings are deleted a
+/// moment after the request.
 class SimulatedDevices : public DeviceControl {
  public:
   SimulatedDevices(ModelContext& context, PowerSwitch& power, DeviceTable& devices, Pairing& pairing,

@@ -13,6 +13,7 @@ class Messages {
   Messages(ModelContext& context, Connections& connections);
 
   // What happens at the phone. False if it is not connected or has no such message.
+  /// A new one comes. The phone keeps it in any case; false: it is not connected, and nothing is reported.
   bool Arrive(RemoteDevice& device, const MessageData& message);
   /// Anything but an arrival happens to a message.
   bool Happen(RemoteDevice& device, const std::string& handle, MsgStatus status);

@@ -16,6 +16,10 @@ class Browser {
   Browser(ModelContext& context, Player& player, Connections& connections);
 
   bool IsRoot() const { return m_path.empty(); }
+
+  // The requests of MusicControl. False without a player, or for a range that makes no sense; else what comes
+  // of it is reported a moment later.
+
   bool ToRoot(ItemRange range);
   bool Up(ItemRange range);
   bool Down(const std::string& uid, ItemRange range);

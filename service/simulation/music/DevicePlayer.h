@@ -23,14 +23,19 @@ class DevicePlayer {
   PlayQueue& Queue() { return m_queue; }
   const PlayQueue& Queue() const { return m_queue; }
   MusicPlayStatus Status() const { return m_status; }
+  /// Whether it plays or winds: its position changes.
   bool IsRunning() const;
+  // In the current track; 0 if there is none.
   Milliseconds Position() const;
   Milliseconds Length() const;
   TrackInfo Info() const;
 
+  // The keys of a remote control. A player without tracks stays stopped.
+
   void Play();
   void Pause();
   void Next();
+  /// Goes back to the beginning of the track if more than three seconds of it were played.
   void Previous();
   /// Winds forward or back; ends with the next command to play or pause.
   void Wind(MusicPlayStatus direction);
@@ -42,6 +47,7 @@ class DevicePlayer {
   /// False if the player has no such mode.
   bool SetMode(PlayMode mode);
 
+  /// After it was reported.
   Notifier<> onStatusChanged;
 
  private:

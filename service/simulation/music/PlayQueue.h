@@ -22,10 +22,14 @@ class PlayQueue {
   const TrackData* Current() const;
   int CurrentNumber() const;  ///< counted from 1, 0 if the queue is empty
 
+  /// Other tracks, in their order; current is the place of the one that comes first, from 0.
   void Set(const std::vector<TrackData>& tracks, std::size_t current);
+  /// Puts a track at the end, whatever the order is.
   void Append(const TrackData& track);
-  /// False if the track is not in the queue.
+  /// Makes that track the current one. False if it is not in the queue.
   bool Select(const std::string& uid);
+
+  // From the last track to the first and the other way round; whether to do so is up to the player.
 
   void Next();
   void Previous();
@@ -33,6 +37,7 @@ class PlayQueue {
 
   void SetRepeat(RepeatMode mode) { m_repeat = mode; }
   RepeatMode Repeat() const { return m_repeat; }
+  /// The current track stays the current one.
   void SetShuffle(ShuffleMode mode, std::mt19937& random);
   ShuffleMode Shuffle() const { return m_shuffle; }
 

@@ -23,15 +23,18 @@ class Player {
   DevicePlayer* InUse() const;
   /// Has the player in use do something as soon as the request has reached it. False without a player.
   bool Command(std::function<void(DevicePlayer&)> command);
+  /// Opens or closes the way of the music to the loudspeakers; possible without a player.
   bool SetOutput(bool open);
+  /// When the position and the texts of the track are reported.
   MusicTicks& Ticks() { return m_ticks; }
+  /// Reports what the player in use can do, and how it stands.
   void ReportAll() const;
   /// True for a notification that every player here can give.
   static bool Supports(SupportAvrcpEvent event);
 
   /// The device has other tracks now. What plays goes on with the first of them.
   void SetTracksFromRemote(RemoteDevice& device, std::vector<TrackData> tracks);
-  /// Somebody at the device presses play or pause.
+  /// Somebody at the device presses play or pause. False if its player is not connected.
   bool PlayFromRemote(RemoteDevice& device);
   bool PauseFromRemote(RemoteDevice& device);
 

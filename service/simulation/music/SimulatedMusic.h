@@ -12,6 +12,8 @@
 
 namespace btservice {
 
+/// Passes the requests for music on to the parts of the model that carry them out. Commands reach the player
+/// a moment after the request.
 class SimulatedMusic : public MusicControl {
  public:
   SimulatedMusic(Player& player, Browser& browser) : m_player(player), m_browser(browser) {}

@@ -15,6 +15,7 @@ namespace btservice {
 
 // What the simulated world is made of at the beginning: plain data, all of it with defaults.
 
+/// A track of a device's music. The uid is what the device calls it, unique in the device.
 struct TrackData {
   std::string uid;
   std::string title;
@@ -24,6 +25,7 @@ struct TrackData {
   Milliseconds length{0};
 };
 
+/// A folder of a device's music, with all that is in it. The one at the top needs neither uid nor name.
 struct FolderData {
   std::string uid;
   std::string name;
@@ -31,6 +33,7 @@ struct FolderData {
   std::vector<TrackData> tracks;
 };
 
+/// A message that a phone has. The handle is its number there, in hexadecimal digits.
 struct MessageData {
   std::string handle;
   std::string sender;
@@ -40,16 +43,17 @@ struct MessageData {
 /// How somebody that is called from here behaves.
 enum class CalledParty { ANSWERS, BUSY, NO_ANSWER };
 
+/// What a phone has beside music: its network, calls, phone book and messages.
 struct PhoneData {
   std::string ownNumber;
   std::string networkOperator;
-  int signal = 4;
-  int battery = 5;
+  int signal = 4;   ///< bars, from 0 to 5
+  int battery = 5;  ///< bars, from 0 to 5
   bool roaming = false;
   CodecMode codec = BT_CODEC_MSBC;
   CalledParty calledParty = CalledParty::ANSWERS;
   Milliseconds answersAfter{3000};
-  bool sharesPhoneBook = true;
+  bool sharesPhoneBook = true;  ///< its owner lets it be downloaded
   std::vector<Contact> contacts;
   std::vector<Contact> simContacts;
   std::vector<CallLogEntry> callLogs;
@@ -61,6 +65,7 @@ struct SerialData {
   std::map<std::string, std::string> script;
 };
 
+/// A device of the world, as it is before anything has happened.
 struct DeviceData {
   std::string address;
   std::string name;
@@ -68,8 +73,8 @@ struct DeviceData {
   std::vector<ProfileId> profiles;
   std::set<ProfileId> refusedProfiles;  ///< supported, but connecting them fails
   PairRequestState pairing = BT_PAIR_REQUEST_CONFIRMATION;
-  std::string pin;  ///< PIN or passkey of the device, where its way of pairing has one
-  bool acceptsPairing = true;
+  std::string pin;             ///< PIN or passkey of the device, where its way of pairing has one
+  bool acceptsPairing = true;  ///< what the person at the device answers
   bool inRange = true;
   bool paired = false;
   PhoneData phone;
@@ -77,6 +82,7 @@ struct DeviceData {
   SerialData serial;
 };
 
+/// The head unit's own adapter.
 struct AdapterData {
   std::string address = "00:1B:DC:00:00:01";
   std::string name = "Head Unit";
@@ -87,6 +93,7 @@ struct AdapterData {
   int pairedDevices = 10;  ///< how many can be remembered
 };
 
+/// All of it together.
 struct World {
   AdapterData adapter;
   SettingsData settings;

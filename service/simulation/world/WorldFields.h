@@ -26,12 +26,14 @@ struct PhoneBookSource {
   int generate = 0;
 };
 
+/// A device as a file describes it: the contacts of its phone are put together when all else is read.
 struct DeviceSource {
   DeviceData device;
   PhoneBookSource phoneBook;
   PhoneBookSource simPhoneBook;
 };
 
+/// A world as a file describes it.
 struct WorldSource {
   int format = 1;
   std::string description;
