@@ -97,7 +97,8 @@ template <typename Object>
 OwnedObject<Object> NewRef(Object* object) {
   return OwnedObject<Object>(static_cast<Object*>(g_object_ref(object)));
 }
-/// A further reference to a variant that somebody else owns.
-inline OwnedVariant NewRef(GVariant* variant) { return OwnedVariant(g_variant_ref(variant)); }
+/// A reference to a variant that was passed in: its floating one if it floats, else a further one. So do the
+/// functions of GLib that take floating variants.
+inline OwnedVariant NewRef(GVariant* variant) { return OwnedVariant(g_variant_ref_sink(variant)); }
 
 #endif

@@ -5,6 +5,7 @@
 #define MWP_LOG_SOURCE "ipc/BtClientIpcAdapter"
 #include <mwp/MWPLog.h>
 
+#include "glib/Owned.h"
 #include "ipc/BtProxy.h"
 #include "ipc/ServiceError.h"
 #include "ipc/SessionBusExit.h"
@@ -51,12 +52,12 @@ bool BtClientIpcAdapter::InitDBusConnect() {
   int retry = 0;
   bool firstTry = true;
   for (;;) {
-    ServiceError error;
+    OwnedError error;
     g_BtProxy = com_zelk_linux_bluetooth_proxy_new_for_bus_sync(
         G_BUS_TYPE_SESSION, G_DBUS_PROXY_FLAGS_NONE, kServiceName, kServicePath, nullptr, error.Out());
     SessionBusExit::SwitchOff(g_BtProxy);
     if (g_BtProxy == nullptr) {
-      MWP_LOG(MWP_LOG_ERROR, "InitDBusConnect: Failed to create proxy. Reason: %s.retry->%d", error.Message(),
+      MWP_LOG(MWP_LOG_ERROR, "InitDBusConnect: Failed to create proxy. Reason: %s.retry->%d", Reason(error),
               retry);
       if (retry >= kLastRetry) {
         return false;
@@ -71,7 +72,7 @@ bool BtClientIpcAdapter::InitDBusConnect() {
     // sees false.
   }
 
-  gchar* const owner = g_dbus_proxy_get_name_owner(G_DBUS_PROXY(g_BtProxy));
+  const OwnedText owner(g_dbus_proxy_get_name_owner(G_DBUS_PROXY(g_BtProxy)));
   if (owner == nullptr) {
     MWP_LOG(MWP_LOG_WARNING, "bt_proxy_get_service_dbus_ready_status Owner Name is nullptr");
     return false;
@@ -80,8 +81,7 @@ bool BtClientIpcAdapter::InitDBusConnect() {
       MWP_LOG_INFO,
       "[btservice] [BtClientIpcAdapter::InitDBusConnect] bt_proxy_get_service_dbus_ready_status Owner Name: "
       "%s",
-      owner);
+      owner.get());
   RegisterDBusSignal();
-  g_free(owner);
   return true;
 }

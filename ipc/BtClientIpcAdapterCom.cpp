@@ -108,7 +108,7 @@ void BtClientIpcAdapter::ClearScanedDeviceList() { CallService(BT_CALL(clear_sca
 
 // A missing text is the failure that is logged; the error of the call is not.
 int BtClientIpcAdapter::GetAttribute(MWPBtType::Attribute attribute, std::string& value) {
-  ServiceError error;
+  OwnedError error;
   OutText text(BT_REQUEST_SITE);
   guchar result = 0;
   CallSilently(error, com_zelk_linux_bluetooth_call_get_attribute_sync, AsByte(attribute), text.Out(),

@@ -4,6 +4,7 @@
 #define MWP_LOG_SOURCE "ipc/BtClientIpcAdapter"
 #include <mwp/MWPLog.h>
 
+#include "glib/Owned.h"
 #include "ipc/BtClientIpcAdapter.h"
 #include "ipc/ServiceCall.h"
 
@@ -25,23 +26,22 @@ bool MakeRoom(const MWPLogSite& site, std::vector<MWPTypePlayMode>& modes, std::
 template <typename Function>
 int AskPlayModes(const MWPLogSite& site, const char* name, Function call,
                  std::vector<MWPTypePlayMode>& modes) {
-  VariantHolder answer;
+  OwnedVariant answer;
   gboolean result = 0;
   if (!CallService(site, name, call, answer.Out(), &result)) {
     return result;
   }
-  const gsize count = g_variant_n_children(answer.Get());
+  const gsize count = g_variant_n_children(answer.get());
   if (!MakeRoom(site, modes, count)) {
     return result;
   }
   for (gsize i = 0; i < count; ++i) {
-    VariantHolder child;
-    *child.Out() = g_variant_get_child_value(answer.Get(), i);
-    g_print("%s type '%s'\n", site.function, g_variant_get_type_string(child.Get()));
-    if (g_variant_is_container(child.Get())) {
+    const OwnedVariant child(g_variant_get_child_value(answer.get(), i));
+    g_print("%s type '%s'\n", site.function, g_variant_get_type_string(child.get()));
+    if (g_variant_is_container(child.get())) {
       guchar type = 0;
       guchar value = 0;
-      g_variant_get(child.Get(), "(yy)", &type, &value);
+      g_variant_get(child.get(), "(yy)", &type, &value);
       MWPTypePlayMode mode;
       mode.nType = type;
       mode.nValue = value;
@@ -65,7 +65,7 @@ int BtClientIpcAdapter::PlayMusic(int command) {
 
 // As PlayMusic, and a failure is not even logged.
 int BtClientIpcAdapter::StopMusic(int mute) {
-  ServiceError ignored;
+  OwnedError ignored;
   gboolean result = 0;
   CallSilently(ignored, com_zelk_linux_bluetooth_call_stop_music_sync, mute, &result);
   return 1;
@@ -112,8 +112,8 @@ int BtClientIpcAdapter::GetMediaInfo(MWPTypeMediaInfo& info) {
 }
 
 int BtClientIpcAdapter::SetCurPlayMode(MWPTypePlayMode mode) {
-  const VariantHolder pair(g_variant_new("(yy)", AsByte(mode.nType), AsByte(mode.nValue)));
-  return CallForResult<gboolean>(BT_CALL(set_cur_play_mode), pair.Get());
+  const OwnedVariant pair(g_variant_new("(yy)", AsByte(mode.nType), AsByte(mode.nValue)));
+  return CallForResult<gboolean>(BT_CALL(set_cur_play_mode), pair.get());
 }
 
 int BtClientIpcAdapter::GetSupportPlayMode(std::vector<MWPTypePlayMode>& modes) {

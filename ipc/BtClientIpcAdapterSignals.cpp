@@ -11,6 +11,7 @@
 #define MWP_LOG_SOURCE "ipc/BtClientIpcAdapter"
 #include <mwp/MWPLog.h>
 
+#include "glib/Owned.h"
 #include "ipc/BtClientIpcAdapter.h"
 #include "ipc/BtProxy.h"
 #include "ipc/D-Bus/bt_variant.h"
@@ -69,10 +70,9 @@ bool MeasureBytes(GVariant* value, gsize& size) {
   if (value == nullptr || !g_variant_is_of_type(value, G_VARIANT_TYPE_VARIANT)) {
     return false;
   }
-  GVariant* const bytes = g_variant_get_variant(value);
-  const bool isBytes = g_variant_is_of_type(bytes, G_VARIANT_TYPE_BYTESTRING);
-  size = isBytes ? g_variant_n_children(bytes) : 0;
-  g_variant_unref(bytes);
+  const OwnedVariant bytes(g_variant_get_variant(value));
+  const bool isBytes = g_variant_is_of_type(bytes.get(), G_VARIANT_TYPE_BYTESTRING);
+  size = isBytes ? g_variant_n_children(bytes.get()) : 0;
   return isBytes;
 }
 

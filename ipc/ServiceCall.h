@@ -9,6 +9,7 @@
 #include <bluetooth/MWPBtRecords.h>
 #include <mwp/MWPLog.h>
 
+#include "glib/Owned.h"
 #include "ipc/BtProxy.h"
 #include "ipc/D-Bus/bt_variant.h"
 #include "ipc/ServiceError.h"
@@ -54,29 +55,29 @@ std::size_t BodyBytes(const Other&) {
 /// Calls a generated function with its arguments between the proxy and the cancellable: those in, then the
 /// addresses of those out. Leaves the latter as they are on failure.
 template <typename Function, typename... Args>
-void CallSilently(ServiceError& error, Function call, Args... args) {
+void CallSilently(OwnedError& error, Function call, Args... args) {
   if (g_BtProxy == nullptr) {
-    error.Set("there is no connection to the Bluetooth service");
+    SetReason(error, "there is no connection to the Bluetooth service");
   } else if (!(IsText(args) && ...)) {
-    error.Set("a text argument is not valid UTF-8");
+    SetReason(error, "a text argument is not valid UTF-8");
   } else if ((BodyBytes(args) + ... + 0) > kMaxMessageBytes) {
-    error.Set("the arguments are too large for a D-Bus message");
+    SetReason(error, "the arguments are too large for a D-Bus message");
   } else {
     call(g_BtProxy, args..., nullptr, error.Out());
   }
 }
 
 /// Logs a failed call, as a line of the request.
-inline void LogFailure(const MWPLogSite& site, const char* name, const ServiceError& error) {
+inline void LogFailure(const MWPLogSite& site, const char* name, const OwnedError& error) {
   if (error) {
-    MWPLogWrite(site, MWP_LOG_ERROR, "%s: Failed to call dbus method. Reason: %s.", name, error.Message());
+    MWPLogWrite(site, MWP_LOG_ERROR, "%s: Failed to call dbus method. Reason: %s.", name, Reason(error));
   }
 }
 
 /// As CallSilently, and logs a failure. Returns false on failure.
 template <typename Function, typename... Args>
 bool CallService(const MWPLogSite& site, const char* name, Function call, Args... args) {
-  ServiceError error;
+  OwnedError error;
   CallSilently(error, call, args...);
   LogFailure(site, name, error);
   return !error;
@@ -101,17 +102,14 @@ guchar AsByte(Value value) {
 class OutText {
  public:
   explicit OutText(const MWPLogSite& site) : m_site(site) {}
-  ~OutText() { g_free(m_text); }
-  OutText(const OutText&) = delete;
-  OutText& operator=(const OutText&) = delete;
 
-  gchar** Out() { return &m_text; }
+  gchar** Out() { return m_text.Out(); }
   bool IsMissing() const { return m_text == nullptr; }
 
   /// A copy of the text; empty, with an error in the log, if there is no memory for one.
   std::string Text() const {
     try {
-      return m_text != nullptr ? m_text : "";
+      return m_text != nullptr ? m_text.get() : "";
     } catch (const std::bad_alloc&) {
       MWPLogWrite(m_site, MWP_LOG_ERROR, "there is no memory for a text of the service's answer");
       return std::string();
@@ -120,23 +118,7 @@ class OutText {
 
  private:
   const MWPLogSite m_site;
-  gchar* m_text = nullptr;
-};
-
-/// A variant to pass in, taken from its floating reference, or one that a generated function hands out.
-class VariantHolder {
- public:
-  VariantHolder() = default;
-  explicit VariantHolder(GVariant* floating) : m_variant(g_variant_ref_sink(floating)) {}
-  ~VariantHolder() { g_clear_pointer(&m_variant, g_variant_unref); }
-  VariantHolder(const VariantHolder&) = delete;
-  VariantHolder& operator=(const VariantHolder&) = delete;
-
-  GVariant* Get() const { return m_variant; }
-  GVariant** Out() { return &m_variant; }
-
- private:
-  GVariant* m_variant = nullptr;
+  OwnedText m_text;
 };
 
 /// Calls a function that takes an address and a variant of bytes. Bytes that cannot travel are not sent.
@@ -144,20 +126,20 @@ template <typename Function>
 void CallWithBytes(const MWPLogSite& site, const char* name, Function call, const std::string& address,
                    const void* data, std::size_t size, gboolean* result) {
   if (size > kMaxArrayBytes || (data == nullptr && size > 0)) {
-    ServiceError error;
-    error.Set(data == nullptr ? "there is no buffer"
-                              : "the buffer is larger than the 64 MiB that D-Bus carries");
+    OwnedError error;
+    SetReason(error, data == nullptr ? "there is no buffer"
+                                     : "the buffer is larger than the 64 MiB that D-Bus carries");
     LogFailure(site, name, error);
     return;
   }
-  const VariantHolder bytes(bt_build_variant_data(const_cast<void*>(data), static_cast<int>(size)));
-  CallService(site, name, call, address.c_str(), bytes.Get(), result);
+  const OwnedVariant bytes(bt_build_variant_data(const_cast<void*>(data), static_cast<int>(size)));
+  CallService(site, name, call, address.c_str(), bytes.get(), result);
 }
 
 /// Asks for a connection state. A failure is not logged.
 template <typename Function>
 MWPTypeConnectionState AskConnectionState(const MWPLogSite& site, Function call) {
-  ServiceError ignored;
+  OwnedError ignored;
   guchar status = 0;
   OutText address(site);
   CallSilently(ignored, call, &status, address.Out());

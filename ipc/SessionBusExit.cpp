@@ -2,16 +2,12 @@
 
 #include "ipc/SessionBusExit.h"
 
-#include <memory>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace {
+#include "glib/Owned.h"
 
-struct Unref {
-  void operator()(gpointer object) const { g_object_unref(object); }
-};
+namespace {
 
 /// Whether GLib knows the address of the session bus. If it does not, it runs dbus-launch whenever it is
 /// asked for the bus, be the question cancelled or not, and that would be one more attempt to connect.
@@ -20,22 +16,20 @@ bool IsSessionBusAddressKnown() {
   if (address != nullptr) {
     return g_strstr_len(address, -1, "autolaunch:") == nullptr;  // it may be one of several
   }
-  const std::unique_ptr<gchar, decltype(&g_free)> socket(
-      g_build_filename(g_get_user_runtime_dir(), "bus", nullptr), g_free);
+  const OwnedText socket(g_build_filename(g_get_user_runtime_dir(), "bus", nullptr));
   struct stat status = {};
   return stat(socket.get(), &status) == 0 && S_ISSOCK(status.st_mode) && status.st_uid == geteuid();
 }
 
 /// The process's shared connection to the session bus if it has one, else null. A question that is cancelled
 /// from the start is answered with the connection that is there, and opens none.
-std::unique_ptr<GDBusConnection, Unref> ExistingSessionBus() {
+OwnedObject<GDBusConnection> ExistingSessionBus() {
   if (!IsSessionBusAddressKnown()) {
     return nullptr;
   }
-  const std::unique_ptr<GCancellable, Unref> cancelled(g_cancellable_new());
+  const OwnedObject<GCancellable> cancelled(g_cancellable_new());
   g_cancellable_cancel(cancelled.get());
-  return std::unique_ptr<GDBusConnection, Unref>(
-      g_bus_get_sync(G_BUS_TYPE_SESSION, cancelled.get(), nullptr));
+  return OwnedObject<GDBusConnection>(g_bus_get_sync(G_BUS_TYPE_SESSION, cancelled.get(), nullptr));
 }
 
 /// Runs before GLib's own handler of the signal "closed" of any connection, on the thread that emits it.

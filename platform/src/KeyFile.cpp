@@ -8,11 +8,6 @@
 
 namespace {
 
-struct FreeText {
-  void operator()(char* text) const { g_free(text); }
-};
-using Text = std::unique_ptr<char, FreeText>;
-
 constexpr int kOwnerOnly = 0600;
 
 }  // namespace
@@ -31,25 +26,24 @@ KeyFile::Load KeyFile::LoadFrom(const std::string& path) {
     return Load::UNREADABLE;
   }
 
-  GError* error = nullptr;
-  char* content = nullptr;
+  OwnedError error;
+  OwnedText content;
   gsize length = 0;
-  if (!g_file_get_contents(path.c_str(), &content, &length, &error)) {
+  if (!g_file_get_contents(path.c_str(), content.Out(), &length, error.Out())) {
+    m_reason = error->message;
     // Between the two looks at it the file may have been moved away.
-    const bool missing = g_error_matches(error, G_FILE_ERROR, G_FILE_ERROR_NOENT);
-    TakeReason(error);
-    return missing ? Load::MISSING : Load::UNREADABLE;
+    return g_error_matches(error.get(), G_FILE_ERROR, G_FILE_ERROR_NOENT) ? Load::MISSING : Load::UNREADABLE;
   }
-  const Text owner(content);
 
   // GLib takes NUL bytes, which some file systems leave after a power cut, for an empty line.
-  if (std::memchr(content, '\0', length) != nullptr) {
+  if (std::memchr(content.get(), '\0', length) != nullptr) {
     m_reason = "contains NUL bytes";
     return Load::BROKEN;
   }
-  std::unique_ptr<GKeyFile, Deleter> loaded(g_key_file_new());
-  if (!g_key_file_load_from_data(loaded.get(), content, length, G_KEY_FILE_KEEP_COMMENTS, &error)) {
-    TakeReason(error);
+  OwnedKeyFile loaded(g_key_file_new());
+  if (!g_key_file_load_from_data(loaded.get(), content.get(), length, G_KEY_FILE_KEEP_COMMENTS,
+                                 error.Out())) {
+    m_reason = error->message;
     return Load::BROKEN;
   }
   m_file = std::move(loaded);
@@ -58,36 +52,31 @@ KeyFile::Load KeyFile::LoadFrom(const std::string& path) {
 
 bool KeyFile::SaveTo(const std::string& path) {
   gsize length = 0;
-  const Text content(g_key_file_to_data(m_file.get(), &length, nullptr));
+  const OwnedText content(g_key_file_to_data(m_file.get(), &length, nullptr));
   const auto flags =
       static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT | G_FILE_SET_CONTENTS_DURABLE);
-  GError* error = nullptr;
+  OwnedError error;
   if (!g_file_set_contents_full(path.c_str(), content.get(), static_cast<gssize>(length), flags, kOwnerOnly,
-                                &error)) {
-    TakeReason(error);
+                                error.Out())) {
+    m_reason = error->message;
     return false;
   }
   return true;
 }
 
 KeyFile::Lookup KeyFile::GetInt(const std::string& group, const std::string& key, int* value) {
-  GError* error = nullptr;
-  const int found = g_key_file_get_integer(m_file.get(), group.c_str(), key.c_str(), &error);
-  if (error == nullptr) {
+  OwnedError error;
+  const int found = g_key_file_get_integer(m_file.get(), group.c_str(), key.c_str(), error.Out());
+  if (!error) {
     *value = found;
     return Lookup::OK;
   }
-  const bool missing = g_error_matches(error, G_KEY_FILE_ERROR, G_KEY_FILE_ERROR_KEY_NOT_FOUND) ||
-                       g_error_matches(error, G_KEY_FILE_ERROR, G_KEY_FILE_ERROR_GROUP_NOT_FOUND);
-  TakeReason(error);
+  m_reason = error->message;
+  const bool missing = g_error_matches(error.get(), G_KEY_FILE_ERROR, G_KEY_FILE_ERROR_KEY_NOT_FOUND) ||
+                       g_error_matches(error.get(), G_KEY_FILE_ERROR, G_KEY_FILE_ERROR_GROUP_NOT_FOUND);
   return missing ? Lookup::MISSING : Lookup::NOT_A_NUMBER;
 }
 
 void KeyFile::SetInt(const std::string& group, const std::string& key, int value) {
   g_key_file_set_integer(m_file.get(), group.c_str(), key.c_str(), value);
-}
-
-void KeyFile::TakeReason(GError* error) {
-  m_reason = error->message;
-  g_error_free(error);
 }

@@ -1,10 +1,9 @@
 #ifndef MWP_PLATFORM_KEYFILE_H
 #define MWP_PLATFORM_KEYFILE_H
 
-#include <memory>
 #include <string>
 
-#include <glib.h>
+#include "glib/Owned.h"
 
 /// A file of groups, each with keys and values, read and written as a whole. Comments in it are kept.
 class __attribute__((visibility("hidden"))) KeyFile {
@@ -32,14 +31,7 @@ class __attribute__((visibility("hidden"))) KeyFile {
   const std::string& Reason() const { return m_reason; }
 
  private:
-  struct Deleter {
-    void operator()(GKeyFile* file) const { g_key_file_unref(file); }
-  };
-
-  /// Keeps the message of the error as the reason, and releases the error.
-  void TakeReason(GError* error);
-
-  std::unique_ptr<GKeyFile, Deleter> m_file;
+  OwnedKeyFile m_file;
   std::string m_reason;
 };
 

@@ -9,6 +9,7 @@
 #include <mwp/MWPLog.h>
 
 #include "KeyFile.h"
+#include "glib/Owned.h"
 
 #define MWP_LOG_SOURCE "platform/MWPLibConfigs"
 
@@ -26,9 +27,8 @@ std::string FindInstalledConfigFile() {
   if (file == nullptr) {
     return "";
   }
-  g_autofree gchar* folder = g_path_get_dirname(file.get());
-  g_autofree gchar* configs = g_canonicalize_filename(MWP_CONFIG_FROM_LIBRARY, folder);
-  return configs;
+  const OwnedText folder(g_path_get_dirname(file.get()));
+  return OwnedText(g_canonicalize_filename(MWP_CONFIG_FROM_LIBRARY, folder.get())).get();
 }
 
 // Found while the library is loaded: its name may be relative to the directory in which the process is now.

@@ -10,6 +10,7 @@
 
 #include "FileLock.h"
 #include "KeyFile.h"
+#include "glib/Owned.h"
 
 #define MWP_LOG_SOURCE "platform/MWPPersistService"
 
@@ -31,12 +32,11 @@ std::string PersistFile() {
 std::string Group(int category) { return "category-" + std::to_string(category); }
 
 bool MakeDirectoryOf(const std::string& file) {
-  char* const directory = g_path_get_dirname(file.c_str());
-  const bool there = g_mkdir_with_parents(directory, kOwnerOnlyDirectory) == 0;
+  const OwnedText directory(g_path_get_dirname(file.c_str()));
+  const bool there = g_mkdir_with_parents(directory.get(), kOwnerOnlyDirectory) == 0;
   if (!there) {
-    MWP_LOG(MWP_LOG_ERROR, "cannot make the directory %s: %s", directory, g_strerror(errno));
+    MWP_LOG(MWP_LOG_ERROR, "cannot make the directory %s: %s", directory.get(), g_strerror(errno));
   }
-  g_free(directory);
   return there;
 }
 

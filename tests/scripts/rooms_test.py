@@ -44,8 +44,8 @@ FREE = ("packaging", "tests")
 OUTSIDE = {
     "D-Bus": (
         r"^#include <gio/|\bg_d?bus_\w+",
-        "ipc service/app service/frontend service/simulation/controls tools/btctl/bus/SessionBus.cpp bench "
-        "examples/found_devices",
+        "glib/OwnedBus.h ipc service/app service/frontend service/simulation/controls tools/btctl/bus/SessionBus.cpp "
+        "bench examples/found_devices",
     ),
     "the bindings that are generated": (
         r"^#include <bt_(?:dbus|sim)\.h>",

@@ -124,6 +124,11 @@ TEST_F(OwnedVariants, AreTakenFromAReferenceThatDoesNotFloat) {
   EXPECT_EQ(g_releases, 2);
 }
 
+TEST_F(OwnedVariants, ThatFloatAreSunkByANewReference) {
+  { const OwnedVariant owned = NewRef(NewVariant()); }
+  EXPECT_EQ(g_releases, 1);
+}
+
 TEST_F(OwnedVariants, LiveAsLongAsTheLastReference) {
   OwnedVariant first(NewVariant());
   const OwnedVariant second = NewRef(first.get());

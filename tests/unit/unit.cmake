@@ -1,5 +1,5 @@
 bt_add_test(NAME unit_types SOURCES types_test.cpp record_layout_test.cpp address_test.cpp)
-bt_add_test(NAME unit_owned SOURCES owned_test.cpp)
+bt_add_test(NAME unit_owned SOURCES owned_test.cpp owned_id_test.cpp SEPARATE)
 bt_add_test(NAME unit_protocol SOURCES list_writer_test.cpp LIBS bt_protocol)
 bt_add_test(NAME unit_variant SOURCES variant_test.cpp)
 bt_add_test(NAME unit_registry SOURCES registry_test.cpp)
