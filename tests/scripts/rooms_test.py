@@ -19,6 +19,8 @@ ROOMS = {
     "ipc": "include/bluetooth glib protocol platform",
     "ipc/BtClientIpcAdapterSignals": "include/bluetooth glib protocol platform ipc libbluetooth",  # events go up
     "libbluetooth": "include/bluetooth protocol platform ipc",
+    "include/btasync": "include/bluetooth",
+    "libbtasync": "include/bluetooth include/btasync glib protocol ipc/ShareMemory/Segment",
     "service/time": "",
     "service/stack": "include/bluetooth",
     "service/files": "protocol service/time",
@@ -44,7 +46,7 @@ FREE = ("packaging", "tests")
 OUTSIDE = {
     "D-Bus": (
         r"^#include <gio/|\bg_d?bus_\w+",
-        "glib/OwnedBus.h ipc service/app service/frontend service/simulation/controls tools/btctl/bus/SessionBus.cpp "
+        "glib/OwnedBus.h ipc libbtasync service/app service/frontend service/simulation/controls tools/btctl/bus/SessionBus.cpp "
         "bench examples/found_devices",
     ),
     "the bindings that are generated": (

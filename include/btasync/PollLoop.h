@@ -1,0 +1,52 @@
+#ifndef BTASYNC_POLLLOOP_H
+#define BTASYNC_POLLLOOP_H
+
+#include <poll.h>
+
+#include <cstddef>
+#include <vector>
+
+#include <btasync/Export.h>
+
+struct _GMainContext;
+
+namespace btasync {
+inline namespace v0 {
+
+/// For a program whose loop is a poll() of its own: a context to give to Service, and the steps of a turn.
+///
+///   std::vector<pollfd> fds;
+///   for (;;) {
+///     fds.assign({…});                     // the program's own
+///     int timeoutMs = -1;                  // its own, -1: for ever
+///     loop.Prepare(fds, timeoutMs);
+///     poll(fds.data(), fds.size(), timeoutMs);
+///     loop.Dispatch(fds);
+///     …
+///   }
+///
+/// Belongs to the thread that makes it. Prepare and Dispatch take turns.
+class BTASYNC_API PollLoop {
+ public:
+  PollLoop();
+  PollLoop(const PollLoop&) = delete;
+  PollLoop& operator=(const PollLoop&) = delete;
+  ~PollLoop();
+
+  /// For Service; lives as long as this, and as what was made with it.
+  _GMainContext* Context() const { return m_context; }
+  /// Appends what is to be polled, and shortens timeoutMs, in milliseconds, where something is due earlier.
+  void Prepare(std::vector<pollfd>& fds, int& timeoutMs);
+  /// After poll(), with the same vector: calls what is due.
+  void Dispatch(const std::vector<pollfd>& fds);
+
+ private:
+  _GMainContext* m_context;
+  int m_priority = 0;
+  std::size_t m_first = 0;  ///< of the appended ones
+};
+
+}  // namespace v0
+}  // namespace btasync
+
+#endif

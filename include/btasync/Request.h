@@ -1,0 +1,204 @@
+#ifndef BTASYNC_REQUEST_H
+#define BTASYNC_REQUEST_H
+
+#include <chrono>
+#include <optional>
+#include <utility>
+
+#include <btasync/Answer.h>
+#include <btasync/Export.h>
+#include <btasync/Scope.h>
+
+struct _GVariant;
+
+namespace btasync {
+inline namespace v0 {
+
+namespace detail {
+
+class Backend;
+class Plan;
+
+/// What came back: the values of an answer, one that is decoded already, or why there is none.
+struct Reply {
+  _GVariant* values = nullptr;  ///< borrowed
+  void* answer = nullptr;       ///< an Answer<T> of the request's type, borrowed; may be moved from
+  Failure failure = Failure();
+};
+
+/// A call under way. It lives as long as somebody waits for its answer or has a handle on it.
+class BTASYNC_API PendingCall : public Held {
+ public:
+  void Ref() { ++m_references; }
+  void Unref();
+
+  /// Ends it: runs what waits for the answer, unless it was dropped or has ended already. Nothing that is
+  /// thrown there goes further.
+  void Complete(Reply& reply);
+  bool HasEnded() const { return m_hasEnded; }
+  /// Ends it with Reason::Cancelled, by the loop.
+  void Cancel();
+  void Drop() override;
+
+ protected:
+  PendingCall() = default;
+  ~PendingCall() override = default;
+  /// Runs what waits for the answer.
+  virtual void Deliver(Reply& reply) = 0;
+  /// Destroys what waits for the answer.
+  virtual void Forget() = 0;
+
+ private:
+  friend class Backend;
+  void End();
+
+  int m_references = 1;
+  bool m_hasEnded = false;
+  Backend* m_backend = nullptr;  ///< from the moment of sending until its end
+  PendingCall* m_nextCall = nullptr;
+  PendingCall* m_previousCall = nullptr;
+};
+
+/// A request as it will be sent.
+class BTASYNC_API Outgoing {
+ public:
+  /// Takes the arguments over if they are floating; null for none. invalid, if not null, says why they cannot
+  /// travel.
+  Outgoing(Backend& backend, const char* method, _GVariant* arguments, const char* invalid = nullptr);
+  /// One that is more than a call, such as reading a list.
+  Outgoing(Backend& backend, const Plan& plan, _GVariant* arguments, const char* invalid = nullptr);
+  Outgoing(Outgoing&& other) noexcept;
+  Outgoing& operator=(Outgoing&&) = delete;
+  ~Outgoing();
+
+  void SetDeadline(std::chrono::milliseconds time);
+  /// Whether it may be sent. Another thread than the loop's is refused, and logged.
+  bool MayBeSent() const;
+  /// Sends it, and takes a reference of the call over. The call gets the answer, or why there is none, once,
+  /// by the loop; never before this returns.
+  void Send(PendingCall& call);
+
+ private:
+  friend class Backend;
+  Backend* m_backend;
+  const char* m_method;
+  const Plan* m_plan = nullptr;
+  _GVariant* m_arguments;
+  const char* m_invalid;
+  int m_timeoutMs = -1;  ///< -1: the service's default
+};
+
+/// Reads the values of a reply.
+template <typename T>
+using Decode = Answer<T> (*)(_GVariant* values);
+
+template <typename T>
+Answer<T> TakeAnswer(Reply& reply, Decode<T> decode) {
+  if (reply.answer != nullptr) {
+    return std::move(*static_cast<Answer<T>*>(reply.answer));
+  }
+  return reply.values != nullptr ? decode(reply.values) : Answer<T>(std::move(reply.failure));
+}
+
+template <typename T, typename Function>
+class Completion final : public PendingCall {
+ public:
+  Completion(Decode<T> decode, Function&& function) : m_decode(decode), m_function(std::move(function)) {}
+
+ private:
+  void Deliver(Reply& reply) override {
+    Function function = std::move(*m_function);
+    m_function.reset();
+    function(TakeAnswer(reply, m_decode));
+  }
+  void Forget() override { m_function.reset(); }
+
+  Decode<T> m_decode;
+  std::optional<Function> m_function;
+};
+
+struct IgnoreAnswer {
+  template <typename T>
+  void operator()(const T&) const {}
+};
+
+}  // namespace detail
+
+/// A call under way, for a button that cancels it. Its scope decides about its life: nothing happens when
+/// this is destroyed. Belongs to the thread of the service's loop.
+class BTASYNC_API Call {
+ public:
+  Call() = default;
+  explicit Call(detail::PendingCall& call) : m_call(&call) { call.Ref(); }
+  Call(Call&& other) noexcept : m_call(std::exchange(other.m_call, nullptr)) {}
+  Call& operator=(Call&& other) noexcept {
+    std::swap(m_call, other.m_call);
+    return *this;
+  }
+  ~Call() {
+    if (m_call != nullptr) {
+      m_call->Unref();
+    }
+  }
+
+  bool IsUnderWay() const { return m_call != nullptr && !m_call->HasEnded(); }
+  /// Completes it with Reason::Cancelled, by the loop, if it is under way. The service does not hear of it:
+  /// it carries on with what it was asked for. (A pairing is called off by RejectPair, a call by
+  /// TerminateCall.)
+  void Cancel() {
+    if (IsUnderWay()) {
+      m_call->Cancel();
+    }
+  }
+
+ private:
+  detail::PendingCall* m_call = nullptr;
+};
+
+/// A request that has not been sent yet. Then(), Send() or co_await (btasync/Coroutine.h) sends it, once; one
+/// that is destroyed before is not sent.
+template <typename T = Accepted>
+class [[nodiscard]] Request {
+ public:
+  Request(detail::Outgoing outgoing, detail::Decode<T> decode)
+      : m_outgoing(std::move(outgoing)), m_decode(decode) {}
+
+  /// Its deadline, counted from sending. Without one, the service's default holds (Service::SetDeadline).
+  Request&& Within(std::chrono::milliseconds time) && {
+    m_outgoing.SetDeadline(time);
+    return std::move(*this);
+  }
+  /// Sends it. completion(Answer<T>) is called once, by the loop, never before this returns, and not at all
+  /// once the scope or the service object is gone. An exception that it throws is logged and goes no further.
+  template <typename Function>
+  Call Then(Scope& scope, Function completion) && {
+    if (!m_outgoing.MayBeSent()) {
+      return Call();
+    }
+    auto* const call = new detail::Completion<T, Function>(m_decode, std::move(completion));
+    Call handle(*call);
+    scope.Hold(*call);
+    m_outgoing.Send(*call);
+    return handle;
+  }
+  /// Sends it; nobody wants the answer.
+  void Send() && {
+    if (!m_outgoing.MayBeSent()) {
+      return;
+    }
+    m_outgoing.Send(*new detail::Completion<T, detail::IgnoreAnswer>(m_decode, detail::IgnoreAnswer()));
+  }
+
+  /// For the library: the parts, for other ways to wait.
+  detail::Outgoing& Parts() { return m_outgoing; }
+  detail::Decode<T> Decoder() const { return m_decode; }
+
+ private:
+  detail::Outgoing m_outgoing;
+  detail::Decode<T> m_decode;
+};
+
+}  // namespace v0
+}  // namespace btasync
+
+#endif

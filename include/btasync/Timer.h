@@ -1,0 +1,44 @@
+#ifndef BTASYNC_TIMER_H
+#define BTASYNC_TIMER_H
+
+#include <chrono>
+#include <functional>
+
+#include <btasync/Export.h>
+
+namespace btasync {
+inline namespace v0 {
+
+class Service;
+
+namespace detail {
+class Backend;
+}
+
+/// Calls back once after some time, by the service's loop; with a fake service, by its time. Stops when it is
+/// destroyed, and when the service object goes. Belongs to the thread of the loop.
+class BTASYNC_API Timer {
+ public:
+  explicit Timer(Service& service);
+  explicit Timer(detail::Backend& backend);
+  Timer(const Timer&) = delete;
+  Timer& operator=(const Timer&) = delete;
+  ~Timer();
+
+  /// Starts it, anew if it runs. callback may destroy the timer. A time of 0: at the loop's next turn.
+  void Start(std::chrono::milliseconds time, std::function<void()> callback);
+  void Stop();
+  bool IsRunning() const { return m_timer != nullptr; }
+
+ private:
+  static void OnWake(void* self);
+
+  detail::Backend* m_backend;
+  void* m_timer = nullptr;
+  std::function<void()> m_callback;
+};
+
+}  // namespace v0
+}  // namespace btasync
+
+#endif

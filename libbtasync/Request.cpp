@@ -1,0 +1,89 @@
+#include <btasync/Request.h>
+
+#include <glib.h>
+
+#include "libbtasync/Backend.h"
+#include "libbtasync/Log.h"
+
+namespace btasync {
+inline namespace v0 {
+namespace detail {
+
+void PendingCall::Unref() {
+  if (--m_references == 0) {
+    delete this;
+  }
+}
+
+void PendingCall::End() {
+  m_hasEnded = true;
+  if (m_backend != nullptr) {
+    m_backend->Leave(*this);
+    m_backend = nullptr;
+  }
+  Leave();
+}
+
+void PendingCall::Complete(Reply& reply) {
+  if (m_hasEnded) {
+    return;
+  }
+  const BackendRef alive(*m_backend);
+  const bool mayRun = MayRun();
+  End();
+  if (mayRun) {
+    RunGuarded("the completion of a request", [&] { Deliver(reply); });
+  } else {
+    Forget();
+  }
+}
+
+void PendingCall::Cancel() {
+  if (!m_hasEnded && m_backend->IsOwnThread("cancelling a call")) {
+    m_backend->FailLater(*this, Failure{Reason::Cancelled, "cancelled by the application"});
+  }
+}
+
+void PendingCall::Drop() {
+  if (!m_hasEnded) {
+    End();
+    Forget();
+  }
+}
+
+Outgoing::Outgoing(Backend& backend, const char* method, _GVariant* arguments, const char* invalid)
+    : m_backend(&backend), m_method(method), m_arguments(arguments), m_invalid(invalid) {
+  backend.Ref();
+}
+
+Outgoing::Outgoing(Backend& backend, const Plan& plan, _GVariant* arguments, const char* invalid)
+    : Outgoing(backend, plan.Name(), arguments, invalid) {
+  m_plan = &plan;
+}
+
+Outgoing::Outgoing(Outgoing&& other) noexcept
+    : m_backend(std::exchange(other.m_backend, nullptr)),
+      m_method(other.m_method),
+      m_plan(other.m_plan),
+      m_arguments(std::exchange(other.m_arguments, nullptr)),
+      m_invalid(other.m_invalid),
+      m_timeoutMs(other.m_timeoutMs) {}
+
+Outgoing::~Outgoing() {
+  if (m_arguments != nullptr) {
+    g_variant_unref(g_variant_ref_sink(m_arguments));
+  }
+  if (m_backend != nullptr) {
+    m_backend->Unref();
+  }
+}
+
+void Outgoing::SetDeadline(std::chrono::milliseconds time) { m_timeoutMs = ToTimeout(time); }
+
+bool Outgoing::MayBeSent() const { return m_backend->IsOwnThread(m_method); }
+
+void Outgoing::Send(PendingCall& call) { m_backend->Send(*this, call); }
+
+}  // namespace detail
+}  // namespace v0
+}  // namespace btasync
