@@ -2,6 +2,7 @@
 // often a bus is opened, and that the application lives on. GLib ends a process with its session bus by
 // default.
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
@@ -9,11 +10,15 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <dlfcn.h>
 #include <gmock/gmock.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include "ipc/BtClientIpcAdapter.h"
 #include "support/GlibPointers.h"
@@ -56,6 +61,8 @@ com_zelk_linux_bluetooth_proxy_new_for_bus_sync(GBusType bus, GDBusProxyFlags fl
 namespace bttest {
 namespace {
 
+using testing::ElementsAre;
+
 /// Counts the SIGTERMs that this process gets, instead of ending by the first.
 std::atomic<int> g_terminations{0};
 
@@ -66,6 +73,16 @@ struct BusExit : testing::Test {
   }
   ~BusExit() override { g_endOfAttempt = nullptr; }
 };
+
+int MakeListeningSocket(const std::filesystem::path& path) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  path.string().copy(address.sun_path, sizeof(address.sun_path) - 1);
+  const int listening = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  EXPECT_EQ(bind(listening, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+  EXPECT_EQ(listen(listening, 8), 0);
+  return listening;
+}
 
 /// Notes, while it lives, that a connection of this process has reported its end.
 class ClosedConnections {
@@ -102,29 +119,64 @@ TEST_F(BusExit, ABusThatNobodyCanGetOnIsOpenedOnceForEachOfTheSevenAttempts) {
   EXPECT_EQ(bus.Connections(), 7);
 }
 
-TEST_F(BusExit, WithoutAnAddressABusIsLaunchedOnceForEachOfTheSevenAttempts) {
-  if (!std::filesystem::exists("/etc/machine-id") && !std::filesystem::exists("/var/lib/dbus/machine-id")) {
-    GTEST_SKIP() << "GLib launches no bus on a machine that has no id";
+/// A machine without a session bus: GLib runs dbus-launch, which counts how often that happens.
+class NoSessionBus {
+ public:
+  NoSessionBus() {
+    const std::filesystem::path launcher = m_directory.Path() / "dbus-launch";
+    std::ofstream(launcher) << "#!/bin/sh\necho launched >> " << m_launches.string() << "\nexit 1\n";
+    std::filesystem::permissions(launcher, std::filesystem::perms::owner_all);
+    setenv("PATH", (m_directory.Path().string() + ":" + std::getenv("PATH")).c_str(), 1);
+    setenv("XDG_RUNTIME_DIR", m_directory.Path().c_str(), 1);
+    setenv("DISPLAY", ":77", 1);
+    unsetenv("DBUS_SESSION_BUS_ADDRESS");
   }
-  TemporaryDirectory directory;
-  const std::filesystem::path launches = directory.Path() / "launches";
-  const std::filesystem::path launcher = directory.Path() / "dbus-launch";
-  std::ofstream(launcher) << "#!/bin/sh\necho launched >> " << launches.string() << "\nexit 1\n";
-  std::filesystem::permissions(launcher, std::filesystem::perms::owner_all);
-  setenv("PATH", (directory.Path().string() + ":" + std::getenv("PATH")).c_str(), 1);
-  setenv("XDG_RUNTIME_DIR", directory.Path().c_str(), 1);
-  setenv("DISPLAY", ":77", 1);
-  for (const char* const address : {"", "autolaunch:"}) {
-    std::filesystem::remove(launches);
-    if (*address == '\0') {
-      unsetenv("DBUS_SESSION_BUS_ADDRESS");
-    } else {
-      setenv("DBUS_SESSION_BUS_ADDRESS", address, 1);
-    }
+
+  /// Where GLib looks for the socket of a session bus whose address it is not given.
+  std::filesystem::path Socket() const { return m_directory.Path() / "bus"; }
+
+  /// What the library launches when it is started.
+  std::ptrdiff_t LaunchesOfAStart() const {
+    std::filesystem::remove(m_launches);
     EXPECT_EQ(MWP_CreateBlueTooth(), 0);
-    std::ifstream lines(launches);
-    EXPECT_EQ(std::count(std::istreambuf_iterator<char>(lines), {}, '\n'), 7) << address;
+    std::ifstream lines(m_launches);
+    return std::count(std::istreambuf_iterator<char>(lines), {}, '\n');
   }
+
+  /// GLib launches no bus on a machine that has no id.
+  static bool CanLaunch() {
+    return std::filesystem::exists("/etc/machine-id") || std::filesystem::exists("/var/lib/dbus/machine-id");
+  }
+
+ private:
+  TemporaryDirectory m_directory;
+  std::filesystem::path m_launches = m_directory.Path() / "launches";
+};
+
+TEST_F(BusExit, WithoutAnAddressABusIsLaunchedOnceForEachOfTheSevenAttempts) {
+  if (!NoSessionBus::CanLaunch()) {
+    GTEST_SKIP() << "this machine has no id";
+  }
+  const NoSessionBus none;
+  EXPECT_EQ(none.LaunchesOfAStart(), 7);
+  setenv("DBUS_SESSION_BUS_ADDRESS", "autolaunch:", 1);
+  EXPECT_EQ(none.LaunchesOfAStart(), 7);
+}
+
+TEST_F(BusExit, NeitherAFileNorTheSocketOfSomebodyElseIsTakenForTheBus) {
+  if (!NoSessionBus::CanLaunch()) {
+    GTEST_SKIP() << "this machine has no id";
+  }
+  const NoSessionBus none;
+  std::ofstream(none.Socket()) << "no socket";
+  EXPECT_EQ(none.LaunchesOfAStart(), 7);
+
+  std::filesystem::remove(none.Socket());
+  const int socket = MakeListeningSocket(none.Socket());
+  if (chown(none.Socket().c_str(), geteuid() + 1, static_cast<gid_t>(-1)) == 0) {  // who may do that is root
+    EXPECT_EQ(none.LaunchesOfAStart(), 7);
+  }
+  close(socket);
 }
 
 // What becomes of the process
@@ -181,21 +233,47 @@ TEST_F(BusExit, AConnectionThatIsNotTheSessionBusKeepsWhatItWasSet) {
 
 // What an attempt leaves behind
 
+/// A bus on which the service cannot be started, and what its attempts leave behind.
+class BusWithAServiceThatFails {
+ public:
+  BusWithAServiceThatFails() {
+    std::ofstream(m_services.Path() / "bluetooth.service")
+        << "[D-BUS Service]\nName=com.zelk.linux.bluetooth\nExec=/bin/false\n";
+    m_bus.emplace(m_services.Path());
+  }
+  const std::string& Address() const { return m_bus->Address(); }
+
+  /// Whether the connection that the application has made ends it: at the end of each attempt of the library.
+  std::vector<bool> ExitsOnCloseOfAttempts() {
+    const ConnectionPtr ofApplication(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    EXPECT_NE(ofApplication, nullptr);
+    std::vector<bool> exitsOnClose;
+    g_endOfAttempt = [&](ComZelkLinuxBluetooth* proxy) {
+      EXPECT_EQ(proxy, nullptr);
+      exitsOnClose.push_back(g_dbus_connection_get_exit_on_close(ofApplication.get()));
+    };
+    EXPECT_EQ(MWP_CreateBlueTooth(), 0);
+    EXPECT_FALSE(g_dbus_connection_get_exit_on_close(ofApplication.get()));
+    return exitsOnClose;
+  }
+
+ private:
+  TemporaryDirectory m_services;
+  std::optional<BusDaemon> m_bus;
+};
+
 TEST_F(BusExit, AConnectionOfWhichNoProxyComesIsSwitchedOffBeforeTheNextAttempt) {
-  TemporaryDirectory directory;
-  std::ofstream(directory.Path() / "bluetooth.service")
-      << "[D-BUS Service]\nName=com.zelk.linux.bluetooth\nExec=/bin/false\n";
-  BusDaemon bus(directory.Path());
-  const ConnectionPtr ofApplication(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-  ASSERT_NE(ofApplication, nullptr);
-  std::vector<bool> exitsOnClose;
-  g_endOfAttempt = [&](ComZelkLinuxBluetooth* proxy) {
-    EXPECT_EQ(proxy, nullptr);
-    exitsOnClose.push_back(g_dbus_connection_get_exit_on_close(ofApplication.get()));
-  };
-  EXPECT_EQ(MWP_CreateBlueTooth(), 0);
-  EXPECT_THAT(exitsOnClose, testing::ElementsAre(true, false, false, false, false, false, false));
-  EXPECT_FALSE(g_dbus_connection_get_exit_on_close(ofApplication.get()));
+  BusWithAServiceThatFails bus;
+  EXPECT_THAT(bus.ExitsOnCloseOfAttempts(), ElementsAre(true, false, false, false, false, false, false));
+}
+
+TEST_F(BusExit, SoIsThatToABusWhoseSocketLiesInTheRuntimeDirectory) {
+  BusWithAServiceThatFails bus;
+  const std::filesystem::path socket = bus.Address().substr(std::string("unix:path=").size());
+  ASSERT_EQ(socket.filename(), "bus");
+  setenv("XDG_RUNTIME_DIR", socket.parent_path().c_str(), 1);
+  unsetenv("DBUS_SESSION_BUS_ADDRESS");
+  EXPECT_THAT(bus.ExitsOnCloseOfAttempts(), ElementsAre(true, false, false, false, false, false, false));
 }
 
 TEST_F(BusExit, WhenTheFirstAttemptFailsAndTheNextSucceedsTheConnectionIsSwitchedOffBeforeTheNext) {
@@ -212,7 +290,7 @@ TEST_F(BusExit, WhenTheFirstAttemptFailsAndTheNextSucceedsTheConnectionIsSwitche
     }
   };
   EXPECT_EQ(MWP_CreateBlueTooth(), 0);
-  EXPECT_THAT(exitsOnClose, testing::ElementsAre(true, false, false, false, false, false, false));
+  EXPECT_THAT(exitsOnClose, ElementsAre(true, false, false, false, false, false, false));
 }
 
 }  // namespace
