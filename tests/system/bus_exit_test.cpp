@@ -231,6 +231,17 @@ TEST_F(BusExit, AConnectionThatIsNotTheSessionBusKeepsWhatItWasSet) {
   EXPECT_EQ(g_terminations, 1) << "GLib has done what the application left switched on";
 }
 
+TEST_F(BusExit, WhatTheApplicationSwitchesOnAfterTheStartStaysOn) {
+  BusDaemon bus;
+  Recorder service;
+  ASSERT_EQ(MWP_CreateBlueTooth(), 1);
+  GDBusConnection* const connection = g_dbus_proxy_get_connection(G_DBUS_PROXY(g_BtProxy));
+  g_dbus_connection_set_exit_on_close(connection, TRUE);
+  bus.Stop();
+  EXPECT_TRUE(RunUntil([] { return g_terminations > 0; }));
+  EXPECT_TRUE(g_dbus_connection_get_exit_on_close(connection));
+}
+
 // What an attempt leaves behind
 
 /// A bus on which the service cannot be started, and what its attempts leave behind.
