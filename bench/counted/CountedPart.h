@@ -2,6 +2,7 @@
 #define BENCH_COUNTED_COUNTEDPART_H
 
 #include <string>
+#include <utility>
 
 #include <valgrind/callgrind.h>
 
@@ -30,5 +31,9 @@ class CountedPart {
  private:
   std::string m_name;
 };
+
+/// What main() of a counted program does: it runs work, and answers the exit status. If work throws, standard
+/// error gets the reason, after the name of the program.
+int RunCounted(const char* program, void (*work)());
 
 #endif

@@ -1,7 +1,6 @@
 // Has the work counted that btservice does for a phone book: to parse its vCards, and to publish it. Next to
 // it the same text parsed with libvformat, and the segment copied. To be run under callgrind by bt_bench.
 
-#include <cstdio>
 #include <cstring>
 #include <iterator>
 #include <stdexcept>
@@ -94,12 +93,4 @@ void Run() {
 
 }  // namespace
 
-int main() {
-  try {
-    Run();
-    return 0;
-  } catch (const std::exception& exception) {
-    std::fprintf(stderr, "bt_bench_counted_book: %s\n", exception.what());
-    return 1;
-  }
-}
+int main() { return RunCounted("bt_bench_counted_book", Run); }

@@ -6,7 +6,6 @@
 
 #include <malloc.h>
 
-#include <cstdio>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -109,12 +108,4 @@ void Run() {
 
 }  // namespace
 
-int main() {
-  try {
-    Run();
-    return 0;
-  } catch (const std::exception& exception) {
-    std::fprintf(stderr, "bt_bench_counted_library: %s\n", exception.what());
-    return 1;
-  }
-}
+int main() { return RunCounted("bt_bench_counted_library", Run); }

@@ -16,6 +16,8 @@
 #include "bench/sections/Sections.h"
 #ifdef BENCH_HAS_VFORMAT
 #include "bench/peers/BookCards.h"
+#endif
+#ifdef BENCH_HAS_VCARD_READER
 #include "service/phonebook/VCard.h"
 #endif
 
@@ -96,7 +98,7 @@ void CompareDecoders(Report& report, const PhoneBook& book) {
   g_variant_unref(message);
 }
 
-#ifdef BENCH_HAS_VFORMAT
+#if defined(BENCH_HAS_VFORMAT) && defined(BENCH_HAS_VCARD_READER)
 PhoneBook ToBook(const std::vector<btservice::Contact>& contacts) {
   PhoneBook book;
   for (const btservice::Contact& contact : contacts) {
@@ -153,7 +155,7 @@ void MeasureContacts(Report& report, Responder& responder) {
   PhoneBook published;
   FetchFromSegment(published);  // has the responder fill the segment
   CompareWithYardstick(report, book);
-#ifdef BENCH_HAS_VFORMAT
+#if defined(BENCH_HAS_VFORMAT) && defined(BENCH_HAS_VCARD_READER)
   CompareCardReaders(report, book);
 #endif
   CompareDecoders(report, book);
