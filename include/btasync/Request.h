@@ -78,6 +78,13 @@ class BTASYNC_API Outgoing {
   /// by the loop; never before this returns.
   void Send(PendingCall& call);
 
+  /// The name of the method, or of the plan.
+  const char* Name() const { return m_method; }
+  /// Borrowed; null for none, and for what cannot travel.
+  _GVariant* Arguments() const { return m_arguments; }
+  /// Why the arguments cannot travel, or null.
+  const char* WhyInvalid() const { return m_invalid; }
+
  private:
   friend class Backend;
   Backend* m_backend;
