@@ -29,8 +29,15 @@ const char* WhyNot(const PinCode& pinCode);
 const char* WhyNot(const Bytes& bytes);
 const char* WhyNot(const MWPTypePlayMode& mode);
 template <typename Number>
-constexpr std::enable_if_t<std::is_enum_v<Number> || std::is_integral_v<Number>, const char*> WhyNot(Number) {
-  return nullptr;
+constexpr std::enable_if_t<std::is_enum_v<Number> || std::is_integral_v<Number>, const char*> WhyNot(
+    Number number) {
+  if constexpr (std::is_enum_v<Number>) {
+    // It travels in a byte. One that the header does not list may be one of a newer service.
+    const auto value = static_cast<long long>(number);
+    return value >= 0 && value <= 255 ? nullptr : "an enumerator is not one byte";
+  } else {
+    return nullptr;
+  }
 }
 
 GVariant* ToVariant(const Text& text);

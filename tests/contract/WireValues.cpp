@@ -153,6 +153,14 @@ std::vector<std::string> TextsOf(GVariant* arguments) {
     } else if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_VARIANT)) {
       const std::vector<unsigned char> bytes = in.Bytes(i);
       texts.push_back(ValueText::Of(std::string(bytes.begin(), bytes.end())));
+    } else if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_ARRAY)) {
+      std::vector<MWPTypePlayMode> modes;
+      for (std::size_t j = 0; j < g_variant_n_children(value.get()); ++j) {
+        modes.push_back(In(value.get()).PlayMode(j));
+      }
+      texts.push_back(ValueText::Of(modes));
+    } else if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_UINT32)) {
+      texts.push_back(ValueText::Of(g_variant_get_uint32(value.get())));
     } else {
       texts.push_back(ValueText::Of(in.Int(i)));
     }

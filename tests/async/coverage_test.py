@@ -1,0 +1,86 @@
+#!/usr/bin/env python3
+"""Compares the interface description with libbtasync: each method is called by exactly one member of Service, the one
+that the header names, and each signal becomes exactly one structure of Events.h.
+
+Usage: coverage_test.py SOURCE_DIR
+"""
+
+import collections
+import pathlib
+import sys
+
+import sources
+
+# What the library leaves out: name -> the reason. Nothing.
+EXCEPTIONS = {}
+
+
+def check_methods(source_dir):
+    methods = sources.methods(source_dir)
+    declared = sources.requests(source_dir)
+    wired = sources.wired_methods(source_dir)
+    users = collections.defaultdict(list)
+    if not pathlib.Path(source_dir, "libbtasync/ServiceLists.cpp").exists():  # the lists are being written
+        for member, called in sources.LISTS.items():
+            wired[member] = set(called)
+    for member in declared:
+        if member not in wired:
+            yield f"Service::{member} is declared in Service.h and defined in no libbtasync/Service*.cpp"
+    for member, names in wired.items():
+        if member not in declared:
+            yield f"Service::{member} is defined and not declared"
+            continue
+        called = [name for name in methods if name in names]
+        for name in called:
+            users[name].append(member)
+        documented = sources.documented_method(member, declared[member], methods)
+        expected = sources.LISTS.get(member, [documented])
+        if called != expected:
+            yield (f"Service::{member} calls {', '.join(called) or 'nothing'}, but its comment in Service.h says "
+                   f"{', '.join(map(str, expected)) or 'nothing'}")
+    for name in methods:
+        if name in EXCEPTIONS:
+            if users[name]:
+                yield f"{name} is an exception and called by Service::{users[name][0]}"
+        elif not users[name]:
+            yield f"no member of Service calls {name}: declare one in Service.h, define it in a libbtasync/Service*.cpp"
+        elif len(users[name]) > 1:
+            yield f"{name} is called by more than one member: {', '.join(users[name])}"
+
+
+def check_signals(source_dir):
+    signals = sources.signals(source_dir)
+    structures = sources.structures(source_dir)
+    wired = sources.wired_signals(source_dir)
+    for signal in signals:
+        names = [structure for structure, name in wired if name == signal]
+        if signal in EXCEPTIONS:
+            if names:
+                yield f"{signal} is an exception and becomes {names[0]}"
+        elif not names:
+            yield f"no event comes from {signal}: add a structure to Events.h and a BT_EVENT to EventKinds.cpp"
+        elif len(names) > 1:
+            yield f"{signal} becomes more than one event: {', '.join(names)}"
+    for structure in structures:
+        names = [signal for name, signal in wired if name == structure]
+        if len(names) != 1:
+            yield f"{structure} of Events.h comes from {len(names)} signals in EventKinds.cpp; it has to be one"
+    for structure, signal in wired:
+        if structure not in structures:
+            yield f"EventKinds.cpp has {structure}, and Events.h does not"
+        if signal not in signals:
+            yield f"EventKinds.cpp has {signal}, and the interface does not"
+
+
+def main():
+    source_dir = sys.argv[1]
+    faults = list(check_methods(source_dir)) + list(check_signals(source_dir))
+    for fault in faults:
+        print(fault)
+    counts = [len(sources.methods(source_dir)), len(sources.signals(source_dir))]
+    print(f"{counts[0]} methods, {counts[1]} signals, {len(EXCEPTIONS)} exceptions")
+    return 1 if faults or counts != [100, 58] else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,71 @@
+"""Reads what libbtasync declares and how it is wired, out of its sources, for derive.py and coverage_test.py."""
+
+import pathlib
+import re
+import xml.etree.ElementTree
+
+XML = "ipc/D-Bus/com.zelk.linux.bluetooth.xml"
+
+# Members of Service that are more than one call: they read shared memory. What calls they make, in which order.
+LISTS = {
+    "PairedDevices": [],
+    "CurrentCalls": [],
+    "Contacts": ["GetContactList"],
+    "FavoriteContacts": ["GetFavContactList"],
+    "GetContact": ["GetContactByIndex"],
+    "CallLogs": ["GetCallLogList"],
+    "GetCallLog": ["GetCallLogById"],
+}
+
+
+def interface(source_dir):
+    return xml.etree.ElementTree.parse(pathlib.Path(source_dir, XML)).getroot().find("interface")
+
+
+def methods(source_dir):
+    return [method.get("name") for method in interface(source_dir).findall("method")]
+
+
+def signals(source_dir):
+    return [signal.get("name") for signal in interface(source_dir).findall("signal")]
+
+
+def read(source_dir, name):
+    return pathlib.Path(source_dir, name).read_text()
+
+
+def requests(source_dir):
+    """The members of Service that make a request: name -> the names of service calls in its comment's brackets."""
+    text = read(source_dir, "include/btasync/Service.h")
+    found = {}
+    for comment, name in re.findall(r"((?:^  ///.*\n)*)^  Request<(?:[^;(]*)> (\w+)\(", text, re.M):
+        found[name] = re.findall(r"\((\w+)\)", re.sub(r"\s*\n\s*///\s*", " ", comment))
+    return found
+
+
+def documented_method(name, in_brackets, all_methods):
+    """The service call that a member makes by the header: of its own name, unless the comment names another one."""
+    named = [word for word in in_brackets if word in all_methods]
+    return named[0] if named else name if name in all_methods else None
+
+
+def wired_methods(source_dir):
+    """The members that Service*.cpp define: name -> the service calls that stand in their bodies."""
+    found = {}
+    for file in sorted(pathlib.Path(source_dir, "libbtasync").glob("Service*.cpp")):
+        text = re.sub(r"//[^\n]*", "", file.read_text())
+        parts = re.split(r"^Request<[^;{]*?> Service::(\w+)\(", text, flags=re.M)
+        for name, body in zip(parts[1::2], parts[2::2]):
+            found.setdefault(name, set()).update(re.findall(r"\bwire::(\w+)", body))
+    return found
+
+
+def structures(source_dir):
+    """The structures of Events.h: name -> the names of their fields, in order."""
+    text = re.sub(r"//[^\n]*", "", read(source_dir, "include/btasync/Events.h"))
+    return {name: re.findall(r"(\w+);", body) for name, body in re.findall(r"\bstruct (\w+) \{([^}]*)\}", text)}
+
+
+def wired_signals(source_dir):
+    """Pairs of a structure and the signal that it comes from, as EventKinds.cpp has them."""
+    return re.findall(r"^BT_EVENT\((\w+), (\w+)\)", read(source_dir, "libbtasync/EventKinds.cpp"), re.M)
