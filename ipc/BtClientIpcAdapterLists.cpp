@@ -4,10 +4,8 @@
 // already has are filled again, since allocation is most of the cost of a large phone book.
 
 #include <cstddef>
-#include <iterator>
 #include <list>
 #include <new>
-#include <string>
 
 #define MWP_LOG_SOURCE "ipc/BtClientIpcAdapter"
 #include <mwp/MWPLog.h>
@@ -15,102 +13,17 @@
 #include "ipc/BtClientIpcAdapter.h"
 #include "ipc/ServiceCall.h"
 #include "ipc/ShareMemory/ListSegment.h"
-#include "protocol/Records.h"
+#include "ipc/ShareMemory/SegmentRecords.h"
 
 namespace {
 
-// What reading a piece of a segment answers: null if all went well, or what was wrong.
-using Fault = const char*;
-constexpr Fault kNoFault = nullptr;
-constexpr Fault kIntCutOff = "an integer is cut off by the end of the segment";
-constexpr Fault kTextWithoutEnd = "a text has no end inside the segment";
-constexpr Fault kImpossibleCount = "a count is negative or too large for the segment";
-constexpr Fault kOutOfMemory = "there is not enough memory";
-
-bool IsPossible(int count, std::size_t smallestItem, const SegmentReader& reader) {
-  return count >= 0 && static_cast<std::size_t>(count) <= reader.Remaining() / smallestItem;
-}
-
-Fault ReadCount(SegmentReader& reader, std::size_t smallestItem, int& count) {
-  if (!reader.ReadInt(count)) {
-    return kIntCutOff;
-  }
-  return IsPossible(count, smallestItem, reader) ? kNoFault : kImpossibleCount;
-}
-
-/// Makes [first, end of list) hold count items read one after the other, using the nodes that are there and
-/// adding or erasing the difference. After a fault the list ends with the last whole item.
-template <typename Item, typename ReadItem>
-Fault FillList(std::list<Item>& list, typename std::list<Item>::iterator first, int count,
-               ReadItem readItem) {
-  Fault fault = kNoFault;
-  auto item = first;
-  try {
-    for (int i = 0; i < count; ++i) {
-      if (item == list.end()) {
-        item = list.emplace(item);
-      }
-      fault = readItem(*item);
-      if (fault != kNoFault) {
-        break;
-      }
-      ++item;
-    }
-  } catch (const std::bad_alloc&) {
-    fault = kOutOfMemory;
-  }
-  list.erase(item, list.end());
-  return fault;
-}
-
-Fault ReadNumberGroup(SegmentReader& reader, MWPTypeContactNumber& group) {
-  if (!reader.ReadInt(group.nType)) {
-    return kIntCutOff;
-  }
-  int count = 0;
-  if (const Fault fault = ReadCount(reader, kSmallestText, count)) {
-    return fault;
-  }
-  GiveBackExcess(group.vecValues, static_cast<std::size_t>(count));
-  group.vecValues.resize(static_cast<std::size_t>(count));
-  for (std::string& value : group.vecValues) {
-    if (!reader.ReadString(value)) {
-      return kTextWithoutEnd;
-    }
-  }
-  return kNoFault;
-}
-
-/// Reads the items with which a record begins. The integers come first in the segment, wherever the record
-/// has them.
-template <typename Record>
-Fault ReadItems(SegmentReader& reader, Record& record) {
-  for (const auto integer : RecordItems<Record>::kIntegers) {
-    if (!reader.ReadInt(record.*integer)) {
-      return kIntCutOff;
-    }
-  }
-  for (const auto text : RecordItems<Record>::kTexts) {
-    if (!reader.ReadString(record.*text)) {
-      return kTextWithoutEnd;
-    }
-  }
-  return kNoFault;
-}
-
-Fault ReadRecord(SegmentReader& reader, MWPTypeContact& contact) {
-  if (const Fault fault = ReadItems(reader, contact)) {
-    return fault;
-  }
-  int count = 0;
-  if (const Fault fault = ReadCount(reader, kSmallestNumberGroup, count)) {
-    return fault;
-  }
-  return FillList(contact.listNumbers, contact.listNumbers.begin(), count,
-                  [&reader](MWPTypeContactNumber& group) { return ReadNumberGroup(reader, group); });
-}
-
-Fault ReadRecord(SegmentReader& reader, MWPTypeCallLog& log) { return ReadItems(reader, log); }
+using segment::Fault;
+using segment::FillList;
+using segment::IsPossible;
+using segment::kImpossibleCount;
+using segment::kNoFault;
+using segment::kOutOfMemory;
+using segment::ReadRecord;
 
 /// The first byte from which on a segment is all zeros.
 const unsigned char* EndOfData(const unsigned char* begin, const unsigned char* end) {
@@ -210,7 +123,7 @@ int BtClientIpcAdapter::GetCurrentCallInfo(MWPTypeCallInfo& info) {
     MWPTypeCallSlot whole;
     Fault fault = kNoFault;
     try {
-      fault = ReadItems(reader, whole);
+      fault = ReadRecord(reader, whole);
     } catch (const std::bad_alloc&) {
       fault = kOutOfMemory;
     }

@@ -46,12 +46,14 @@ struct RecordItems<MWPTypeContact> {
                                                             &MWPTypeContact::strText2};
 };
 
-/// The fewest bytes that a text, a group, and the records of the lists of unknown length can take: their
+/// The fewest bytes that a text, a group, and the records can take: their
 /// integers, and the NULs of their texts.
 constexpr std::size_t kSmallestText = 1;
 constexpr std::size_t kSmallestNumberGroup = 4 + 4;
 constexpr std::size_t kSmallestContact = 4 + 1 + 1 + 4;
 constexpr std::size_t kSmallestCallLog = 3 * 4 + 5 * 1;
+constexpr std::size_t kSmallestCallSlot = 5 * 4 + 3 * 1;
+constexpr std::size_t kSmallestDevice = 4 * 4 + 2 * 1;
 
 /// Puts the items with which a record begins; for most records, that is all of it.
 template <typename Record>

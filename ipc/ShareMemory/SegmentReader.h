@@ -57,6 +57,16 @@ class SegmentReader {
     return true;
   }
 
+  /// False if no NUL is left.
+  bool SkipString() {
+    const void* const nul = std::memchr(m_cursor, '\0', Remaining());
+    if (nul == nullptr) {
+      return false;
+    }
+    m_cursor = static_cast<const unsigned char*>(nul) + 1;
+    return true;
+  }
+
  private:
   const unsigned char* m_cursor = nullptr;
   const unsigned char* m_end = nullptr;

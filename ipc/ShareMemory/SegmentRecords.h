@@ -1,0 +1,185 @@
+#ifndef IPC_SHAREMEMORY_SEGMENTRECORDS_H
+#define IPC_SHAREMEMORY_SEGMENTRECORDS_H
+
+#include <cstddef>
+#include <iterator>
+#include <list>
+#include <new>
+#include <string>
+
+#include "ipc/ShareMemory/SegmentReader.h"
+#include "protocol/Records.h"
+
+/// Reads the records of the list segments; protocol/Records.h writes them. Every reader stops at the first
+/// fault and never reads outside of the segment, whatever that holds.
+namespace segment {
+
+/// What reading a piece of a segment answers: null if all went well, or what was wrong.
+using Fault = const char*;
+inline constexpr Fault kNoFault = nullptr;
+inline constexpr Fault kIntCutOff = "an integer is cut off by the end of the segment";
+inline constexpr Fault kTextWithoutEnd = "a text has no end inside the segment";
+inline constexpr Fault kImpossibleCount = "a count is negative or too large for the segment";
+inline constexpr Fault kOutOfMemory = "there is not enough memory";
+
+/// Whether so many items can be in what is left of a segment.
+inline bool IsPossible(int count, std::size_t smallestItem, const SegmentReader& reader) {
+  return count >= 0 && static_cast<std::size_t>(count) <= reader.Remaining() / smallestItem;
+}
+
+/// Reads the number of items that follow.
+inline Fault ReadCount(SegmentReader& reader, std::size_t smallestItem, int& count) {
+  if (!reader.ReadInt(count)) {
+    return kIntCutOff;
+  }
+  return IsPossible(count, smallestItem, reader) ? kNoFault : kImpossibleCount;
+}
+
+/// Makes [first, end of list) hold count items read one after the other, using the nodes that are there and
+/// adding or erasing the difference. After a fault the list ends with the last whole item.
+template <typename Item, typename ReadItem>
+Fault FillList(std::list<Item>& list, typename std::list<Item>::iterator first, int count,
+               ReadItem readItem) {
+  Fault fault = kNoFault;
+  auto item = first;
+  try {
+    for (int i = 0; i < count; ++i) {
+      if (item == list.end()) {
+        item = list.emplace(item);
+      }
+      fault = readItem(*item);
+      if (fault != kNoFault) {
+        break;
+      }
+      ++item;
+    }
+  } catch (const std::bad_alloc&) {
+    fault = kOutOfMemory;
+  }
+  list.erase(item, list.end());
+  return fault;
+}
+
+inline Fault ReadNumberGroup(SegmentReader& reader, MWPTypeContactNumber& group) {
+  if (!reader.ReadInt(group.nType)) {
+    return kIntCutOff;
+  }
+  int count = 0;
+  if (const Fault fault = ReadCount(reader, kSmallestText, count)) {
+    return fault;
+  }
+  GiveBackExcess(group.vecValues, static_cast<std::size_t>(count));
+  group.vecValues.resize(static_cast<std::size_t>(count));
+  for (std::string& value : group.vecValues) {
+    if (!reader.ReadString(value)) {
+      return kTextWithoutEnd;
+    }
+  }
+  return kNoFault;
+}
+
+/// Reads the items with which a record begins. The integers come first in the segment, wherever the record
+/// has them.
+template <typename Record>
+Fault ReadItems(SegmentReader& reader, Record& record) {
+  for (const auto integer : RecordItems<Record>::kIntegers) {
+    if (!reader.ReadInt(record.*integer)) {
+      return kIntCutOff;
+    }
+  }
+  for (const auto text : RecordItems<Record>::kTexts) {
+    if (!reader.ReadString(record.*text)) {
+      return kTextWithoutEnd;
+    }
+  }
+  return kNoFault;
+}
+
+inline Fault ReadRecord(SegmentReader& reader, MWPTypeContact& contact) {
+  if (const Fault fault = ReadItems(reader, contact)) {
+    return fault;
+  }
+  int count = 0;
+  if (const Fault fault = ReadCount(reader, kSmallestNumberGroup, count)) {
+    return fault;
+  }
+  return FillList(contact.listNumbers, contact.listNumbers.begin(), count,
+                  [&reader](MWPTypeContactNumber& group) { return ReadNumberGroup(reader, group); });
+}
+
+inline Fault ReadRecord(SegmentReader& reader, MWPTypeCallLog& log) { return ReadItems(reader, log); }
+
+inline Fault ReadRecord(SegmentReader& reader, MWPTypeCallSlot& slot) { return ReadItems(reader, slot); }
+
+/// Reads an integer as an enumerator. One that the list does not have is passed on.
+template <typename Enumeration>
+bool ReadEnumerator(SegmentReader& reader, Enumeration& enumerator) {
+  int value = 0;
+  if (!reader.ReadInt(value)) {
+    return false;
+  }
+  enumerator = static_cast<Enumeration>(value);
+  return true;
+}
+
+inline Fault ReadRecord(SegmentReader& reader, MWPTypeDevice& device) {
+  if (!ReadEnumerator(reader, device.eProfileId) || !ReadEnumerator(reader, device.eEnableProfileId) ||
+      !ReadEnumerator(reader, device.eConnectStatus) || !ReadEnumerator(reader, device.eSupportType)) {
+    return kIntCutOff;
+  }
+  return reader.ReadString(device.strAddr) && reader.ReadString(device.strName) ? kNoFault : kTextWithoutEnd;
+}
+
+/// Goes behind the items with which a record begins.
+template <typename Record>
+Fault SkipItems(SegmentReader& reader) {
+  int unused = 0;
+  for (std::size_t i = 0; i < std::size(RecordItems<Record>::kIntegers); ++i) {
+    if (!reader.ReadInt(unused)) {
+      return kIntCutOff;
+    }
+  }
+  for (std::size_t i = 0; i < std::size(RecordItems<Record>::kTexts); ++i) {
+    if (!reader.SkipString()) {
+      return kTextWithoutEnd;
+    }
+  }
+  return kNoFault;
+}
+
+/// Goes behind a record.
+template <typename Record>
+Fault SkipRecord(SegmentReader& reader) {
+  return SkipItems<Record>(reader);
+}
+
+template <>
+inline Fault SkipRecord<MWPTypeContact>(SegmentReader& reader) {
+  if (const Fault fault = SkipItems<MWPTypeContact>(reader)) {
+    return fault;
+  }
+  int groups = 0;
+  if (const Fault fault = ReadCount(reader, kSmallestNumberGroup, groups)) {
+    return fault;
+  }
+  for (; groups > 0; --groups) {
+    int type = 0;
+    int values = 0;
+    if (!reader.ReadInt(type)) {
+      return kIntCutOff;
+    }
+    if (const Fault fault = ReadCount(reader, kSmallestText, values)) {
+      return fault;
+    }
+    for (; values > 0; --values) {
+      if (!reader.SkipString()) {
+        return kTextWithoutEnd;
+      }
+    }
+  }
+  return kNoFault;
+}
+
+}  // namespace segment
+
+#endif
