@@ -24,17 +24,21 @@ namespace detail {
 /// A time as GLib takes it: milliseconds, none below 0, none above what an int holds.
 int ToTimeout(std::chrono::milliseconds time);
 
+class BusBackend;
+
 /// A request that is more than one call, such as reading a list out of shared memory.
 class Plan {
  public:
   /// name: how a fake knows it.
-  explicit Plan(const char* name) : m_name(name) {}
-  virtual ~Plan() = default;
+  constexpr explicit Plan(const char* name) : m_name(name) {}
   const char* Name() const { return m_name; }
 
-  /// Begins it. The call is completed once, by the loop, never before this returns. Owns one reference of the
-  /// call.
-  virtual void Start(Backend& backend, _GVariant* arguments, int timeoutMs, PendingCall& call) const = 0;
+  /// Begins it, over the bus. The call is completed once, by the loop, never before this returns. Owns one
+  /// reference of the call, and the arguments if they are floating.
+  virtual void Start(BusBackend& backend, _GVariant* arguments, int timeoutMs, PendingCall& call) const = 0;
+
+ protected:
+  ~Plan() = default;  // plans are constants
 
  private:
   const char* m_name;

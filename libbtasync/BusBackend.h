@@ -22,6 +22,9 @@ class BusBackend final : public Backend {
   explicit BusBackend(GMainContext* context);
   ~BusBackend() override;
 
+  /// What the service's loop runs.
+  GMainContext* Context() const { return m_context.get(); }
+
   std::int64_t TimeMs() const override;
   void* StartTimer(int milliseconds, Wake wake, void* data) override;
   void StopTimer(void* timer) override;

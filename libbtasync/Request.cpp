@@ -1,5 +1,7 @@
 #include <btasync/Request.h>
 
+#include <utility>
+
 #include <glib.h>
 
 #include "libbtasync/Backend.h"
@@ -22,6 +24,9 @@ void PendingCall::End() {
     m_backend = nullptr;
   }
   Leave();
+  if (m_work != nullptr) {
+    std::exchange(m_work, nullptr)->Drop();
+  }
 }
 
 void PendingCall::Complete(Reply& reply) {

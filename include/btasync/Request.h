@@ -39,6 +39,9 @@ class BTASYNC_API PendingCall : public Held {
   /// Ends it with Reason::Cancelled, by the loop.
   void Cancel();
   void Drop() override;
+  /// What works for it when it is more than one service call; null for nothing any more. It is dropped if the
+  /// call ends before.
+  void SetWork(Held* work) { m_work = work; }
 
  protected:
   PendingCall() = default;
@@ -57,6 +60,7 @@ class BTASYNC_API PendingCall : public Held {
   Backend* m_backend = nullptr;  ///< from the moment of sending until its end
   PendingCall* m_nextCall = nullptr;
   PendingCall* m_previousCall = nullptr;
+  Held* m_work = nullptr;
 };
 
 /// A request as it will be sent.

@@ -53,7 +53,7 @@ OUTSIDE = {
         r"^#include <bt_(?:dbus|sim)\.h>",
         "ipc service/app service/frontend service/simulation/controls service/simulation/SimulationProvider bench",
     ),
-    "shared memory": (r"^#include <sys/shm\.h>|\bshm(?:get|at|dt|ctl)\(", "ipc/ShareMemory"),
+    "shared memory": (r"^#include <sys/shm\.h>|\bshm(?:get|at|dt|ctl)\(", "ipc/ShareMemory libbtasync/SharedMemory"),
     "zlog": (r"^#include <zlog\.h>", "platform"),
 }
 # Where the compiler finds headers of this tree, beside the folder of the source.

@@ -1,0 +1,167 @@
+#include "libbtasync/ListJob.h"
+
+#include <string>
+#include <utility>
+
+#include "protocol/Segments.h"
+
+namespace btasync {
+inline namespace v0 {
+namespace detail {
+namespace {
+
+constexpr int kMostAttempts = 3;
+/// Segments with more bytes are copied and decoded by another thread: the loop should be back within the 16
+/// ms of a frame.
+constexpr std::size_t kMostOnLoop = std::size_t{64} << 10;
+
+/// The one argument that a list's request has, as a number; 0 if it has none.
+int ArgumentOf(GVariant* arguments) {
+  if (arguments == nullptr || g_variant_n_children(arguments) == 0) {
+    return 0;
+  }
+  const OwnedVariant argument(g_variant_get_child_value(arguments, 0));
+  return g_variant_is_of_type(argument.get(), G_VARIANT_TYPE_BYTE) ? g_variant_get_byte(argument.get())
+                                                                   : g_variant_get_int32(argument.get());
+}
+
+}  // namespace
+
+/// A service call of a job.
+class ListJob::Step final : public PendingCall {
+ public:
+  Step(ListJob& job, OnReply onReply) : m_job(job), m_onReply(onReply) {}
+
+ private:
+  void Deliver(Reply& reply) override { (m_job.*m_onReply)(reply); }
+  void Forget() override {}
+
+  ListJob& m_job;
+  const OnReply m_onReply;
+};
+
+void ListPlan::Start(BusBackend& backend, GVariant* arguments, int timeoutMs, PendingCall& call) const {
+  call.SetWork(new ListJob(backend, *this, arguments, timeoutMs, call));
+}
+
+ListJob::ListJob(BusBackend& backend, const ListPlan& plan, GVariant* arguments, int timeoutMs,
+                 PendingCall& call)
+    : m_alive(backend),
+      m_backend(backend),
+      m_plan(plan),
+      m_arguments(arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr),
+      m_deadlineMs(backend.TimeMs() + timeoutMs),
+      m_call(call),
+      m_deadline(backend),
+      m_turn(plan.Segment(), backend.Context(), [this] { Publish(); }) {
+  m_question.argument = ArgumentOf(m_arguments.get());
+  m_deadline.Start(std::chrono::milliseconds(timeoutMs), [this] {
+    Fail(Failure{Reason::TimedOut,
+                 std::string(m_plan.Name()) +
+                     (m_turn.HasCome() ? ": the deadline has passed"
+                                       : ": other requests for the same place were not done in time")});
+  });
+}
+
+ListJob::~ListJob() {
+  if (m_step != nullptr) {
+    m_step->Drop();
+    m_step->Unref();
+  }
+  m_call.Unref();
+}
+
+int ListJob::MillisecondsLeft() const {
+  return ToTimeout(std::chrono::milliseconds(m_deadlineMs - m_backend.TimeMs()));
+}
+
+void ListJob::Ask(Outgoing outgoing, OnReply onReply) {
+  if (m_step != nullptr) {
+    m_step->Unref();
+  }
+  m_step = new Step(*this, onReply);
+  m_step->Ref();
+  outgoing.SetDeadline(std::chrono::milliseconds(MillisecondsLeft()));
+  outgoing.Send(*m_step);
+}
+
+void ListJob::Look(std::function<void(ListLooks& looks)> look, void (ListJob::*onLooked)()) {
+  if (kSegmentCatalogue[m_plan.Segment()].size <= kMostOnLoop) {
+    look(*m_looks);
+    (this->*onLooked)();
+    return;
+  }
+  m_errand.Run(
+      m_backend.Context(), [looks = m_looks, look = std::move(look)] { look(*looks); },
+      [this, onLooked] { (this->*onLooked)(); });
+}
+
+void ListJob::Publish() {
+  ++m_attempts;
+  m_looks = m_plan.NewLooks();
+  Ask(m_plan.Publish(m_backend, m_arguments.get()), &ListJob::OnPublished);
+}
+
+void ListJob::OnPublished(Reply& reply) {
+  if (reply.values == nullptr) {
+    Fail(std::move(reply.failure));
+    return;
+  }
+  const Answer<> answer = m_plan.ReadPublished(reply.values);
+  if (answer.Accepted()) {
+    Look([](ListLooks& looks) { looks.LookFirst(); }, &ListJob::OnLookedFirst);
+  } else if (answer.Refused()) {
+    m_looks->Refuse();
+    Reply refusal;
+    m_looks->PutInto(refusal);
+    Finish(refusal);
+  } else {
+    Fail(answer.Why());
+  }
+}
+
+void ListJob::OnLookedFirst() { Ask(m_plan.Count(m_backend, m_arguments.get()), &ListJob::OnCounted); }
+
+void ListJob::OnCounted(Reply& reply) {
+  if (reply.values == nullptr) {
+    Fail(std::move(reply.failure));
+    return;
+  }
+  const Answer<int> count = m_plan.ReadCount(reply.values);
+  if (!count) {
+    Fail(count.Why());
+    return;
+  }
+  m_question.serviceCount = *count;
+  Look([question = m_question](ListLooks& looks) { looks.LookAgain(question); }, &ListJob::OnLookedAgain);
+}
+
+void ListJob::OnLookedAgain() {
+  if (m_looks->HasFailed() && m_attempts < kMostAttempts) {
+    Publish();
+    return;
+  }
+  Reply reply;
+  m_looks->PutInto(reply);
+  Finish(reply);
+}
+
+void ListJob::Finish(Reply& reply) {
+  const std::shared_ptr<ListLooks> lender = m_looks;
+  PendingCall& call = m_call;
+  call.Ref();
+  call.SetWork(nullptr);
+  delete this;
+  call.Complete(reply);
+  call.Unref();
+}
+
+void ListJob::Fail(Failure failure) {
+  Reply reply;
+  reply.failure = std::move(failure);
+  Finish(reply);
+}
+
+}  // namespace detail
+}  // namespace v0
+}  // namespace btasync

@@ -1,0 +1,64 @@
+#ifndef LIBBTASYNC_LISTJOB_H
+#define LIBBTASYNC_LISTJOB_H
+
+#include <functional>
+#include <memory>
+
+#include "glib/Owned.h"
+#include "libbtasync/BusBackend.h"
+#include "libbtasync/Errand.h"
+#include "libbtasync/ListPlan.h"
+#include "libbtasync/SegmentTurn.h"
+
+namespace btasync {
+inline namespace v0 {
+namespace detail {
+
+/// A request for a list that is under way. Belongs to its call: it goes when the call ends, whatever it is
+/// doing.
+class ListJob final : public Held {
+ public:
+  /// Takes over a reference of the call, and the arguments if they are floating.
+  ListJob(BusBackend& backend, const ListPlan& plan, GVariant* arguments, int timeoutMs, PendingCall& call);
+  void Drop() override { delete this; }
+
+ private:
+  class Step;
+  using OnReply = void (ListJob::*)(Reply& reply);
+  ~ListJob() override;
+
+  void Publish();
+  void OnPublished(Reply& reply);
+  void OnLookedFirst();
+  void OnCounted(Reply& reply);
+  void OnLookedAgain();
+
+  /// Makes a service call; onReply gets its reply.
+  void Ask(Outgoing outgoing, OnReply onReply);
+  /// Does something with the segment, off the loop's thread if that may take long.
+  void Look(std::function<void(ListLooks& looks)> look, void (ListJob::*onLooked)());
+  /// Ends the request, and this.
+  void Finish(Reply& reply);
+  void Fail(Failure failure);
+  int MillisecondsLeft() const;
+
+  const BackendRef m_alive;
+  BusBackend& m_backend;
+  const ListPlan& m_plan;
+  const OwnedVariant m_arguments;
+  const std::int64_t m_deadlineMs;
+  PendingCall& m_call;
+  Timer m_deadline;
+  std::shared_ptr<ListLooks> m_looks;
+  ListQuestion m_question;
+  Step* m_step = nullptr;
+  Errand m_errand;
+  int m_attempts = 0;
+  SegmentTurn m_turn;
+};
+
+}  // namespace detail
+}  // namespace v0
+}  // namespace btasync
+
+#endif
