@@ -69,3 +69,8 @@ def structures(source_dir):
 def wired_signals(source_dir):
     """Pairs of a structure and the signal that it comes from, as EventKinds.cpp has them."""
     return re.findall(r"^BT_EVENT\((\w+), (\w+)\)", read(source_dir, "libbtasync/EventKinds.cpp"), re.M)
+
+
+def pending(source_dir):
+    """Members of Service that are still being written."""
+    return {} if pathlib.Path(source_dir, "libbtasync/ServiceLists.cpp").exists() else LISTS

@@ -20,7 +20,7 @@ add_test(NAME contract_exports/TheLibraryExportsWhatTheSourcesSayAndNothingElse
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/exports_test.py $<TARGET_FILE:bt> ${CMAKE_SOURCE_DIR})
 add_test(NAME contract_public_headers/EachCompilesOnItsOwnAsCxx11AndNeedsNothingButTheStandardLibrary
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/public_headers_test.py ${CMAKE_CXX_COMPILER}
-          ${CMAKE_SOURCE_DIR}/include)
+          ${CMAKE_SOURCE_DIR}/include bluetooth c++11)
 add_test(NAME contract_enumerations/EveryValueFitsInOneByteAndCountingStartsAtZero
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/enumerations_test.py ${CMAKE_SOURCE_DIR}/include)
 add_test(NAME contract_soname/TheLibraryIsLibbtSo100WithTheSonameLibbtSo1
