@@ -12,21 +12,6 @@ Argument Profile() { return Or(OneOf("--profile", WordsOf<ProfileId>()), "hfp-a2
 
 Argument Question() { return Or(OneOf("--state", WordsOf<PairRequestState>()), "confirmation"); }
 
-/// The connection of a profile of a device, which are the first two arguments.
-Outcome Connection(const std::string& wanted, const std::vector<Condition>& failures) {
-  return {"OnConnectStatusChanged",
-          {IsArgument("address", 0), IsArgument("profile", 1)},
-          {Is("status", wanted)},
-          failures};
-}
-
-Outcome Connected() {
-  return Connection("connected",
-                    {Is("status", "failed"), Is("status", "disconnected"), Is("status", "link-lost")});
-}
-
-Outcome Deleted() { return {"OnDeletePairStatusChanged", {}, {Is("status", "yes")}, {Is("status", "no")}}; }
-
 }  // namespace
 
 std::vector<Request> ComRequests() {
@@ -50,14 +35,14 @@ std::vector<Request> ComRequests() {
        BTCTL_METHOD(MWPBtCom, SetScanAction),
        {Fixed("1")},
        Accepted(),
-       Outcome{"OnScanStatusChanged", {}, {Is("status", "scanning")}, {}},
+       OutcomeOf("SetScanAction", 1),
        {AdapterIsOff(), SearchIsRunning()}},
       {"scan stop",
        "Stop the search",
        BTCTL_METHOD(MWPBtCom, SetScanAction),
        {Fixed("0")},
        Accepted(),
-       Outcome{"OnScanStatusChanged", {}, {Is("status", "idle")}, {}},
+       OutcomeOf("SetScanAction", 0),
        {AdapterIsOff(), NoSearchIsRunning()}},
       {"scan clear",
        "Forget all discovered devices",
@@ -85,31 +70,28 @@ std::vector<Request> ComRequests() {
        BTCTL_METHOD(MWPBtCom, SetDeviceOOBLinkKey),
        {Address(), Bytes("KEY", "the key, in hexadecimal digits")},
        Accepted(),
-       Outcome{"OnSetDeviceOOBLinkKeyChanged",
-               {IsArgument("address", 0)},
-               {Is("success", "yes")},
-               {Is("success", "no")}}},
+       OutcomeOf("SetDeviceOOBLinkKey")},
 
       {"connect",
        "Connect a profile of a paired device",
        BTCTL_METHOD(MWPBtCom, Connect),
        {Address(), Profile(), Flag("--only", "disconnect other devices")},
        Accepted(),
-       Connected(),
+       OutcomeOf("Connect"),
        {AdapterIsOff(), DeviceIsUnknown(0)}},
       {"disconnect",
        "Disconnect a profile of a device",
        BTCTL_METHOD(MWPBtCom, DisConnect),
        {Address(), Profile()},
        Accepted(),
-       Connection("disconnected", {}),
+       OutcomeOf("DisConnect"),
        {AdapterIsOff(), DeviceIsUnknown(0), DeviceIsNotConnected(0, 1)}},
       {"reconnect",
        "Connect a profile of a device again",
        BTCTL_METHOD(MWPBtCom, ReConnect),
        {Address(), Profile()},
        Accepted(),
-       Connection("connected", {Is("status", "failed")}),
+       OutcomeOf("ReConnect"),
        {AdapterIsOff(), DeviceIsUnknown(0)}},
       {"auto-connect",
        "Switch automatic connections to paired devices on or off",
@@ -122,13 +104,13 @@ std::vector<Request> ComRequests() {
        BTCTL_METHOD(MWPBtCom, EnableProfile),
        {},
        Nothing(),
-       Outcome{"OnBtProfileEnableStatusChanged", {}, {Is("enabled", "yes")}, {}}},
+       OutcomeOf("EnableProfile")},
       {"profiles disable",
        "Disconnect a device and keep it from being connected",
        BTCTL_METHOD(MWPBtCom, DisableProfile),
        {Address()},
        Nothing(),
-       Outcome{"OnBtProfileEnableStatusChanged", {}, {Is("enabled", "no")}, {}}},
+       OutcomeOf("DisableProfile")},
 
       {"devices name",
        "Show the name of a paired device",
@@ -141,14 +123,14 @@ std::vector<Request> ComRequests() {
        BTCTL_METHOD(MWPBtCom, DeletePairDevice),
        {Address(), Fixed("1")},
        Accepted(),
-       Deleted(),
+       OutcomeOf("DeletePairDevice"),
        {AdapterIsOff(), DeviceIsUnknown(0)}},
       {"devices delete-all",
        "Delete all paired devices",
        BTCTL_METHOD(MWPBtCom, DeletePairDeviceList),
        {},
        Accepted(),
-       Deleted(),
+       OutcomeOf("DeletePairDeviceList"),
        {AdapterIsOff()}},
       {"devices forget",
        "Forget a discovered device",
@@ -175,7 +157,7 @@ std::vector<Request> ComRequests() {
        BTCTL_METHOD(MWPBtCom, SetCapability),
        {OneOf("CAPABILITY", WordsOf<Capability>()), Switch()},
        Accepted(),
-       Outcome{"OnBtCapabilityChanged", {IsArgument("capability", 0)}, {IsArgument("value", 1)}, {}}},
+       OutcomeOf("SetCapability")},
       {"attribute get",
        "Show an attribute of the adapter",
        BTCTL_METHOD(MWPBtCom, GetAttribute),
@@ -187,7 +169,7 @@ std::vector<Request> ComRequests() {
        BTCTL_METHOD(MWPBtCom, SetAttribute),
        {OneOf("ATTRIBUTE", WordsOf<Attribute>()), Text("VALUE", "its new value")},
        Accepted(),
-       Outcome{"OnBtAttributeChanged", {IsArgument("attribute", 0)}, {}, {}}},
+       OutcomeOf("SetAttribute")},
 
       {"projection allow",
        "Allow or forbid wireless projection from a device",
@@ -207,7 +189,7 @@ std::vector<Request> ComRequests() {
        BTCTL_METHOD(MWPBtCom, RequestAndroidAutoPairing),
        {Address(), Or(Whole("METHOD", "of pairing, as the projection numbers it"), "0")},
        Accepted(),
-       Outcome{"OnAndroidAutoPairingResponse", {}, {}, {}},
+       OutcomeOf("RequestAndroidAutoPairing"),
        {AdapterIsOff()}},
   };
 }

@@ -24,11 +24,6 @@ Argument Uid() { return Text("UID", "of the folder or track"); }
 Argument Scope() { return Or(OneOf("--scope", WordsOf<BrowserScopeType>()), "file-system"); }
 Argument Period() { return Or(Whole("MILLISECONDS", "how often"), "1000"); }
 
-Outcome Succeeds(const std::string& event) {
-  return {event, {}, {Is("success", "yes")}, {Is("success", "no")}};
-}
-Outcome Comes(const std::string& event) { return {event, {}, {}, {}}; }
-
 Checks NeedsPlayer() { return {AdapterIsOff(), NoPlayerIsConnected()}; }
 
 }  // namespace
@@ -157,7 +152,7 @@ std::vector<Request> MediaRequests() {
        Bind(&PlayMode::Set),
        {OneOf("MODE", PlayModeWords()), Whole("VALUE", "as the player numbers it")},
        Accepted(),
-       Comes("OnPlayModeChanged"),
+       OutcomeOf("SetCurPlayMode"),
        NeedsPlayer()},
       {"music notifies",
        "Show whether the player supports a notification",
@@ -177,7 +172,7 @@ std::vector<Request> MediaRequests() {
        BTCTL_METHOD(MWPBtMedia, RootDirectory),
        {Start(), Count()},
        Accepted(),
-       Succeeds("OnCurBrowserPathChanged"),
+       OutcomeOf("RootDirectory"),
        NeedsPlayer()},
       {"browse is-root",
        "Show whether the current folder is the root",
@@ -190,28 +185,28 @@ std::vector<Request> MediaRequests() {
        BTCTL_METHOD(MWPBtMedia, FolderUp),
        {Start(), Count()},
        Accepted(),
-       Succeeds("OnCurBrowserPathChanged"),
+       OutcomeOf("FolderUp"),
        NeedsPlayer()},
       {"browse down",
        "Go into a folder",
        BTCTL_METHOD(MWPBtMedia, FolderDown),
        {Uid(), Start(), Count()},
        Accepted(),
-       Succeeds("OnCurBrowserPathChanged"),
+       OutcomeOf("FolderDown"),
        NeedsPlayer()},
       {"browse search",
        "Search in a folder",
        BTCTL_METHOD(MWPBtMedia, BrowsingSearch),
        {Uid(), Text("WORDS", "to search for"), Start(), Count()},
        Accepted(),
-       Comes("OnBrowserMediaInfoChanged"),
+       OutcomeOf("BrowsingSearch"),
        NeedsPlayer()},
       {"browse queue",
        "Ask for the items of the queue",
        BTCTL_METHOD(MWPBtMedia, BrowsingNowPlayingList),
        {Start(), Count()},
        Accepted(),
-       Comes("OnBrowserMediaInfoChanged"),
+       OutcomeOf("BrowsingNowPlayingList"),
        NeedsPlayer()},
       {"browse items",
        "Ask for the items of a scope; the library cannot deliver them",
@@ -225,21 +220,21 @@ std::vector<Request> MediaRequests() {
        BTCTL_METHOD(MWPBtMedia, GetBrowsingFolderItemTotal),
        {Uid()},
        Accepted(),
-       Comes("OnBrowserFolderItemTotalChanged"),
+       OutcomeOf("GetBrowsingFolderItemTotal"),
        NeedsPlayer()},
       {"browse play",
        "Play an item",
        BTCTL_METHOD(MWPBtMedia, PlayItem),
        {Uid(), Scope()},
        Accepted(),
-       Succeeds("OnSendPlayItemStatus"),
+       OutcomeOf("PlayItem"),
        NeedsPlayer()},
       {"browse add",
        "Put an item into the queue",
        BTCTL_METHOD(MWPBtMedia, AddMediaItemToNowPlaying),
        {Uid(), Scope()},
        Accepted(),
-       Succeeds("OnMediaItemToNowPlayingStatus"),
+       OutcomeOf("AddMediaItemToNowPlaying"),
        NeedsPlayer()},
   };
 }

@@ -12,10 +12,8 @@ struct Condition {
   std::string field;
   std::string value;
   std::optional<std::size_t> argument;
+  bool isProfile;  ///< one that may be asked for as a pair, and is reported one by one
 };
-
-Condition Is(const std::string& field, const std::string& value);
-Condition IsArgument(const std::string& field, std::size_t argument);
 
 /// The event by which the service reports what has come of a request.
 struct Outcome {
@@ -27,6 +25,10 @@ struct Outcome {
   /// With any of these it reports failure; with none of all these, that the request is under way.
   std::vector<Condition> failure;
 };
+
+/// That of a method, as protocol/Outcomes.h has it. The arguments of the command have to be those of the
+/// method, or at least the ones that count. first: the first of them, if it decides what the outcome is.
+Outcome OutcomeOf(const std::string& method, int first = 0);
 
 }  // namespace btctl
 

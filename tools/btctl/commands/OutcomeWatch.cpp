@@ -61,7 +61,7 @@ void OutcomeWatch::OnEvent(const Event& event) {
 
 bool OutcomeWatch::IsForAPair() const {
   return std::any_of(m_outcome.ours.begin(), m_outcome.ours.end(), [&](const Condition& condition) {
-    return condition.field == kProfile &&
+    return condition.isProfile &&
            WordsOf<MWPBtType::ProfileId>().Find(ValueOf(condition)) == MWPBtType::BT_PROFILE_HFP_A2DP;
   });
 }
@@ -71,9 +71,9 @@ std::string OutcomeWatch::ValueOf(const Condition& condition) const {
 }
 
 bool OutcomeWatch::Meets(const Event& event, const Condition& condition) const {
-  if (condition.field == kProfile && IsForAPair()) {
-    return event.Has(kProfile, "hfp") ||
-           event.Has(kProfile, "a2dp");  // asked for as a pair, reported one by one
+  if (condition.isProfile && IsForAPair()) {
+    return event.Has(condition.field, "hfp") ||
+           event.Has(condition.field, "a2dp");  // asked for as a pair, reported one by one
   }
   return event.Has(condition.field, ValueOf(condition));
 }

@@ -7,8 +7,6 @@ namespace {
 
 using namespace arg;
 
-Outcome Deleted() { return {"OnDeletePhoneBookChanged", {}, {Is("success", "yes")}, {Is("success", "no")}}; }
-
 Argument Log() { return OneOf("LOG", WordsOf<CallLogType>()); }
 
 /// Shows one of the call logs.
@@ -48,21 +46,21 @@ std::vector<Request> PbapRequests() {
        BTCTL_METHOD(MWPBtPbap, SetContactFavorite),
        {Contact(), Or(Switch(), "on")},
        Accepted(),
-       Outcome{"OnContactFavoriteChanged", {IsArgument("contactId", 0)}, {IsArgument("favorite", 1)}, {}},
+       OutcomeOf("SetContactFavorite"),
        {NoContactHasId(0)}},
       {"contacts delete",
        "Delete a contact",
        BTCTL_METHOD(MWPBtPbap, DeleteContactById),
        {Contact()},
        Accepted(),
-       Deleted(),
+       OutcomeOf("DeleteContactById"),
        {NoContactHasId(0)}},
       {"contacts clear",
        "Delete all contacts",
        BTCTL_METHOD(MWPBtPbap, ClearContact),
        {},
        Accepted(),
-       Deleted()},
+       OutcomeOf("ClearContact")},
 
       ShowLog("all", "Show all calls"),
       ShowLog("incoming", "Show incoming calls"),

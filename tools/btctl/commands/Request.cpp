@@ -8,6 +8,7 @@
 #include "btctl/commands/ContactNames.h"
 #include "btctl/commands/MakeRequest.h"
 #include "btctl/session/LibraryLog.h"
+#include "protocol/Outcomes.h"
 
 namespace btctl {
 namespace {
@@ -16,7 +17,6 @@ using Kind = Answer::Kind;
 
 /// What the library waits for an answer at most, short of a bit.
 constexpr std::chrono::seconds kLibraryTimeout{24};
-constexpr std::chrono::seconds kOtherProfileComesWithin{1};
 
 bool IsNothing(const Json& result) {
   return result.is_null() || result == 0 || (result.is_string() && result.get<std::string>().empty());
@@ -167,7 +167,6 @@ void Follow(Context& context, const OutcomeWatch& watch) {
   const auto isDecided = [&] { return watch.IsDecided(); };
   context.session.DeliverArrived();
   context.session.WaitUntil(isDecided, ifTooLate);
-  // The other profile of a pair may be reported only when its turn has come, or not at all.
   if (!watch.IsComplete() &&
       context.session.WaitUntil([&] { return watch.IsComplete(); }, kOtherProfileComesWithin)) {
     context.session.WaitUntil(isDecided, ifTooLate);

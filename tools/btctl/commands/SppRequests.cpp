@@ -55,7 +55,7 @@ std::vector<Request> SppRequests() {
        BTCTL_METHOD(MWPBtSpp, SetHIDCalibration),
        {Address(), Input("touch")},
        Accepted(),
-       Outcome{"OnHIDCalibration", {}, {Is("success", "yes")}, {Is("success", "no")}},
+       OutcomeOf("SetHIDCalibration"),
        NeedsProfile("hid")},
       {"hid move",
        "Send a position or movement, and the state of the buttons",

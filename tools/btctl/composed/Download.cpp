@@ -18,10 +18,7 @@ Request DownloadRequest() {
           BTCTL_METHOD(MWPBtPbap, StartPhoneBookDownload),
           {Or(OneOf("--type", WordsOf<MWPBtType::PbapType>()), "all")},
           Accepted(),
-          Outcome{"OnPBDownloadStatus",
-                  {IsArgument("type", 0)},
-                  {Is("status", "completed")},
-                  {Is("status", "stopped"), Is("status", "failed"), Is("status", "refused")}},
+          OutcomeOf("StartPhoneBookDownload"),
           {AdapterIsOff(), NoPhoneIsConnected(), DownloadIsUnderWay()}};
 }
 

@@ -85,12 +85,7 @@ void Pair(Context& context, const Given& given) {
   const std::string address = given[ADDRESS];
   const std::string pin = given[PIN];
   CheckAddress(address);
-  const OutcomeWatch watch(context.session.Events(),
-                           {"OnPairStatusChanged",
-                            {IsArgument("address", ADDRESS)},
-                            {Is("status", "paired")},
-                            {Is("status", "failed")}},
-                           given);
+  const OutcomeWatch watch(context.session.Events(), OutcomeOf("Pair"), given);
   std::optional<Question> question;
   const EventHub::Subscription questions(context.session.Events(), [&](const Event& event) {
     if (event.Name() == "OnAnswerPairRequest" && event.Has("address", address)) {

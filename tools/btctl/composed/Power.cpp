@@ -25,8 +25,7 @@ void SetPower(Context& context, const std::string& path, bool on) {
   const WordTable& words = WordsOf<PowerStatus>();
   const PowerStatus wanted = on ? BT_POWER_ON : BT_POWER_OFF;
   const PowerStatus onTheWay = on ? BT_POWER_TURNING_ON : BT_POWER_TURNING_OFF;
-  const OutcomeWatch watch(context.session.Events(),
-                           {"OnOpenBtStatusChanged", {}, {Is("status", words.Show(wanted))}, {}}, Given({}));
+  const OutcomeWatch watch(context.session.Events(), OutcomeOf("SetPower", on ? 1 : 0), Given({}));
   PowerStatus status = StatusAfterRequest(context, on);
   if (status != wanted && status != onTheWay) {
     throw Refused();
