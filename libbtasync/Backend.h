@@ -141,6 +141,7 @@ class BackendRef {
   BackendRef(const BackendRef&) = delete;
   BackendRef& operator=(const BackendRef&) = delete;
   ~BackendRef() { m_backend.Unref(); }
+  Backend* operator->() const { return &m_backend; }
 
  private:
   Backend& m_backend;

@@ -1,3 +1,10 @@
-#libbtasync : against the recording service, and against the simulated one.
-bt_add_test(NAME async_test SOURCES basics_test.cpp fake_test.cpp lists_test.cpp LIBS btasync_testing btasync LABELS async)
+# libbtasync: against the recording service, the simulated one, and the one in memory.
+bt_add_test(NAME async_test
+  SOURCES
+    basics_test.cpp
+    fake_test.cpp
+    lists_test.cpp
+    mirror_test.cpp
+  LIBS btasync_testing btasync
+  LABELS async)
 include(${CMAKE_CURRENT_LIST_DIR}/contract.cmake)

@@ -1,0 +1,58 @@
+#ifndef BTASYNC_MIRROR_H
+#define BTASYNC_MIRROR_H
+
+#include <functional>
+#include <memory>
+
+#include <btasync/Export.h>
+#include <btasync/Service.h>
+#include <btasync/State.h>
+
+namespace btasync {
+inline namespace v0 {
+
+namespace detail {
+class MirrorKeeper;
+}
+
+/// Keeps a State current: by events, and by asking when the service comes, comes back, or reports that
+/// something changed. It subscribes only what the parts need that a screen wants, so that a screen of calls
+/// is not woken by the position in a track.
+///
+/// Some of the state is in no answer: whether a search or a download runs, the network and the battery, the
+/// profiles that are connected, what can be done with the calls. For these it asks the service once, each
+/// time that it comes, for a report, which every application hears (Service::GetBluetoothServiceStatus).
+///
+/// A question that fails while the service is there is asked again after some seconds; its part is not fresh
+/// so long.
+///
+/// Belongs to the thread of the service's loop. May outlive the service object: the state then changes no
+/// more.
+class BTASYNC_API Mirror {
+ public:
+  /// Called by the loop, once a turn, with all parts that have changed since the last time. The state is
+  /// Now(). May destroy the mirror.
+  using Changed = std::function<void(const State& state, unsigned parts)>;
+
+  /// parts: those that are wanted, as bits (Part); PART_SERVICE is always among them.
+  ///
+  /// With PART_POSITION it asks the service to report the position each second. Nothing switches that off
+  /// again: another application may have asked for it as well.
+  Mirror(Service& service, unsigned parts, Changed changed);
+  Mirror(const Mirror&) = delete;
+  Mirror& operator=(const Mirror&) = delete;
+  ~Mirror();
+
+  const State& Now() const;
+  /// Asks again for these parts, for what no event reports: the order of the paired devices after
+  /// Service::MovePairedDevice.
+  void Refresh(unsigned parts);
+
+ private:
+  std::unique_ptr<detail::MirrorKeeper> m_keeper;
+};
+
+}  // namespace v0
+}  // namespace btasync
+
+#endif

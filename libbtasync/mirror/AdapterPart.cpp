@@ -1,0 +1,149 @@
+// The adapter, and the devices that a search finds.
+
+#include <algorithm>
+
+#include "libbtasync/mirror/Keeper.h"
+#include "libbtasync/mirror/Question.h"
+
+namespace btasync {
+inline namespace v0 {
+namespace detail {
+namespace {
+
+class AdapterPart final : public MirrorPart {
+ public:
+  explicit AdapterPart(MirrorKeeper& keeper)
+      : MirrorPart(keeper, PART_ADAPTER),
+        m_power(
+            End(), [](Service& end) { return end.GetPowerStatus(); },
+            [this](PowerStatus power) { Take(Here().power, power); }),
+        m_name(
+            End(), [](Service& end) { return end.GetAttribute(BT_ATTR_LOCAL_NAME); },
+            [this](const std::string& name) { Take(Here().name, name); }),
+        m_address(
+            End(), [](Service& end) { return end.GetAttribute(BT_ATTR_LOCAL_ADDRESS); },
+            [this](const std::string& address) { Take(Here().address, Address(address)); }),
+        m_discoverable(
+            End(), [](Service& end) { return end.GetCapability(BT_CAP_ENABLE_SCAN); },
+            [this](bool on) { Take(Here().discoverable, on); }) {
+    On<PowerChanged>([this](const PowerChanged& event) { Set(Here().power, event.status); });
+    On<ScanChanged>(
+        [this](const ScanChanged& event) { Set(Here().scanning, event.status == BT_SCAN_SCANNING); });
+    On<AttributeChanged>([this](const AttributeChanged& event) {
+      if (event.attribute == BT_ATTR_LOCAL_NAME) {
+        Set(Here().name, event.value);
+      }
+    });
+    On<CapabilityChanged>([this](const CapabilityChanged& event) {
+      if (event.capability == BT_CAP_ENABLE_SCAN) {
+        Set(Here().discoverable, event.on);
+      }
+    });
+  }
+
+  bool NeedsReport() const override { return true; }  // whether a search is running
+  void Ask() override {
+    m_power.Ask();
+    m_name.Ask();
+    m_address.Ask();
+    m_discoverable.Ask();
+  }
+  void Reported() override {
+    m_isReported = true;
+    SetFreshness();
+  }
+  void Gone() override {
+    m_power.Forget();
+    m_name.Forget();
+    m_address.Forget();
+    m_discoverable.Forget();
+    m_isReported = false;
+    Set(Here().scanning, false);
+    SetFreshness();
+  }
+
+ private:
+  AdapterState& Here() { return Now().adapter; }
+  template <typename Value>
+  void Take(Value& value, const Value& to) {
+    Set(value, to);
+    SetFreshness();
+  }
+  void SetFreshness() {
+    Set(Here().fresh, m_isReported && m_power.IsAnswered() && m_name.IsAnswered() && m_address.IsAnswered() &&
+                          m_discoverable.IsAnswered());
+  }
+
+  bool m_isReported = false;
+  Question<PowerStatus> m_power;
+  Question<std::string> m_name;
+  Question<std::string> m_address;
+  Question<bool> m_discoverable;
+};
+
+class FoundPart final : public MirrorPart {
+ public:
+  explicit FoundPart(MirrorKeeper& keeper) : MirrorPart(keeper, PART_FOUND) {
+    On<ScanChanged>([this](const ScanChanged& event) {
+      if (event.status == BT_SCAN_SCANNING && !m_isScanning) {
+        Clear();
+      }
+      m_isScanning = event.status == BT_SCAN_SCANNING;
+    });
+    On<DeviceFound>([this](const DeviceFound& event) {
+      std::vector<DeviceFound>& devices = Now().found.devices;
+      const auto known = Find(event.address);
+      if (known == devices.end()) {
+        devices.push_back(event);
+      } else {
+        *known = event;
+      }
+      Note();
+    });
+    On<PairChanged>([this](const PairChanged& event) {
+      const auto known = Find(event.address);
+      if (event.status == BT_PAIR_PAIRED && known != Now().found.devices.end()) {
+        Now().found.devices.erase(known);
+        Note();
+      }
+    });
+  }
+
+  void Ask() override {
+    // Nobody knows what the service has found, and it forgets it when it ends.
+    Clear();
+    Set(Now().found.fresh, true);
+  }
+  void Gone() override {
+    m_isScanning = false;
+    Set(Now().found.fresh, false);
+  }
+
+ private:
+  std::vector<DeviceFound>::iterator Find(const Address& address) {
+    std::vector<DeviceFound>& devices = Now().found.devices;
+    return std::find_if(devices.begin(), devices.end(),
+                        [&](const DeviceFound& device) { return device.address == address; });
+  }
+  void Clear() {
+    if (!Now().found.devices.empty()) {
+      Now().found.devices.clear();
+      Note();
+    }
+  }
+
+  bool m_isScanning = false;
+};
+
+}  // namespace
+
+std::unique_ptr<MirrorPart> MakeAdapterPart(MirrorKeeper& keeper) {
+  return std::make_unique<AdapterPart>(keeper);
+}
+std::unique_ptr<MirrorPart> MakeFoundPart(MirrorKeeper& keeper) {
+  return std::make_unique<FoundPart>(keeper);
+}
+
+}  // namespace detail
+}  // namespace v0
+}  // namespace btasync
