@@ -305,7 +305,7 @@ TEST_F(Requests, SppBufferOfNoLengthIsAnEmptyArrayAndANullOneIsAnErrorThatSendsN
   EXPECT_EQ(m_recorder.TakeCallTexts(), std::vector<std::string>(3, "SppSendBuffer('a', <@ay []>)"));
 
   bttest::LogCapture log;
-  EXPECT_EQ(m_adapter.SppSendBuffer("a", nullptr, 5), 1);
+  EXPECT_EQ(m_adapter.SppSendBuffer("a", nullptr, 1), 1);
   ExpectOneErrorLine(log, bttest::BluetoothInterface().Method("SppSendBuffer"), "there is no buffer");
   EXPECT_TRUE(m_recorder.TakeCalls().empty());
 }
