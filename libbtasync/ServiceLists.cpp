@@ -161,8 +161,9 @@ Answer<T> NoValues(GVariant*) {
 }
 
 template <typename T>
-Request<T> Carry(detail::Backend& backend, const detail::Plan& plan, GVariant* arguments = nullptr) {
-  return {detail::Outgoing(backend, plan, arguments), &NoValues<T>};
+Request<T> Carry(detail::Backend& backend, const detail::Plan& plan, GVariant* arguments = nullptr,
+                 const char* invalid = nullptr) {
+  return {detail::Outgoing(backend, plan, arguments, invalid), &NoValues<T>};
 }
 
 /// The arguments of a method, checked against the interface.
@@ -186,7 +187,7 @@ Request<MWPTypeContact> Service::GetContact(int index) {
 }
 
 Request<CallLogList> Service::CallLogs(CallLogType type) {
-  return Carry<CallLogList>(End(), kCallLogs, ArgumentsOf<wire::GetCallLogList>(type));
+  return Carry<CallLogList>(End(), kCallLogs, ArgumentsOf<wire::GetCallLogList>(type), wire::WhyNot(type));
 }
 
 Request<MWPTypeCallLog> Service::GetCallLog(int logId) {

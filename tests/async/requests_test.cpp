@@ -94,6 +94,14 @@ TEST_F(AsyncRequests, SendNothingOfArgumentsThatCannotTravel) {
   EXPECT_THAT(recorder.TakeCallTexts(), IsEmpty());
 }
 
+TEST_F(AsyncRequests, SendNothingOfACallLogThatIsNoByte) {
+  const btasync::Answer<std::vector<MWPTypeCallLog>> answer =
+      bttest::Wait(service.CallLogs(static_cast<CallLogType>(256)));
+  ASSERT_TRUE(answer.Failed());
+  EXPECT_EQ(answer.Why().reason, Reason::InvalidArgument);
+  EXPECT_THAT(recorder.TakeCallTexts(), IsEmpty());
+}
+
 TEST_F(AsyncRequests, OfArgumentsThatCannotTravelFailAfterTheCallHasReturned) {
   bool answered = false;
   btasync::Scope scope;

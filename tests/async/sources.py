@@ -50,13 +50,18 @@ def documented_method(name, in_brackets, all_methods):
 
 
 def wired_methods(source_dir):
-    """The members that Service*.cpp define: name -> the service calls that stand in their bodies."""
+    """The members that Service*.cpp define: name -> the service calls that stand in their bodies. Of a list, that is the
+    call that its plan begins with."""
     found = {}
     for file in sorted(pathlib.Path(source_dir, "libbtasync").glob("Service*.cpp")):
         text = re.sub(r"//[^\n]*", "", file.read_text())
+        plans = dict(re.findall(r"^constexpr \w+<wire::(\w+)[^;]*?>\s+(k\w+)\(", text, re.M))
+        first_calls = {plan: method for method, plan in plans.items()}
         parts = re.split(r"^Request<[^;{]*?> Service::(\w+)\(", text, flags=re.M)
         for name, body in zip(parts[1::2], parts[2::2]):
-            found.setdefault(name, set()).update(re.findall(r"\bwire::(\w+)", body))
+            calls = found.setdefault(name, set())
+            calls.update(re.findall(r"\bwire::(\w+)", body))
+            calls.update(first_calls[plan] for plan in re.findall(r"\bk\w+", body) if plan in first_calls)
     return found
 
 
@@ -69,8 +74,3 @@ def structures(source_dir):
 def wired_signals(source_dir):
     """Pairs of a structure and the signal that it comes from, as EventKinds.cpp has them."""
     return re.findall(r"^BT_EVENT\((\w+), (\w+)\)", read(source_dir, "libbtasync/EventKinds.cpp"), re.M)
-
-
-def pending(source_dir):
-    """Members of Service that are still being written."""
-    return {} if pathlib.Path(source_dir, "libbtasync/ServiceLists.cpp").exists() else LISTS
