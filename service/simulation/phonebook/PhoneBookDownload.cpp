@@ -179,6 +179,8 @@ void PhoneBookDownload::End(PbapStatus status) {
   m_timer.Stop();
   m_phone = nullptr;
   m_parts.clear();
+  m_contacts = std::vector<Contact>();
+  m_logs = std::vector<CallLogEntry>();
   m_context.Report(DownloadStatusChanged{status, m_type});
 }
 
