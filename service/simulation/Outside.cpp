@@ -49,6 +49,11 @@ std::size_t Outside::ContactCount() const {
   return count;
 }
 
+std::size_t Outside::ReplaceableContactCount(const std::string& address) const {
+  const RemoteDevice* const device = m_devices.Find(address);
+  return device != nullptr ? device->data.phone.contacts.size() : 0;
+}
+
 bool Outside::AddDevice(const DeviceData& data) { return m_devices.Add(data) != nullptr; }
 
 bool Outside::SetInRange(const std::string& address, bool inRange) {

@@ -35,6 +35,8 @@ class Outside {
   std::vector<Glimpse> Devices() const;
   /// How many contacts all devices have together.
   std::size_t ContactCount() const;
+  /// How many of them SetContacts would replace at this device.
+  std::size_t ReplaceableContactCount(const std::string& address) const;
 
   /// A device that was not there before.
   bool AddDevice(const DeviceData& data);

@@ -6,10 +6,12 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "protocol/Segments.h"
 #include "service/stack/StackTypes.h"
 #include "support/Segments.h"
+#include "support/TemporaryDirectory.h"
 #include "tests/service/running_service.h"
 
 namespace btservice {
@@ -19,12 +21,31 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 constexpr const char* kPhone = "00:1A:7D:DA:71:13";
+constexpr const char* kDownloaded = "OnPBDownloadStatus (byte 0x03, byte 0x06)";
+
+std::string Repeated(int count, const std::string& text) {
+  std::string all;
+  for (int i = 0; i < count; ++i) {
+    all += text;
+  }
+  return all;
+}
+
+/// The description of a device with one more member.
+std::string DeviceWith(const std::string& member) {
+  return R"({"address": "00:00:00:00:00:01", "name": "A", )" + member + "}";
+}
+
+/// A device with folders in folders, so many.
+std::string DeviceWithFolders(int depth) {
+  return DeviceWith(R"("music": {)" + Repeated(depth, R"("folders": [{)") + Repeated(depth, "}]") + "}");
+}
 
 class ControlTest : public testing::Test {
  protected:
   ControlTest() : service({"--speed", "20", "--world", BTTEST_QUIET_WORLD}) {
     // The phone of this world is paired, and the built-in settings connect and download without asking.
-    EXPECT_TRUE(service.WaitFor("OnPBDownloadStatus (byte 0x03, byte 0x06)"));
+    EXPECT_TRUE(service.WaitFor(kDownloaded));
     service.ForgetSignals();
   }
   std::string Control(const std::string& method, GVariant* arguments = nullptr) {
@@ -78,7 +99,7 @@ TEST_F(ControlTest, ThePhoneHasOtherContactsAndCallsAndTheNextDownloadBringsThem
   EXPECT_EQ(Control("AddCallLog", g_variant_new("(ss)", kPhone, entry)), "(true,)");
   const std::string missedBefore = service.Ask("GetCallLogCount", g_variant_new("(y)", CALL_LOG_MISSED));
   EXPECT_EQ(service.Ask("StartPhoneBookDownload", g_variant_new("(y)", BT_PBAP_ALL)), "(true,)");
-  EXPECT_TRUE(service.WaitFor("OnPBDownloadStatus (byte 0x03, byte 0x06)"));
+  EXPECT_TRUE(service.WaitFor(kDownloaded));
   EXPECT_EQ(service.Ask("GetContactCount"), "(1,)");
   EXPECT_NE(service.Ask("GetCallLogCount", g_variant_new("(y)", CALL_LOG_MISSED)), missedBefore);
 
@@ -238,8 +259,8 @@ TEST_F(ControlTest, OrdersThatTheBusOrTheMachineCouldNotTakeAreRefused) {
               HasSubstr("expected arguments of at most 17408 KiB"));
   EXPECT_THAT(ProblemOf("SetOperator", g_variant_new("(ss)", kPhone, std::string(64 << 10, 'x').c_str())),
               HasSubstr("expected arguments of at most 64 KiB"));
-  EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", R"({"address": "00:00:00:00:00:01", "name": "A",
-                  "phoneBook": {"vcard": "/dev/zero"}})")),
+  EXPECT_THAT(ProblemOf("AddDevice",
+                        g_variant_new("(s)", DeviceWith(R"("phoneBook": {"vcard": "/dev/zero"})").c_str())),
               HasSubstr("/dev/zero: is not a regular file"));
   for (int i = 0; i < 1000; ++i) {
     Control("DropAnswers", g_variant_new("(su)", "DialCall", 1));
@@ -247,6 +268,51 @@ TEST_F(ControlTest, OrdersThatTheBusOrTheMachineCouldNotTakeAreRefused) {
   EXPECT_THAT(ProblemOf("DropAnswers", g_variant_new("(su)", "DialCall", 1)),
               HasSubstr("there are 1000 faults already"));
   EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+}
+
+TEST_F(ControlTest, APipeIsNoVCardFile) {
+  const bttest::TemporaryDirectory directory;
+  const std::string pipe = directory.Path() / "pipe.vcf";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const std::string device = DeviceWith(R"("phoneBook": {"vcard": ")" + pipe + "\"}");
+  EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", device.c_str())),
+              HasSubstr("InvalidArgs: device:1: phoneBook.vcard: " + pipe + ": is not a regular file"));
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+}
+
+TEST_F(ControlTest, FoldersAndTracksThatAreTooDeepAreRefused) {
+  const auto add = [](int depth) { return g_variant_new("(s)", DeviceWithFolders(depth).c_str()); };
+  constexpr const char* kTooDeep = "1: expected at most 64 lists and objects within each other";
+  for (const int depth :
+       {32, 20000}) {  // each folder is an object in a list, and two objects are around them
+    EXPECT_THAT(ProblemOf("AddDevice", add(depth)),
+                HasSubstr(std::string("InvalidArgs: device:") + kTooDeep));
+  }
+  EXPECT_EQ(Control("AddDevice", add(31)), "(true,)");
+  for (const int depth : {65, 20000}) {
+    EXPECT_THAT(ProblemOf("SetTracks", g_variant_new("(ss)", kPhone,
+                                                     (Repeated(depth, "[") + Repeated(depth, "]")).c_str())),
+                HasSubstr(std::string("InvalidArgs: tracks:") + kTooDeep));
+  }
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+}
+
+TEST_F(ControlTest, ContactsThatAreReplacedDoNotCount) {
+  const std::string device = DeviceWith(R"("phoneBook": {"generate": 99999})");
+  ASSERT_EQ(Control("AddDevice", g_variant_new("(s)", device.c_str())), "(true,)");
+  const std::string book = Repeated(100000, "BEGIN:VCARD\nN:A\nTEL:1\nEND:VCARD\n");
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(Control("SetContacts", g_variant_new("(ss)", kPhone, book.c_str())), "(true,)");
+  }
+  const auto second = [](int contacts) {
+    return g_variant_new("(s)",
+                         (R"({"address": "00:00:00:00:00:02", "name": "B", "phoneBook": {"generate": )" +
+                          std::to_string(contacts) + "}}")
+                             .c_str());
+  };
+  EXPECT_THAT(ProblemOf("AddDevice", second(2)),
+              HasSubstr("expected at most 200000 contacts in all phone books, got 200001"));
+  EXPECT_EQ(Control("AddDevice", second(1)), "(true,)");
 }
 
 TEST_F(ControlTest, PhoneBooksOfDevicesThatAppearAreCountedTogether) {
@@ -315,6 +381,34 @@ TEST(WorldOptionTest, TheSchemaIsShown) {
   bttest::ChildProcess process({kExecutable, "--world-schema"});
   EXPECT_EQ(process.Wait(), 0);
   EXPECT_THAT(process.Output(), HasSubstr("\"$schema\""));
+}
+
+TEST_F(ControlTest, FavouritesContactsAndCallLogsAreThoseOfTheWorldAgain) {
+  const auto favourites = [this] {
+    EXPECT_EQ(service.Ask("GetFavContactList"), "(true,)");
+    return bttest::ReadSegment(SH_FAV_CONTACT_LIST, 0, 1)[0];
+  };
+  const auto callLogs = [this] { return service.Ask("GetCallLogCount", g_variant_new("(y)", CALL_LOG_ALL)); };
+  const char* const entry =
+      R"({"type": "missed", "number": "+49170555", "date": "2026-05-29", "time": "18:05:10"})";
+  ASSERT_EQ(Control("AddCallLog", g_variant_new("(ss)", kPhone, entry)), "(true,)");
+  ASSERT_EQ(service.Ask("StartPhoneBookDownload", g_variant_new("(y)", BT_PBAP_ALL)), "(true,)");
+  ASSERT_TRUE(service.WaitFor(kDownloaded));
+  ASSERT_EQ(service.Ask("SetContactFavorite", g_variant_new("(ib)", 3, TRUE)), "(true,)");
+  ASSERT_EQ(service.Ask("DeleteContactById", g_variant_new("(i)", 1)), "(true,)");
+  ASSERT_TRUE(service.WaitFor("OnContactFavoriteChanged (3, true)"));
+  EXPECT_EQ(favourites(), 1);
+  EXPECT_EQ(service.Ask("GetContactCount"), "(5,)");
+  EXPECT_EQ(callLogs(), "(1,)");
+
+  service.Process().Signal(SIGTERM);
+  ASSERT_EQ(service.Process().Wait(), 0);
+  service.ForgetSignals();
+  service.Start();
+  ASSERT_TRUE(service.WaitFor(kDownloaded));
+  EXPECT_EQ(favourites(), 0);
+  EXPECT_EQ(service.Ask("GetContactCount"), "(6,)");
+  EXPECT_EQ(callLogs(), "(0,)");
 }
 
 TEST(StateOptionTest, PairedDevicesSurviveTheService) {

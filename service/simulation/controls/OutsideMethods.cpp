@@ -109,7 +109,8 @@ void BindOutsideMethods(OutsideBinder binder, Outside& outside) {
 
   binder.Bind(OUTSIDE_METHOD(set_contacts), [&outside](const gchar* address, const gchar* vcards) {
     std::vector<Contact> contacts = ContactsOf(vcards);
-    ExpectRoomFor(contacts.size(), outside.ContactCount() + contacts.size());
+    const std::size_t others = outside.ContactCount() - outside.ReplaceableContactCount(address);
+    ExpectRoomFor(contacts.size(), others + contacts.size());
     return outside.SetContacts(address, std::move(contacts));
   });
   binder.Bind(OUTSIDE_METHOD(add_call_log), [&outside](const gchar* address, const gchar* entry) {
