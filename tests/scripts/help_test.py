@@ -110,6 +110,20 @@ class TheHelp(unittest.TestCase):
         self.assertEqual(set(in_script) | {"all"}, set(groups), "each group is in the help")
         self.assertNotEqual(packages_of("no-such-group")[0], 0)
 
+    def test_Dependencies(self):
+        """README.md says what each package is for that script/bootstrap installs, and names no other."""
+        table = re.search(r"^\| What \| Why \| Debian package \|\n\|[-|]+\n((?:\|.*\n)+)",
+                          (TREE / "README.md").read_text(), re.MULTILINE)
+        self.assertIsNotNone(table)
+        named = []
+        for row in table[1].splitlines():
+            with self.subTest(row):
+                what, why, packages = [cell.strip() for cell in row.strip("|").split("|")]
+                self.assertTrue(what and why)
+                named += packages.split(", ") if packages else []
+        installed = packages_of("all")[1] + packages_of("armhf")[1]
+        self.assertEqual(sorted(named), sorted(set(installed)))
+
     def test_Sections(self):
         """script/bench names the sections that its program has."""
         source = (TREE / "bench/bt_bench.cpp").read_text()
