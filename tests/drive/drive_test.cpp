@@ -36,11 +36,11 @@ constexpr bool kMemoryCounts = false;
 #else
 constexpr bool kMemoryCounts = true;
 #endif
-/// What the allocator may take in an hour without anything being lost. A hundred bytes lost with each event
-/// would be a megabyte.
+/// How much more a client may have in use after an hour, and the service of the machine's memory, without
+/// anything being lost. A hundred bytes lost with each event would be a megabyte.
 #ifdef BTTEST_UNDER_EMULATOR
-// Nine tenths of the memory are the emulator's own there, and it takes more whenever it meets code for the
-// first time: single steps of 140 kB, in clients that grow by 45 kB in all where no emulator is.
+// Nine tenths of the service's memory are the emulator's own there, and it takes more whenever it meets code
+// for the first time.
 constexpr long kKilobytesOfSlack = 1024;
 #else
 constexpr long kKilobytesOfSlack = 256;

@@ -1,5 +1,5 @@
-# Rough handling of the service: files that are bent, and odd calls of its controls and of its own methods. A fixed seed and few cases here; by
-# hand, files_test.py and calls_test.py take --count and --seed for more.
+# Rough handling of the service: files that are bent, and odd calls of its controls and of its own methods. A fixed
+# seed and few cases here; by hand, files_test.py and calls_test.py take --count and --seed for more.
 if(BT_TEST_SERVICE AND BT_BUILD_SIMULATION)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
   set(rough ${CMAKE_SOURCE_DIR}/script/sandbox --service $<TARGET_FILE:btservice> dbus-run-session --

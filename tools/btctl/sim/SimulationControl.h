@@ -6,8 +6,8 @@
 
 #include "btctl/base/JsonFwd.h"
 
-// The controls of the simulated service: what a test or a developer does to it that no phone and no user
-// could. The service is asked which controls there are. All of it blocks.
+// The controls of the simulated service: what people, phones and the network do (Outside), and what only a
+// simulation can do (Faults). The service is asked which controls there are. All of it blocks.
 
 namespace btctl {
 
