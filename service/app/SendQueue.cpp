@@ -3,33 +3,34 @@
 namespace btservice {
 namespace {
 
-/// Signals are small: this is some hundred kilobytes.
+/// Signals and answers are small: this is some hundred kilobytes.
 constexpr guint32 kMostUnsent = 1000;
 
 }  // namespace
 
+bool SendQueue::Unsent::HasRoom() const {
+  // Serials are given out in the order in which messages are queued.
+  const guint32 lastQueued = g_dbus_connection_get_last_serial(m_connection);
+  const guint32 lastSent = m_lastSent;
+  return lastQueued <= lastSent || lastQueued - lastSent <= kMostUnsent;
+}
+
 SendQueue::SendQueue(GDBusConnection* connection)
     : m_connection(G_DBUS_CONNECTION(g_object_ref(connection))),
+      m_unsent(std::make_shared<Unsent>(connection)),
       m_filter(g_dbus_connection_add_filter(
-          connection, &SendQueue::OnMessage, new std::shared_ptr<Serial>(m_lastSent),
-          [](gpointer lastSent) { delete static_cast<std::shared_ptr<Serial>*>(lastSent); })) {}
+          connection, &SendQueue::OnMessage, new std::shared_ptr<Unsent>(m_unsent),
+          [](gpointer unsent) { delete static_cast<std::shared_ptr<Unsent>*>(unsent); })) {}
 
 SendQueue::~SendQueue() {
   g_dbus_connection_remove_filter(m_connection, m_filter);
   g_object_unref(m_connection);
 }
 
-bool SendQueue::HasRoom() const {
-  // Serials are given out in the order in which messages are queued.
-  const guint32 lastQueued = g_dbus_connection_get_last_serial(m_connection);
-  const guint32 lastSent = *m_lastSent;
-  return lastQueued <= lastSent || lastQueued - lastSent <= kMostUnsent;
-}
-
 GDBusMessage* SendQueue::OnMessage(GDBusConnection*, GDBusMessage* message, gboolean incoming,
-                                   gpointer lastSent) {
+                                   gpointer unsent) {
   if (incoming == FALSE) {
-    **static_cast<std::shared_ptr<Serial>*>(lastSent) = g_dbus_message_get_serial(message);
+    (*static_cast<std::shared_ptr<Unsent>*>(unsent))->OnSent(g_dbus_message_get_serial(message));
   }
   return message;
 }

@@ -9,25 +9,43 @@
 namespace btservice {
 
 /// Counts what the process has handed to the bus and the bus has not taken yet. GLib keeps such messages in
-/// memory without a limit: whoever sends by itself has to ask first.
+/// memory without a limit: whoever sends by itself has to ask first, and calls, which are answered, are taken
+/// in only while there is room (CallIntake).
 class SendQueue {
  public:
+  /// The count itself, which outlives the queue where another thread still uses it. Used on any thread.
+  class Unsent {
+   public:
+    explicit Unsent(GDBusConnection* connection)
+        : m_connection(G_DBUS_CONNECTION(g_object_ref(connection))) {}
+    ~Unsent() { g_object_unref(m_connection); }
+    Unsent(const Unsent&) = delete;
+    Unsent& operator=(const Unsent&) = delete;
+
+    bool HasRoom() const;
+    void OnSent(guint32 serial) { m_lastSent = serial; }
+
+   private:
+    GDBusConnection* m_connection;
+    std::atomic<guint32> m_lastSent{0};  ///< serial of the message that went out last
+  };
+
   explicit SendQueue(GDBusConnection* connection);
   ~SendQueue();
   SendQueue(const SendQueue&) = delete;
   SendQueue& operator=(const SendQueue&) = delete;
 
-  /// Whether there is room for more. To be asked on the thread that sends.
-  bool HasRoom() const;
+  /// Whether there is room for more.
+  bool HasRoom() const { return m_unsent->HasRoom(); }
+  std::shared_ptr<const Unsent> Count() const { return m_unsent; }
 
  private:
-  using Serial = std::atomic<guint32>;
   static GDBusMessage* OnMessage(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
-                                 gpointer lastSent);
+                                 gpointer unsent);
 
   GDBusConnection* m_connection;
-  /// Of the message that went out last. GLib's worker writes it, perhaps once more while this is destroyed.
-  std::shared_ptr<Serial> m_lastSent = std::make_shared<Serial>(0);
+  /// GLib's worker changes it, perhaps once more while this is destroyed.
+  std::shared_ptr<Unsent> m_unsent;
   guint m_filter;
 };
 

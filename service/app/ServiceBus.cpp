@@ -1,6 +1,10 @@
 #include "service/app/ServiceBus.h"
 
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
 #include <stdexcept>
+#include <thread>
 #include <utility>
 
 #define MWP_LOG_SOURCE "service/app/ServiceBus"
@@ -12,6 +16,8 @@
 
 namespace btservice {
 namespace {
+
+constexpr std::chrono::seconds kTimeToTakeTheLast{5};
 
 /// A connection of our own, since GLib's shared one stays closed once it was: null if there is no bus.
 GDBusConnection* OpenConnection(GError** error) {
@@ -35,14 +41,46 @@ bool HasOwner(GDBusConnection* connection, const char* name) {
   return has != FALSE;
 }
 
+void Cut(GDBusConnection* connection) {
+  GIOStream* const stream = g_dbus_connection_get_stream(connection);
+  if (G_IS_SOCKET_CONNECTION(stream)) {
+    g_socket_shutdown(g_socket_connection_get_socket(G_SOCKET_CONNECTION(stream)), TRUE, TRUE, nullptr);
+  }
+}
+
+/// Cuts a connection if this lives for too long: what waits for the bus then fails.
+class Deadline {
+ public:
+  Deadline(GDBusConnection* connection, std::chrono::milliseconds time)
+      : m_thread([this, connection, time] {
+          std::unique_lock<std::mutex> lock(m_mutex);
+          if (!m_changed.wait_for(lock, time, [this] { return m_isMet; })) {
+            Cut(connection);
+          }
+        }) {}
+  ~Deadline() {
+    {
+      const std::lock_guard<std::mutex> lock(m_mutex);
+      m_isMet = true;
+    }
+    m_changed.notify_all();
+    m_thread.join();
+  }
+  Deadline(const Deadline&) = delete;
+  Deadline& operator=(const Deadline&) = delete;
+
+ private:
+  std::mutex m_mutex;
+  std::condition_variable m_changed;
+  bool m_isMet = false;
+  std::thread m_thread;
+};
+
 /// Makes the bus notice the end of a closed connection, whose socket GLib leaves open, and waits until it
 /// has: until then, the names of the connection are taken.
 void Abandon(GDBusConnection* closed, GDBusConnection* other) {
   constexpr int kMostLooks = 1000;
-  GIOStream* const stream = g_dbus_connection_get_stream(closed);
-  if (G_IS_SOCKET_CONNECTION(stream)) {
-    g_socket_shutdown(g_socket_connection_get_socket(G_SOCKET_CONNECTION(stream)), TRUE, TRUE, nullptr);
-  }
+  Cut(closed);
   for (int looks = 0; looks < kMostLooks && HasOwner(other, g_dbus_connection_get_unique_name(closed));
        ++looks) {
     g_usleep(1000);
@@ -57,9 +95,11 @@ ServiceBus::~ServiceBus() {
   if (m_returnId != 0) {
     g_source_remove(m_returnId);
   }
-  GiveUpName();
   if (m_connection != nullptr) {
-    // What was sent last shall arrive.
+    // What was sent last shall arrive, unless the bus does not take it.
+    const Deadline deadline(m_connection, kTimeToTakeTheLast);
+    GiveUpName();
+    m_intake.reset();
     g_dbus_connection_flush_sync(m_connection, nullptr, nullptr);
   }
   Release();
@@ -81,9 +121,11 @@ void ServiceBus::Use(GDBusConnection* connection) {
   m_connection = connection;
   m_closedHandler = g_signal_connect(connection, "closed", G_CALLBACK(OnClosed), this);
   m_sendQueue.emplace(connection);
+  m_intake.emplace(connection, *m_sendQueue);
 }
 
 void ServiceBus::Release() {
+  m_intake.reset();
   m_sendQueue.reset();
   if (m_connection != nullptr) {
     g_signal_handler_disconnect(m_connection, m_closedHandler);
@@ -151,7 +193,9 @@ void ServiceBus::LeaveFor(unsigned milliseconds) {
 void ServiceBus::GiveUpName() {
   m_ownsName = false;
   if (m_nameId != 0) {
+    m_intake.reset();  // the bus's answer, which this waits for, comes behind the calls
     g_bus_unown_name(std::exchange(m_nameId, 0));
+    m_intake.emplace(m_connection, *m_sendQueue);
   }
 }
 
@@ -174,6 +218,7 @@ void ServiceBus::OnClosed(GDBusConnection*, gboolean, GError*, gpointer self) {
 
 void ServiceBus::ReturnOrEnd() {
   const bool hasLeft = m_returnId != 0;
+  m_intake.reset();
   if (m_nameId != 0) {
     g_bus_unown_name(std::exchange(m_nameId, 0));
   }

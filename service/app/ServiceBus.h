@@ -9,6 +9,7 @@
 
 #include <gio/gio.h>
 
+#include "service/app/CallIntake.h"
 #include "service/app/SendQueue.h"
 
 namespace btservice {
@@ -65,6 +66,7 @@ class ServiceBus {
   std::vector<std::pair<GDBusInterfaceSkeleton*, const char*>> m_exported;  ///< with their paths
   gulong m_closedHandler = 0;
   std::optional<SendQueue> m_sendQueue;
+  std::optional<CallIntake> m_intake;
   guint m_nameId = 0;
   guint m_returnId = 0;
   bool m_ownsName = false;

@@ -19,7 +19,9 @@ bttest::ConnectionPtr ConnectToBus() {
   return connection;
 }
 
-RunningService::RunningService(const std::vector<std::string>& options, Begin begin) {
+RunningService::RunningService(const std::vector<std::string>& options, Begin begin,
+                               long mostBytesOfAConnection)
+    : m_bus("", mostBytesOfAConnection) {
   m_command.insert(m_command.end(), options.begin(), options.end());
   m_connection = ConnectToBus();
   m_subscription =

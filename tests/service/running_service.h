@@ -22,7 +22,8 @@ class RunningService {
  public:
   enum class Begin { NOW, LATER };
 
-  explicit RunningService(const std::vector<std::string>& options = {}, Begin begin = Begin::NOW);
+  explicit RunningService(const std::vector<std::string>& options = {}, Begin begin = Begin::NOW,
+                          long mostBytesOfAConnection = bttest::BusDaemon::kMostBytesOfAConnection);
   ~RunningService();
 
   /// Starts it, later or once more after its end, with the options that it had.

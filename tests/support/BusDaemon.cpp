@@ -8,7 +8,8 @@ namespace bttest {
 
 namespace {
 
-void WriteConfiguration(const std::string& file, const std::string& address, const std::string& services) {
+void WriteConfiguration(const std::string& file, const std::string& address, const std::string& services,
+                        long mostBytes) {
   std::ofstream out(file);
   out << R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
@@ -25,8 +26,9 @@ void WriteConfiguration(const std::string& file, const std::string& address, con
     <allow eavesdrop="true"/>
     <allow own="*"/>
   </policy>
-  <limit name="max_incoming_bytes">1000000000</limit>
-  <limit name="max_outgoing_bytes">1000000000</limit>
+)"
+      << "  <limit name=\"max_incoming_bytes\">" << mostBytes << "</limit>\n"
+      << R"(  <limit name="max_outgoing_bytes">1000000000</limit>
   <limit name="max_message_size">1000000000</limit>
   <limit name="max_match_rules_per_connection">50000</limit>
   <limit name="max_replies_per_connection">50000</limit>
@@ -36,10 +38,10 @@ void WriteConfiguration(const std::string& file, const std::string& address, con
 
 }  // namespace
 
-BusDaemon::BusDaemon(const std::string& serviceDirectory)
+BusDaemon::BusDaemon(const std::string& serviceDirectory, long mostBytes)
     : m_configuration(m_directory.Path() / "bus.conf"),
       m_address("unix:path=" + (m_directory.Path() / "bus").string()) {
-  WriteConfiguration(m_configuration, m_address, serviceDirectory);
+  WriteConfiguration(m_configuration, m_address, serviceDirectory, mostBytes);
   setenv("DBUS_SESSION_BUS_ADDRESS", m_address.c_str(), 1);
   Start();
 }

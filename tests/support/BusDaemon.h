@@ -13,15 +13,20 @@ namespace bttest {
 /// bus is stopped. Construct it before other threads run, which might read the environment.
 class BusDaemon {
  public:
+  /// What a connection may have sent without somebody having taken it, as session buses have it.
+  static constexpr long kMostBytesOfAConnection = 1000000000;
+
   /// Starts the bus. It activates the services that the files in serviceDirectory describe, and none if
-  /// empty.
-  explicit BusDaemon(const std::string& serviceDirectory = "");
+  /// empty. It reads nothing more from a connection whose messages take more than so many bytes.
+  explicit BusDaemon(const std::string& serviceDirectory = "", long mostBytes = kMostBytesOfAConnection);
   ~BusDaemon();
 
   /// Ends the bus at once, as a crash would.
   void Stop();
   /// Starts it again at the same address.
   void Start();
+  /// Sends a signal to the daemon.
+  void Signal(int signal) { m_process->Signal(signal); }
 
   const std::string& Address() const { return m_address; }
 
