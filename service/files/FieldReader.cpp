@@ -14,7 +14,7 @@ namespace btservice {
 FieldReader::FieldReader(const JsonNode& node, const std::string& fileName, const std::string& place)
     : m_node(node), m_fileName(fileName), m_place(place) {
   if (node.kind != JsonNode::Kind::OBJECT) {
-    Fail(node, place.empty() ? "the file" : place, "an object");
+    Fail(node, place, "an object");
   }
 }
 
@@ -53,7 +53,8 @@ const JsonNode& FieldReader::Expect(const char* name) {
 }
 
 void FieldReader::Fail(const JsonNode& node, const std::string& place, const std::string& expected) const {
-  throw FileError(m_fileName, node.line, place + ": expected " + expected + ", got " + Describe(node));
+  const std::string where = place.empty() ? "" : place + ": ";
+  throw FileError(m_fileName, node.line, where + "expected " + expected + ", got " + Describe(node));
 }
 
 const std::string& FieldReader::TextOf(const JsonNode& node, const std::string& place,

@@ -122,7 +122,11 @@ TEST_F(ControlTest, ThePhoneHasOtherTracks) {
   EXPECT_THAT(ProblemOf("SetTracks", g_variant_new("(ss)", kPhone, "{}")),
               HasSubstr("InvalidArgs: tracks:1: expected a list of tracks"));
   EXPECT_THAT(ProblemOf("SetTracks", g_variant_new("(ss)", kPhone, "[{}]")),
-              HasSubstr("InvalidArgs: tracks:1: uid: is missing"));
+              HasSubstr("InvalidArgs: tracks:1: [0].uid: is missing"));
+  EXPECT_THAT(ProblemOf("SetTracks", g_variant_new("(ss)", kPhone, "[[]]")),
+              HasSubstr("InvalidArgs: tracks:1: [0]: expected an object, got a list"));
+  EXPECT_THAT(ProblemOf("AddDevice", g_variant_new("(s)", "[]")),
+              HasSubstr("InvalidArgs: device:1: expected an object, got a list"));
 }
 
 TEST_F(ControlTest, SomebodyCallsAndHangsUp) {

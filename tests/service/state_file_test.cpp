@@ -179,7 +179,7 @@ TEST_F(UnusableStateFileTest, AFileWithoutSenseIsLeftAsItIs) {
   const std::pair<std::string, std::string> cases[] = {
       {"nonsense", ":1: this is not JSON: 'no'"},
       {"{}", ":1: format: is missing"},
-      {"[1]", ":1: the file: expected an object, got a list"},
+      {"[1]", ":1: expected an object, got a list"},
       {R"({"format": 2, "attributes": {}, "paired": []})",
        ":1: format: expected a whole number from 1 to 1, got 2"},
       {R"({"format": 1, "attributes": {"name": 3}, "paired": []})",

@@ -116,7 +116,7 @@ TEST_F(WorldFileTest, WhatIsWrongIsReportedWithItsLineAndWhatWasExpected) {
   EXPECT_EQ(ProblemOf("{\n\"format\": 2\n}"),
             "world.json:2: format: expected a whole number from 1 to 1, got 2");
   EXPECT_EQ(ProblemOf("{}"), "world.json:1: format: is missing");
-  EXPECT_EQ(ProblemOf("[]"), "world.json:1: the file: expected an object, got a list");
+  EXPECT_EQ(ProblemOf("[]"), "world.json:1: expected an object, got a list");
   EXPECT_EQ(ProblemOf("{\"format\": 1,\n \"devices\": {}}"),
             "world.json:2: devices: expected a list, got an object");
   EXPECT_EQ(ProblemOf("{\"format\": 1,\n \"adapter\": {\"nmae\": \"x\"}}"),

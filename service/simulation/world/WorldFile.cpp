@@ -63,9 +63,9 @@ JsonNode ParseText(const std::string& json, const std::string& name) {
 }
 
 template <typename Source>
-Source ReadSource(const JsonNode& node, const std::string& fileName) {
+Source ReadSource(const JsonNode& node, const std::string& fileName, const std::string& place = "") {
   Source source;
-  FieldReader reader(node, fileName, "");
+  FieldReader reader(node, fileName, place);
   DescribeFields(reader, source);
   reader.RefuseOthers();
   return source;
@@ -182,7 +182,7 @@ std::vector<TrackData> ParseTracks(const std::string& json) {
   }
   std::vector<TrackData> tracks;
   for (const JsonNode& track : root.items) {
-    tracks.push_back(ReadSource<TrackData>(track, name));
+    tracks.push_back(ReadSource<TrackData>(track, name, "[" + std::to_string(tracks.size()) + "]"));
   }
   return tracks;
 }
