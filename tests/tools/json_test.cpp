@@ -116,6 +116,28 @@ TEST_F(JsonOutput, OfTheLogsIsOneObjectALine) {
   EXPECT_GT(logged, 1) << ran.errors;
 }
 
+TEST_F(JsonOutput, OfAWarningOfGLibIsAnObjectOnStandardError) {
+  ChildProcess wait(CommandLine({"wait", "OnPairStatusChanged", "--json"}));
+  ASSERT_TRUE(WaitUntil([&] { return wait.Errors().find("waiting") != std::string::npos; }));
+  service.EmitRaw("OnPairStatusChanged", g_variant_new("(s)", "not what is declared"));
+  service.Emit("OnPairStatusChanged", g_variant_new("(yys)", 3, 4, kPhone));
+  const Ran ran = Ended(wait);
+  EXPECT_EQ(ran.Object()["event"], "OnPairStatusChanged") << "and nothing else on standard output";
+  std::vector<Json> warnings;
+  std::istringstream lines(ran.errors);
+  for (std::string line; std::getline(lines, line);) {
+    const Json object = Json::parse(line);
+    if (object["kind"] == "log") {
+      warnings.push_back(object);
+    }
+  }
+  ASSERT_EQ(warnings.size(), 1U) << ran.errors;
+  EXPECT_THAT(Keys(warnings[0]), ElementsAre("kind", "from", "level", "message"));
+  EXPECT_EQ(warnings[0]["from"], "GLib-GIO");
+  EXPECT_EQ(warnings[0]["level"], "warning");
+  EXPECT_THAT(warnings[0]["message"].get<std::string>(), testing::HasSubstr("Dropping signal"));
+}
+
 TEST_F(JsonOutput, OfAClosedStandardOutputIsAnError) {
   ChildProcess process({"sh", "-c", "exec \"$0\" --json call redial >&-", BTCTL_EXECUTABLE});
   const Ran ran = Ended(process);
