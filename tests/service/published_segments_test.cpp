@@ -36,7 +36,9 @@ void PullAway(ShareMemID id) { bttest::RemoveSegment(id); }
 
 class PublishedSegmentsTest : public testing::Test {
  protected:
-  PublishedSegmentsTest() : service({"--speed", "50"}) {
+  // The built-in world, where a pairing is given up after 30 seconds: no faster, so that a slow machine has
+  // time.
+  PublishedSegmentsTest() : service({"--speed", "5"}) {
     EXPECT_TRUE(service.WaitFor("OnOpenBtStatusChanged (byte 0x01,)"));
   }
   void PairAndConnect() {

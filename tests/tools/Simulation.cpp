@@ -17,14 +17,25 @@ std::string WithSimulation::Output(const Words& words) {
   return ran.output;
 }
 
-void WithSimulation::StartWithPhone() {
+std::string WithSimulation::Quiet(const std::string& world) {
   const std::filesystem::path worlds = BT_WORLDS;
-  Json world = Json::parse(std::ifstream(worlds / "one-phone.json"));
-  world.erase("timeline");  // however slow the machine, no call comes of itself while a test makes its own
-  const std::filesystem::path quiet = folder.Path() / "one-quiet-phone.json";
-  std::ofstream(quiet) << world;
-  std::filesystem::copy(worlds / "one-phone.vcf", folder.Path());
-  Start(quiet);
+  Json quiet = Json::parse(std::ifstream(worlds / (world + ".json")));
+  quiet.erase("timeline");
+  for (const char* const delay : {"ringTimeoutMs", "pairAnswerMs", "scanLengthMs"}) {
+    quiet["delays"][delay] = 100000000;
+  }
+  for (const auto& file : std::filesystem::directory_iterator(worlds)) {
+    if (file.path().extension() == ".vcf") {
+      std::filesystem::copy(file, folder.Path());
+    }
+  }
+  std::string path = folder.Path() / ("quiet-" + world + ".json");
+  std::ofstream(path) << quiet;
+  return path;
+}
+
+void WithSimulation::StartWithPhone() {
+  Start(Quiet("one-phone"));
   Output({"capability", "set", "auto-download", "off", "--no-wait"});
   Output({"power", "on"});
   Output({"connect", kPhone});

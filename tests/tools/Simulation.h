@@ -14,7 +14,10 @@ struct WithSimulation : BtctlWithBus {
   void Start(const std::string& world, const std::string& speed = "20");
   /// Runs a command that must work, and answers what it prints.
   std::string Output(const Words& words);
-  /// The phone of the world one-phone, connected, its phone book downloaded. Nothing happens there by itself.
+  /// A copy of a shipped world in which, however slow the machine, nothing happens by itself and nobody loses
+  /// patience. Its file.
+  std::string Quiet(const std::string& world);
+  /// The phone of the world one-phone, connected, its phone book downloaded. It is quiet there.
   void StartWithPhone();
 
   TemporaryDirectory folder;

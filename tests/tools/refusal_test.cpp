@@ -18,7 +18,7 @@ constexpr char kNoDevice[] = "00:00:00:00:00:01";
 struct ARefusal : WithSimulation {
   /// In a world where nothing happens by itself, its adapter on.
   void StartOn(const std::string& world) {
-    Start(world, "1");
+    Start(Quiet(world), "1");
     Output({"capability", "set", "auto-connect", "off"});
     Output({"power", "off"});
     Output({"power", "on"});
@@ -37,7 +37,7 @@ struct ARefusal : WithSimulation {
 };
 
 TEST_F(ARefusal, SaysThatTheAdapterIsOff) {
-  Start("one-phone", "1");
+  Start(Quiet("one-phone"), "1");
   Output({"power", "off"});
   for (const Words& words :
        {Words{"scan"}, Words{"scan", "start"}, Words{"pair", kNoDevice}, Words{"connect", kPhone},
@@ -126,6 +126,7 @@ TEST_F(ARefusal, SaysWhichCallThereIsNot) {
   ExpectCause({"call", "hangup"}, "no-call", "there is no call");
   ExpectCause({"call", "action", "swap"}, "no-call", "there is no call");
   ExpectCause({"call", "accept"}, "no-call", "no call is incoming or waiting");
+  Output({"sim", "set-called-party", kPhone, "no-answer", "0"});
   Output({"call", "dial", "110"});
   ExpectCause({"call", "dtmf", "5"}, "no-call", "no call is active");
 }

@@ -87,7 +87,7 @@ TEST_F(WithSimulation, IsTakenByItsWordWhenItBreaks) {
 }
 
 TEST_F(WithSimulation, TheShellCompletesAContactThatCameWhileItWaitedForALine) {
-  Start("one-phone");
+  Start(Quiet("one-phone"));
   Output({"power", "off"});
   Terminal terminal(CommandLine({}));
   ASSERT_TRUE(terminal.WaitFor("btctl> "));

@@ -73,7 +73,14 @@ TEST_P(InEveryWorld, EachDeviceIsConnectedOrTheReasonIsReportedInTime) {
     } else if (!IsBad()) {
       EXPECT_EQ(connect.code, 0) << connect.errors;
       EXPECT_EQ(connect.Object()["outcome"]["values"]["status"], "connected");
-      EXPECT_EQ(Run({"call", "dial", "110"}).code, 0);
+      // On a slow machine, the world's own call may have come first.
+      EXPECT_TRUE(WaitUntil([&] {
+        const bool isAccepted = Run({"call", "dial", "110"}).code == 0;
+        if (!isAccepted) {
+          Run({"call", "hangup"});
+        }
+        return isAccepted;
+      }));
       EXPECT_EQ(Run({"call", "hangup"}).code, 0);
       EXPECT_EQ(Run({"disconnect", device["address"], "--profile", "hfp"}).code, 0);
     }
