@@ -18,6 +18,11 @@ target_include_directories(bt_test_async PRIVATE ${CMAKE_BINARY_DIR}/tests/async
 target_link_libraries(bt_test_async PUBLIC btasync bt_test_contract PRIVATE bt_warnings GTest::gtest)
 target_precompile_headers(bt_test_async REUSE_FROM bt_test_headers)
 bt_add_test(NAME async_contract SOURCES events_test.cpp requests_test.cpp LIBS bt_test_async LABELS async)
+bt_add_test(NAME async_parity SOURCES parity_test.cpp LIBS bt_test_async LABELS async)
+if(BT_BUILD_SIMULATION)
+  target_compile_definitions(async_parity PRIVATE BTTEST_PARITY_WORLD="${CMAKE_CURRENT_LIST_DIR}/parity_world.json")
+  add_dependencies(async_parity btservice)
+endif()
 
 add_test(NAME async_coverage/EachMethodAndEachSignalIsUsedOnce
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/coverage_test.py ${CMAKE_SOURCE_DIR})
