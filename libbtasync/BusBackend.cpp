@@ -31,6 +31,11 @@ std::string SessionBusAddress() {
   return "";
 }
 
+/// Takes arguments over if they are floating, and a reference else.
+OwnedVariant Keep(GVariant* arguments) {
+  return OwnedVariant(arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr);
+}
+
 struct GlibTimer {
   GSource* source;
   Backend::Wake wake;
@@ -70,7 +75,7 @@ struct BusBackend::SignalData {
 struct BusBackend::Waiting {
   Waiting(Backend& backend, const char* method, GVariant* arguments, std::int64_t deadlineMs,
           PendingCall& call)
-      : method(method), arguments(arguments), deadlineMs(deadlineMs), call(call), timer(backend) {}
+      : method(method), arguments(Keep(arguments)), deadlineMs(deadlineMs), call(call), timer(backend) {}
   ~Waiting() { call.Unref(); }
 
   const char* method;
@@ -234,7 +239,7 @@ void BusBackend::SendCall(const char* method, GVariant* arguments, int timeoutMs
     return;
   }
   if (m_link == nullptr) {
-    OwnedVariant unused(arguments);
+    const OwnedVariant unused = Keep(arguments);
     FailLater(call, Failure{Reason::NoBus, "there is no connection to a session bus"});
     call.Unref();
     return;

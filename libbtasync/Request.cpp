@@ -51,8 +51,10 @@ void PendingCall::Cancel() {
 
 void PendingCall::Drop() {
   if (!m_hasEnded) {
+    Ref();  // what works for it may have the last one
     End();
     Forget();
+    Unref();
   }
 }
 

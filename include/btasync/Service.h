@@ -181,8 +181,10 @@ class BTASYNC_API Service {
 
   // ----- Paired devices and connections
 
-  /// The paired devices with the state of their connections, in their order. Read from shared memory; no
-  /// call.
+  /// The paired devices with the state of their connections, in their order. Read from shared memory, without
+  /// a service call: it is answered by the loop some turns later. NoService or NoBus while Now() says so,
+  /// even if there is still a list that a service has left behind. Malformed if the service is there and has
+  /// no list, or one whose addresses are none.
   Request<std::vector<MWPTypeDevice>> PairedDevices();
   /// A paired device (GetPairDeviceInfoByAddress); refused if there is none with this address.
   Request<MWPTypeDevice> GetPairedDevice(const Address& address);
@@ -237,7 +239,7 @@ class BTASYNC_API Service {
   Request<CallStatus> GetCallStatus(int callId);
   /// The number of calls (GetCurCallCount).
   Request<unsigned> GetCallCount();
-  /// The current calls. Read from shared memory; no call.
+  /// The current calls. Read from shared memory, without a service call, as PairedDevices is.
   Request<MWPTypeCallInfo> CurrentCalls();
   /// Sends one tone: a character of 0-9, *, #, A-D.
   Request<> SendDTMF(char tone);
@@ -322,9 +324,18 @@ class BTASYNC_API Service {
 
   // ----- Phone book and call logs
   //
-  // A list is published in shared memory, in one place for all applications: the library asks for it, reads
-  // it, and asks again if another one lies there by then. Its own requests for a place go one after the
-  // other.
+  // The service publishes each list that it is asked for in shared memory, in one place for all applications,
+  // and nothing is locked there. The library asks for a list, reads it, asks how many records the service
+  // has, and reads it again. If the two differ, if the number is not right, or if a log has entries of
+  // another type, it asks for the list again, three times at most; then the answer is Malformed, never a part
+  // of a list. The deadline is that of all this together. The requests of a process for one place go one
+  // after the other. 5,000 contacts do not hold up the loop: GLib's threads read and decode them.
+  //
+  // Some things cannot be found out. If another application asks at the same moment for another single
+  // contact, that one may be answered, since a contact does not say at which index it is. The same is true of
+  // two call logs with equally many entries, unless nValue2 means what btservice means by it. Of the
+  // favourites the service does not say how many there are. And a list that does not fit into its place is
+  // cut by the service: it is answered as it is; compare its size with GetContactCount or GetCallLogCount.
 
   /// Begins a download. Then DownloadChanged and DownloadProgress.
   Request<> StartPhoneBookDownload(PbapType type = BT_PBAP_ALL);
@@ -346,7 +357,7 @@ class BTASYNC_API Service {
   Request<> SetContactFavorite(int contactId, bool favorite);
   /// A call log (GetCallLogList).
   Request<std::vector<MWPTypeCallLog>> CallLogs(CallLogType type);
-  /// One entry (GetCallLogById); refused if there is none.
+  /// One entry (GetCallLogById), by its nLogId; refused if there is none.
   Request<MWPTypeCallLog> GetCallLog(int logId);
   /// The number of entries in a call log.
   Request<int> GetCallLogCount(CallLogType type);

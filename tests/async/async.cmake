@@ -3,7 +3,9 @@ bt_add_test(NAME async_test
   SOURCES
     basics_test.cpp
     fake_test.cpp
+    lists_lives_test.cpp
     lists_test.cpp
+    lists_wrong_test.cpp
     mirror_test.cpp
   LIBS btasync_testing btasync
   LABELS async)
