@@ -182,7 +182,7 @@ constexpr const char* kIntrospectable = "org.freedesktop.DBus.Introspectable";
 /// The bus, which has to keep the answers, soon reads nothing more from the service; but it goes on bringing
 /// calls. An answer is 60 KB here.
 TEST(OverloadTest, AClientThatReadsNoAnswerTakesNoMemory) {
-  RunningService service({"--no-state", "--world", "empty"}, RunningService::Begin::NOW, 1000000);
+  RunningService service({"--no-state", "--world", "empty"}, RunningService::Begin::NOW, 200000);
   const long before = ProcessUsage(service.Process().Pid()).kilobytes;
   {
     DeafClient client(service.Bus().Address());
