@@ -84,6 +84,10 @@ void Backend::Send(Outgoing& outgoing, PendingCall& call) {
     return;
   }
   const int timeoutMs = outgoing.m_timeoutMs >= 0 ? outgoing.m_timeoutMs : m_deadlineMs;
+  if (outgoing.m_composition != nullptr) {
+    outgoing.m_composition.release()->Start(*this, timeoutMs, call);
+    return;
+  }
   _GVariant* const arguments = std::exchange(outgoing.m_arguments, nullptr);
   if (outgoing.m_plan != nullptr) {
     SendPlan(*outgoing.m_plan, arguments, timeoutMs, call);

@@ -10,6 +10,21 @@
 namespace btasync {
 inline namespace v0 {
 namespace detail {
+namespace {
+
+/// Keeps a call that ends until it has ended: what works for it may own the last reference.
+class Kept {
+ public:
+  explicit Kept(PendingCall& call) : m_call(call) { call.Ref(); }
+  Kept(const Kept&) = delete;
+  Kept& operator=(const Kept&) = delete;
+  ~Kept() { m_call.Unref(); }
+
+ private:
+  PendingCall& m_call;
+};
+
+}  // namespace
 
 void PendingCall::Unref() {
   if (--m_references == 0) {
@@ -34,6 +49,7 @@ void PendingCall::Complete(Reply& reply) {
     return;
   }
   const BackendRef alive(*m_backend);
+  const Kept kept(*this);
   const bool mayRun = MayRun();
   End();
   if (mayRun) {
@@ -51,10 +67,9 @@ void PendingCall::Cancel() {
 
 void PendingCall::Drop() {
   if (!m_hasEnded) {
-    Ref();  // what works for it may have the last one
+    const Kept kept(*this);
     End();
     Forget();
-    Unref();
   }
 }
 
@@ -68,13 +83,21 @@ Outgoing::Outgoing(Backend& backend, const Plan& plan, _GVariant* arguments, con
   m_plan = &plan;
 }
 
+Composition::~Composition() = default;
+
+Outgoing::Outgoing(Backend& backend, const char* name, std::unique_ptr<Composition> composition)
+    : Outgoing(backend, name, static_cast<_GVariant*>(nullptr)) {
+  m_composition = std::move(composition);
+}
+
 Outgoing::Outgoing(Outgoing&& other) noexcept
     : m_backend(std::exchange(other.m_backend, nullptr)),
       m_method(other.m_method),
       m_plan(other.m_plan),
       m_arguments(std::exchange(other.m_arguments, nullptr)),
       m_invalid(other.m_invalid),
-      m_timeoutMs(other.m_timeoutMs) {}
+      m_timeoutMs(other.m_timeoutMs),
+      m_composition(std::move(other.m_composition)) {}
 
 Outgoing::~Outgoing() {
   if (m_arguments != nullptr) {

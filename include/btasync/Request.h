@@ -2,6 +2,7 @@
 #define BTASYNC_REQUEST_H
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -63,6 +64,15 @@ class BTASYNC_API PendingCall : public Held {
   Held* m_work = nullptr;
 };
 
+/// A request that is made of another one and more, such as an Outcome.
+class BTASYNC_API Composition : public Held {
+ public:
+  ~Composition() override;
+  /// Begins it. It belongs to the call from now on, and is dropped with it. The call is completed once, by
+  /// the loop, never before this returns. Takes a reference of the call over.
+  virtual void Start(Backend& backend, int timeoutMs, PendingCall& call) = 0;
+};
+
 /// A request as it will be sent.
 class BTASYNC_API Outgoing {
  public:
@@ -71,6 +81,8 @@ class BTASYNC_API Outgoing {
   Outgoing(Backend& backend, const char* method, _GVariant* arguments, const char* invalid = nullptr);
   /// One that is more than a call, such as reading a list.
   Outgoing(Backend& backend, const Plan& plan, _GVariant* arguments, const char* invalid = nullptr);
+  /// One that is made of others. The name has to live as long as this.
+  Outgoing(Backend& backend, const char* name, std::unique_ptr<Composition> composition);
   Outgoing(Outgoing&& other) noexcept;
   Outgoing& operator=(Outgoing&&) = delete;
   ~Outgoing();
@@ -97,6 +109,7 @@ class BTASYNC_API Outgoing {
   _GVariant* m_arguments;
   const char* m_invalid;
   int m_timeoutMs = -1;  ///< -1: the service's default
+  std::unique_ptr<Composition> m_composition;
 };
 
 /// Reads the values of a reply.
@@ -202,6 +215,7 @@ class [[nodiscard]] Request {
 
   /// For the library: the parts, for other ways to wait.
   detail::Outgoing& Parts() { return m_outgoing; }
+  const detail::Outgoing& Parts() const { return m_outgoing; }
   detail::Decode<T> Decoder() const { return m_decode; }
 
  private:

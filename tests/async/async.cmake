@@ -7,6 +7,8 @@ bt_add_test(NAME async_test
     lists_test.cpp
     lists_wrong_test.cpp
     mirror_test.cpp
+    outcome_table_test.cpp
+    outcome_test.cpp
   LIBS btasync_testing btasync
   LABELS async)
 include(${CMAKE_CURRENT_LIST_DIR}/contract.cmake)

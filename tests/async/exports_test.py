@@ -50,7 +50,7 @@ def expected(source_dir):
                 if "BTASYNC_API" in declaration or is_marked and not is_friend:
                     names.add(function if is_friend else f"{name}::{function}")
             outside = outside.replace(body, "")
-        names |= set(re.findall(r"^BTASYNC_API [\w:*& ]+?\b(\w+)\(", outside, re.M)) - {"KindOf"}
+        names |= set(re.findall(r"^BTASYNC_API [\w:*&<> ]+?\b(\w+)\(", outside, re.M)) - {"KindOf"}
     return names
 
 
