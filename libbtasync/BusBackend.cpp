@@ -213,6 +213,7 @@ void BusBackend::OnConnectionClosed(GDBusConnection*, gboolean, GError*, gpointe
 void BusBackend::OnNameAppeared(GDBusConnection*, const gchar*, const gchar*, gpointer data) {
   if (BusBackend* const self = static_cast<Link*>(data)->backend) {
     const BackendRef alive(*self);
+    self->m_hasAnswered = false;
     self->SetAvailability(Availability::Present);
   }
 }
@@ -271,11 +272,13 @@ void BusBackend::OnReply(GObject* connection, GAsyncResult* result, gpointer dat
   const OwnedVariant values(
       g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, error.Out()));
   if (!call.HasEnded()) {
+    auto& self = static_cast<BusBackend&>(OwnerOf(call));
     Reply reply;
     reply.values = values.get();
-    if (values == nullptr) {
+    if (values != nullptr) {
+      self.m_hasAnswered = true;
+    } else {
       reply.failure = ToFailure(*error.get());
-      auto& self = static_cast<BusBackend&>(OwnerOf(call));
       if (reply.failure.reason == Reason::NoBus && G_OBJECT(self.m_connection.get()) == connection) {
         const BackendRef alive(self);
         self.LoseConnection();  // before the calls that fail by it

@@ -24,6 +24,8 @@ class BusBackend final : public Backend {
 
   /// What the service's loop runs.
   GMainContext* Context() const { return m_context.get(); }
+  /// Whether the service that is there now has answered anything yet.
+  bool HasAnswered() const { return m_hasAnswered; }
 
   std::int64_t TimeMs() const override;
   void* StartTimer(int milliseconds, Wake wake, void* data) override;
@@ -69,6 +71,7 @@ class BusBackend final : public Backend {
   Link* m_link = nullptr;
   OwnedObject<GCancellable> m_attempt;
   guint m_nameWatch = 0;
+  bool m_hasAnswered = false;
   std::map<const EventKind*, guint> m_signals;
   std::list<Waiting> m_waiting;
   /// Of an attempt, or until the next one. Gone once the service is.

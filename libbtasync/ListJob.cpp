@@ -27,19 +27,6 @@ int ArgumentOf(GVariant* arguments) {
 
 }  // namespace
 
-/// A service call of a job.
-class ListJob::Step final : public PendingCall {
- public:
-  Step(ListJob& job, OnReply onReply) : m_job(job), m_onReply(onReply) {}
-
- private:
-  void Deliver(Reply& reply) override { (m_job.*m_onReply)(reply); }
-  void Forget() override {}
-
-  ListJob& m_job;
-  const OnReply m_onReply;
-};
-
 void ListPlan::Start(BusBackend& backend, GVariant* arguments, int timeoutMs, PendingCall& call) const {
   call.SetWork(new ListJob(backend, *this, arguments, timeoutMs, call));
 }
@@ -63,26 +50,11 @@ ListJob::ListJob(BusBackend& backend, const ListPlan& plan, GVariant* arguments,
   });
 }
 
-ListJob::~ListJob() {
-  if (m_step != nullptr) {
-    m_step->Drop();
-    m_step->Unref();
-  }
-  m_call.Unref();
-}
+ListJob::~ListJob() { m_call.Unref(); }
 
-int ListJob::MillisecondsLeft() const {
-  return ToTimeout(std::chrono::milliseconds(m_deadlineMs - m_backend.TimeMs()));
-}
-
-void ListJob::Ask(Outgoing outgoing, OnReply onReply) {
-  if (m_step != nullptr) {
-    m_step->Unref();
-  }
-  m_step = new Step(*this, onReply);
-  m_step->Ref();
-  outgoing.SetDeadline(std::chrono::milliseconds(MillisecondsLeft()));
-  outgoing.Send(*m_step);
+void ListJob::Ask(Outgoing outgoing, void (ListJob::*onReply)(Reply& reply)) {
+  const std::chrono::milliseconds left(m_deadlineMs - m_backend.TimeMs());
+  m_step.Ask(std::move(outgoing), left, [this, onReply](Reply& reply) { (this->*onReply)(reply); });
 }
 
 void ListJob::Look(std::function<void(ListLooks& looks)> look, void (ListJob::*onLooked)()) {

@@ -1,6 +1,7 @@
 #ifndef LIBBTASYNC_LISTJOB_H
 #define LIBBTASYNC_LISTJOB_H
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -9,6 +10,7 @@
 #include "libbtasync/Errand.h"
 #include "libbtasync/ListPlan.h"
 #include "libbtasync/SegmentTurn.h"
+#include "libbtasync/Step.h"
 
 namespace btasync {
 inline namespace v0 {
@@ -23,8 +25,6 @@ class ListJob final : public Held {
   void Drop() override { delete this; }
 
  private:
-  class Step;
-  using OnReply = void (ListJob::*)(Reply& reply);
   ~ListJob() override;
 
   void Publish();
@@ -34,13 +34,12 @@ class ListJob final : public Held {
   void OnLookedAgain();
 
   /// Makes a service call; onReply gets its reply.
-  void Ask(Outgoing outgoing, OnReply onReply);
+  void Ask(Outgoing outgoing, void (ListJob::*onReply)(Reply& reply));
   /// Does something with the segment, off the loop's thread if that may take long.
   void Look(std::function<void(ListLooks& looks)> look, void (ListJob::*onLooked)());
   /// Ends the request, and this.
   void Finish(Reply& reply);
   void Fail(Failure failure);
-  int MillisecondsLeft() const;
 
   const BackendRef m_alive;
   BusBackend& m_backend;
@@ -51,7 +50,7 @@ class ListJob final : public Held {
   Timer m_deadline;
   std::shared_ptr<ListLooks> m_looks;
   ListQuestion m_question;
-  Step* m_step = nullptr;
+  Step m_step;
   Errand m_errand;
   int m_attempts = 0;
   SegmentTurn m_turn;

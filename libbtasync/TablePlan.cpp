@@ -1,9 +1,12 @@
 #include "libbtasync/TablePlan.h"
 
+#include <cstdint>
 #include <string>
 #include <utility>
 
 #include "libbtasync/BusBackend.h"
+#include "libbtasync/Step.h"
+#include "libbtasync/Wire.h"
 
 namespace btasync {
 inline namespace v0 {
@@ -24,6 +27,7 @@ class TableJob final : public Held {
         m_name(plan.Name()),
         m_call(call),
         m_looks(plan.NewLooks()),
+        m_deadlineMs(backend.TimeMs() + timeoutMs),
         m_deadline(backend),
         m_next(backend) {
     m_deadline.Start(std::chrono::milliseconds(timeoutMs),
@@ -48,9 +52,26 @@ class TableJob final : public Held {
         Fail(Reason::NoService, "nobody on the bus is the Bluetooth service");
         break;
       case Availability::Present:
-        LookFirst(kNextTurn);
+        BeginWithService();
         break;
     }
+  }
+
+  /// A service takes its name before it puts right what one before it has left in memory. It answers after
+  /// that.
+  void BeginWithService() {
+    if (m_backend.HasAnswered()) {
+      LookFirst(kNextTurn);
+      return;
+    }
+    const std::chrono::milliseconds left(m_deadlineMs - m_backend.TimeMs());
+    m_step.Ask(wire::Prepare<wire::GetPowerStatus>(m_backend), left, [this](Reply& reply) {
+      if (reply.values != nullptr) {
+        LookFirst(kNextTurn);
+      } else {
+        Finish(reply);
+      }
+    });
   }
 
   void AwaitAvailability() {
@@ -107,6 +128,8 @@ class TableJob final : public Held {
   PendingCall& m_call;
   std::unique_ptr<ListLooks> m_looks;
   int m_count = 0;
+  const std::int64_t m_deadlineMs;
+  Step m_step;
   Timer m_deadline;
   Timer m_next;
   Scope m_awaited;

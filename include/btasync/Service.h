@@ -181,10 +181,11 @@ class BTASYNC_API Service {
 
   // ----- Paired devices and connections
 
-  /// The paired devices with the state of their connections, in their order. Read from shared memory, without
-  /// a service call: it is answered by the loop some turns later. NoService or NoBus while Now() says so,
-  /// even if there is still a list that a service has left behind. Malformed if the service is there and has
-  /// no list, or one whose addresses are none.
+  /// The paired devices with the state of their connections, in their order. Read from shared memory, and
+  /// answered by the loop some turns later. No service call, but GetPowerStatus once after the service has
+  /// come: a service puts right what another has left behind before it answers. NoService or NoBus while
+  /// Now() says so, even if there is a list from before. Malformed if the service is there and has no list,
+  /// or one whose addresses are none.
   Request<std::vector<MWPTypeDevice>> PairedDevices();
   /// A paired device (GetPairDeviceInfoByAddress); refused if there is none with this address.
   Request<MWPTypeDevice> GetPairedDevice(const Address& address);
@@ -239,7 +240,7 @@ class BTASYNC_API Service {
   Request<CallStatus> GetCallStatus(int callId);
   /// The number of calls (GetCurCallCount).
   Request<unsigned> GetCallCount();
-  /// The current calls. Read from shared memory, without a service call, as PairedDevices is.
+  /// The current calls, read as PairedDevices is.
   Request<MWPTypeCallInfo> CurrentCalls();
   /// Sends one tone: a character of 0-9, *, #, A-D.
   Request<> SendDTMF(char tone);

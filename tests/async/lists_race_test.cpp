@@ -96,7 +96,7 @@ TEST_F(RacingWriters, AndLoopsInTwoThreadsMayReadTheSameLists) {
             ++wanted;
           });
           for (int turns = 0; turns < round % 10; ++turns) {
-            g_main_context_iteration(context, TRUE);
+            g_main_context_iteration(context, FALSE);
           }
         }
         own.Contacts().Then(given, [&](const auto& answer) {

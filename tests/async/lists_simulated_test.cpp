@@ -34,7 +34,6 @@ class SimulatedLists : public testing::Test {
         std::vector<std::string>{"/app/bin/btservice", "--world", world, "--no-state", "--speed", "100"});
     address = Address(phone);
     ASSERT_TRUE(WaitFor(service, Availability::Present)) << process->Errors();
-    ASSERT_TRUE(Wait(service.SetPower(true)));
     ASSERT_TRUE(RunUntil([&] { return *Wait(service.GetPowerStatus()) == BT_POWER_ON; }));
     ASSERT_TRUE(Wait(service.Connect(address, BT_PROFILE_HFP)));
     ASSERT_TRUE(RunUntil([&] { return Wait(service.GetContactCount()).ValueOr(0) == contacts; }));

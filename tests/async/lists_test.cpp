@@ -13,6 +13,7 @@ using bttest::ContactItems;
 using bttest::DeviceItems;
 using bttest::SegmentItems;
 using bttest::Wait;
+using bttest::WaitFor;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -76,6 +77,8 @@ TEST_F(ListsTest, OneEntryOfALogIsTheOneWithItsId) {
 }
 
 TEST_F(ListsTest, PairedDevicesNeedNoCall) {
+  ASSERT_TRUE(Wait(service.GetPowerStatus()));
+  EXPECT_THAT(recorder.TakeCallTexts(), ElementsAre("GetPowerStatus()"));
   DeviceItems({"00:1A:7D:DA:71:13", "00:1a:7d:da:71:14"}).Publish(SH_PAIRED_LIST);
   const auto devices = Wait(service.PairedDevices());
   ASSERT_TRUE(devices) << devices.Why().detail;
@@ -90,6 +93,8 @@ TEST_F(ListsTest, PairedDevicesNeedNoCall) {
 }
 
 TEST_F(ListsTest, CurrentCallsNeedNoCall) {
+  ASSERT_TRUE(Wait(service.GetPowerStatus()));
+  EXPECT_THAT(recorder.TakeCallTexts(), ElementsAre("GetPowerStatus()"));
   CallItems(65).Publish(SH_CALL_INFO_LIST);
   const auto calls = Wait(service.CurrentCalls());
   ASSERT_TRUE(calls) << calls.Why().detail;
@@ -97,6 +102,21 @@ TEST_F(ListsTest, CurrentCallsNeedNoCall) {
   EXPECT_EQ(calls->callSlot1.nValue5, 65);
   EXPECT_EQ(calls->callSlot1.strText2, "Ada");
   EXPECT_THAT(recorder.TakeCallTexts(), IsEmpty());
+}
+
+TEST_F(ListsTest, TablesAreReadOnceTheServiceHasAnswered) {
+  DeviceItems({"00:1A:7D:DA:71:13"}).Publish(SH_PAIRED_LIST);
+  for (const int times : {1, 2}) {
+    EXPECT_TRUE(Wait(service.PairedDevices()));
+    EXPECT_TRUE(Wait(service.PairedDevices()));
+    EXPECT_THAT(recorder.TakeCallTexts(), ElementsAre("GetPowerStatus()")) << times;
+    recorder.ReleaseName();
+    ASSERT_TRUE(WaitFor(service, Availability::Absent));
+    recorder.OwnName();
+    ASSERT_TRUE(WaitFor(service, Availability::Present));
+  }
+  recorder.FailNext("GetPowerStatus", 1, "org.example.Tired", "not today");
+  EXPECT_EQ(Wait(service.PairedDevices()).Why().reason, Reason::ServiceError);
 }
 
 }  // namespace
