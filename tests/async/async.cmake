@@ -9,6 +9,7 @@ bt_add_test(NAME async_test
     mirror_test.cpp
     outcome_table_test.cpp
     outcome_test.cpp
+    pairing_screen_test.cpp
   LIBS btasync_testing btasync
   LABELS async)
 # The lists that a thread of GLib's decodes. It is run under ThreadSanitizer too.

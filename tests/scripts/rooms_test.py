@@ -36,7 +36,7 @@ ROOMS = {
                                    "service/time",
     "service/simulation": "protocol platform service/app service/phonebook service/reports service/stack service/time",
     "tools/btctl": "include/bluetooth protocol",
-    "examples": "include/bluetooth",
+    "examples": "include/bluetooth include/btasync",
     "examples/power_only_service": "include/bluetooth service/app",  # no application, but a stack
     "bench": "include/bluetooth protocol ipc service/frontend/segments service/phonebook",
 }
