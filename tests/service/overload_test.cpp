@@ -209,7 +209,7 @@ TEST(OverloadTest, CallsThatComeTooFastTakeNoMemory) {
   };
   flood(R"({"address": "00:00:00:00:00:01", "name": "A", "phoneBook": {"generate": 99999}})", 40);
   constexpr int kCalls = 40;
-  constexpr long kKilobytesOfACall = 8 * 1024;
+  constexpr long kKilobytesOfACall = 8L * 1024;
   flood(std::string(kKilobytesOfACall * 1024, 'x'), kCalls);
   EXPECT_LT(most, before + kMostUnsentKilobytes + kCalls / 4 * kKilobytesOfACall);
 }
