@@ -76,6 +76,10 @@ using OwnedObject = Owned<Object, g_object_unref>;
 /// Memory that is given back with g_free().
 template <typename T>
 using OwnedMemory = Owned<T, g_free>;
+/// The class of a type: GObjectClass, or that of a subtype.
+template <typename Class>
+using OwnedTypeClass = Owned<Class, g_type_class_unref>;
+using OwnedClosure = Owned<GClosure, g_closure_unref>;
 using OwnedText = OwnedMemory<char>;
 using OwnedTexts = Owned<char*, g_strfreev>;
 using OwnedError = Owned<GError, g_error_free>;
@@ -87,9 +91,15 @@ using OwnedBytes = Owned<GBytes, g_bytes_unref>;
 
 using OwnedMainContext = Owned<GMainContext, g_main_context_unref>;
 using OwnedMainLoop = Owned<GMainLoop, g_main_loop_unref>;
+/// Of a source that is attached to a context the context keeps a reference of its own, until it is destroyed.
+using OwnedSource = Owned<GSource, g_source_unref>;
+
+using OwnedIoChannel = Owned<GIOChannel, g_io_channel_unref>;
 
 using OwnedDateTime = Owned<GDateTime, g_date_time_unref>;
 using OwnedKeyFile = Owned<GKeyFile, g_key_file_unref>;
+/// Of characters, from g_iconv_open().
+using OwnedConverter = Owned<std::remove_pointer_t<GIConv>, g_iconv_close>;
 using OwnedOptionContext = Owned<GOptionContext, g_option_context_free>;
 
 /// A further reference to an object that somebody else owns.

@@ -30,15 +30,9 @@ class CallIntake::Gate : public std::enable_shared_from_this<Gate> {
       : m_unsent(std::move(unsent)), m_cancellable(g_cancellable_new()) {
     GIOStream* const stream = g_dbus_connection_get_stream(connection);
     if (G_IS_SOCKET_CONNECTION(stream)) {
-      m_socket = G_SOCKET(g_object_ref(g_socket_connection_get_socket(G_SOCKET_CONNECTION(stream))));
+      m_socket = NewRef(g_socket_connection_get_socket(G_SOCKET_CONNECTION(stream)));
     }
   }
-  ~Gate() {
-    g_clear_object(&m_socket);
-    g_object_unref(m_cancellable);
-  }
-  Gate(const Gate&) = delete;
-  Gate& operator=(const Gate&) = delete;
 
   /// Returns when the call may be taken. On GLib's worker.
   void Pass(GDBusMessage* call) {
@@ -52,7 +46,7 @@ class CallIntake::Gate : public std::enable_shared_from_this<Gate> {
   }
 
   void Open() {
-    g_cancellable_cancel(m_cancellable);
+    g_cancellable_cancel(m_cancellable.get());
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_isOpen = true;
     m_changed.notify_all();
@@ -62,7 +56,7 @@ class CallIntake::Gate : public std::enable_shared_from_this<Gate> {
   /// Waits until the bus takes something, if too much is unsent. Ends as well if the connection is closed.
   void WaitForTheBus() {
     if (m_socket != nullptr && !m_unsent->HasRoom()) {
-      g_socket_condition_wait(m_socket, G_IO_OUT, m_cancellable, nullptr);
+      g_socket_condition_wait(m_socket.get(), G_IO_OUT, m_cancellable.get(), nullptr);
     }
   }
 
@@ -94,8 +88,8 @@ class CallIntake::Gate : public std::enable_shared_from_this<Gate> {
   }
 
   std::shared_ptr<const SendQueue::Unsent> m_unsent;
-  GSocket* m_socket = nullptr;
-  GCancellable* m_cancellable;
+  OwnedObject<GSocket> m_socket;
+  OwnedObject<GCancellable> m_cancellable;
   gsize m_bytes = 0;  ///< of the batch that is being taken. Only used on GLib's worker
   std::mutex m_mutex;
   std::condition_variable m_changed;
@@ -104,17 +98,12 @@ class CallIntake::Gate : public std::enable_shared_from_this<Gate> {
 };
 
 CallIntake::CallIntake(GDBusConnection* connection, const SendQueue& queue)
-    : m_connection(G_DBUS_CONNECTION(g_object_ref(connection))),
-      m_gate(std::make_shared<Gate>(connection, queue.Count())),
-      m_filter(g_dbus_connection_add_filter(
-          connection, &CallIntake::OnMessage, new std::shared_ptr<Gate>(m_gate),
-          [](gpointer gate) { delete static_cast<std::shared_ptr<Gate>*>(gate); })) {}
+    : m_gate(std::make_shared<Gate>(connection, queue.Count())),
+      m_filter(connection, g_dbus_connection_add_filter(
+                               connection, &CallIntake::OnMessage, new std::shared_ptr<Gate>(m_gate),
+                               [](gpointer gate) { delete static_cast<std::shared_ptr<Gate>*>(gate); })) {}
 
-CallIntake::~CallIntake() {
-  m_gate->Open();
-  g_dbus_connection_remove_filter(m_connection, m_filter);
-  g_object_unref(m_connection);
-}
+CallIntake::~CallIntake() { m_gate->Open(); }
 
 GDBusMessage* CallIntake::OnMessage(GDBusConnection*, GDBusMessage* message, gboolean incoming,
                                     gpointer gate) {

@@ -3,8 +3,7 @@
 
 #include <memory>
 
-#include <gio/gio.h>
-
+#include "glib/OwnedBus.h"
 #include "service/app/SendQueue.h"
 
 namespace btservice {
@@ -30,10 +29,9 @@ class CallIntake {
   static GDBusMessage* OnMessage(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
                                  gpointer gate);
 
-  GDBusConnection* m_connection;
   /// GLib's worker uses it, perhaps once more while this is destroyed.
   std::shared_ptr<Gate> m_gate;
-  guint m_filter;
+  OwnedFilter m_filter;
 };
 
 }  // namespace btservice

@@ -3,6 +3,8 @@
 
 #include <gio/gio.h>
 
+#include "glib/Owned.h"
+
 namespace btservice {
 
 /// Owns a skeleton: the object that answers the calls of one interface. It is taken off the bus, if it is on
@@ -16,16 +18,15 @@ class Exported {
     if (g_dbus_interface_skeleton_get_connection(Base()) != nullptr) {
       g_dbus_interface_skeleton_unexport(Base());
     }
-    g_object_unref(m_skeleton);
   }
   Exported(const Exported&) = delete;
   Exported& operator=(const Exported&) = delete;
 
-  Interface* Get() const { return m_skeleton; }
-  GDBusInterfaceSkeleton* Base() const { return G_DBUS_INTERFACE_SKELETON(m_skeleton); }
+  Interface* Get() const { return m_skeleton.get(); }
+  GDBusInterfaceSkeleton* Base() const { return G_DBUS_INTERFACE_SKELETON(m_skeleton.get()); }
 
  private:
-  Interface* m_skeleton;
+  OwnedObject<Interface> m_skeleton;
 };
 
 }  // namespace btservice

@@ -27,14 +27,11 @@ GLibScheduler::GLibScheduler(double speed, std::function<bool()> mayGoOn)
       m_mayGoOn(std::move(mayGoOn)),
       m_start(g_get_monotonic_time()),
       m_source(g_source_new(&s_functions, sizeof(Source))) {
-  reinterpret_cast<Source*>(m_source)->scheduler = this;
-  g_source_attach(m_source, nullptr);
+  reinterpret_cast<Source*>(m_source.get())->scheduler = this;
+  g_source_attach(m_source.get(), nullptr);
 }
 
-GLibScheduler::~GLibScheduler() {
-  g_source_destroy(m_source);
-  g_source_unref(m_source);
-}
+GLibScheduler::~GLibScheduler() { g_source_destroy(m_source.get()); }
 
 Milliseconds GLibScheduler::Now() const { return m_running ? m_taskTime : std::max(m_taskTime, WallTime()); }
 
@@ -104,7 +101,7 @@ void GLibScheduler::Arm() {
       readyTime = std::max(readyTime, g_get_monotonic_time() + kPause);
     }
   }
-  g_source_set_ready_time(m_source, readyTime);
+  g_source_set_ready_time(m_source.get(), readyTime);
 }
 
 }  // namespace btservice

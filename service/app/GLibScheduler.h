@@ -4,8 +4,7 @@
 #include <functional>
 #include <utility>
 
-#include <glib.h>
-
+#include "glib/Owned.h"
 #include "service/time/TaskQueue.h"
 
 namespace btservice {
@@ -48,7 +47,7 @@ class GLibScheduler : public Scheduler {
   double m_speed;
   std::function<bool()> m_mayGoOn;
   gint64 m_start;
-  GSource* m_source;
+  OwnedSource m_source;
   TaskQueue m_queue;
   Milliseconds m_taskTime{0};
   bool m_running = false;

@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-#include <glib.h>
-
+#include "glib/Owned.h"
 #include "service/state/StateFile.h"
 
 namespace btservice {
@@ -37,9 +36,9 @@ bool ParseOptions(int argc, char** argv, StackProvider& provider, Options& optio
   gboolean removeSegments = FALSE;
   gboolean reserve = FALSE;
   gboolean noState = FALSE;
-  g_autofree gchar* state = nullptr;
+  OwnedText state;
   const GOptionEntry own[] = {
-      {"state", 0, 0, G_OPTION_ARG_FILENAME, &state, "Keep the state in this file", "FILE"},
+      {"state", 0, 0, G_OPTION_ARG_FILENAME, state.Out(), "Keep the state in this file", "FILE"},
       {"no-state", 0, 0, G_OPTION_ARG_NONE, &noState, "Keep no state, and look at none", nullptr},
       {"keep-segments", 'k', 0, G_OPTION_ARG_NONE, &keepSegments,
        "Leave the shared segments behind at exit (the default)", nullptr},
@@ -51,13 +50,13 @@ bool ParseOptions(int argc, char** argv, StackProvider& provider, Options& optio
   std::vector<GOptionEntry> entries = provider.Options();
   entries.insert(entries.end(), std::begin(own), std::end(own));
   entries.push_back({});  // ends the list
-  g_autoptr(GOptionContext) context = g_option_context_new(nullptr);
-  g_option_context_set_summary(context, provider.Summary().c_str());
-  g_option_context_set_description(context, (provider.Description() + kDescription).c_str());
-  g_option_context_add_main_entries(context, entries.data(), nullptr);
+  const OwnedOptionContext context(g_option_context_new(nullptr));
+  g_option_context_set_summary(context.get(), provider.Summary().c_str());
+  g_option_context_set_description(context.get(), (provider.Description() + kDescription).c_str());
+  g_option_context_add_main_entries(context.get(), entries.data(), nullptr);
 
-  g_autoptr(GError) error = nullptr;
-  if (g_option_context_parse(context, &argc, &argv, &error) == FALSE) {
+  OwnedError error;
+  if (g_option_context_parse(context.get(), &argc, &argv, error.Out()) == FALSE) {
     exitCode = FailUsage(error->message);
     return false;
   }
@@ -81,7 +80,7 @@ bool ParseOptions(int argc, char** argv, StackProvider& provider, Options& optio
   options.removeSegments = removeSegments != FALSE;
   options.reserve = reserve != FALSE;
   if (noState == FALSE) {
-    options.statePath = state != nullptr ? state : DefaultStatePath();
+    options.statePath = state != nullptr ? state.get() : DefaultStatePath();
   }
   return true;
 }

@@ -10,22 +10,17 @@ constexpr guint32 kMostUnsent = 1000;
 
 bool SendQueue::Unsent::HasRoom() const {
   // Serials are given out in the order in which messages are queued.
-  const guint32 lastQueued = g_dbus_connection_get_last_serial(m_connection);
+  const guint32 lastQueued = g_dbus_connection_get_last_serial(m_connection.get());
   const guint32 lastSent = m_lastSent;
   return lastQueued <= lastSent || lastQueued - lastSent <= kMostUnsent;
 }
 
 SendQueue::SendQueue(GDBusConnection* connection)
-    : m_connection(G_DBUS_CONNECTION(g_object_ref(connection))),
-      m_unsent(std::make_shared<Unsent>(connection)),
-      m_filter(g_dbus_connection_add_filter(
-          connection, &SendQueue::OnMessage, new std::shared_ptr<Unsent>(m_unsent),
-          [](gpointer unsent) { delete static_cast<std::shared_ptr<Unsent>*>(unsent); })) {}
-
-SendQueue::~SendQueue() {
-  g_dbus_connection_remove_filter(m_connection, m_filter);
-  g_object_unref(m_connection);
-}
+    : m_unsent(std::make_shared<Unsent>(connection)),
+      m_filter(connection,
+               g_dbus_connection_add_filter(
+                   connection, &SendQueue::OnMessage, new std::shared_ptr<Unsent>(m_unsent),
+                   [](gpointer unsent) { delete static_cast<std::shared_ptr<Unsent>*>(unsent); })) {}
 
 GDBusMessage* SendQueue::OnMessage(GDBusConnection*, GDBusMessage* message, gboolean incoming,
                                    gpointer unsent) {

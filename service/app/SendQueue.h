@@ -4,7 +4,7 @@
 #include <atomic>
 #include <memory>
 
-#include <gio/gio.h>
+#include "glib/OwnedBus.h"
 
 namespace btservice {
 
@@ -16,24 +16,17 @@ class SendQueue {
   /// The count itself, which outlives the queue where another thread still uses it. Used on any thread.
   class Unsent {
    public:
-    explicit Unsent(GDBusConnection* connection)
-        : m_connection(G_DBUS_CONNECTION(g_object_ref(connection))) {}
-    ~Unsent() { g_object_unref(m_connection); }
-    Unsent(const Unsent&) = delete;
-    Unsent& operator=(const Unsent&) = delete;
+    explicit Unsent(GDBusConnection* connection) : m_connection(NewRef(connection)) {}
 
     bool HasRoom() const;
     void OnSent(guint32 serial) { m_lastSent = serial; }
 
    private:
-    GDBusConnection* m_connection;
+    OwnedObject<GDBusConnection> m_connection;
     std::atomic<guint32> m_lastSent{0};  ///< serial of the message that went out last
   };
 
   explicit SendQueue(GDBusConnection* connection);
-  ~SendQueue();
-  SendQueue(const SendQueue&) = delete;
-  SendQueue& operator=(const SendQueue&) = delete;
 
   /// Whether there is room for more.
   bool HasRoom() const { return m_unsent->HasRoom(); }
@@ -43,10 +36,9 @@ class SendQueue {
   static GDBusMessage* OnMessage(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
                                  gpointer unsent);
 
-  GDBusConnection* m_connection;
   /// GLib's worker changes it, perhaps once more while this is destroyed.
   std::shared_ptr<Unsent> m_unsent;
-  guint m_filter;
+  OwnedFilter m_filter;
 };
 
 }  // namespace btservice

@@ -20,23 +20,24 @@ namespace {
 constexpr std::chrono::seconds kTimeToTakeTheLast{5};
 
 /// A connection of our own, since GLib's shared one stays closed once it was: null if there is no bus.
-GDBusConnection* OpenConnection(GError** error) {
-  g_autofree gchar* address = g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, error);
+OwnedObject<GDBusConnection> OpenConnection(GError** error) {
+  const OwnedText address(g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, error));
   if (address == nullptr) {
     return nullptr;
   }
   const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                        G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-  return g_dbus_connection_new_for_address_sync(address, flags, nullptr, nullptr, error);
+  return OwnedObject<GDBusConnection>(
+      g_dbus_connection_new_for_address_sync(address.get(), flags, nullptr, nullptr, error));
 }
 
 bool HasOwner(GDBusConnection* connection, const char* name) {
-  g_autoptr(GVariant) reply = g_dbus_connection_call_sync(
+  const OwnedVariant reply(g_dbus_connection_call_sync(
       connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner",
-      g_variant_new("(s)", name), G_VARIANT_TYPE("(b)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr);
+      g_variant_new("(s)", name), G_VARIANT_TYPE("(b)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
   gboolean has = FALSE;
   if (reply != nullptr) {
-    g_variant_get(reply, "(b)", &has);
+    g_variant_get(reply.get(), "(b)", &has);
   }
   return has != FALSE;
 }
@@ -92,55 +93,51 @@ void Abandon(GDBusConnection* closed, GDBusConnection* other) {
 ServiceBus::ServiceBus(Events events) : m_events(std::move(events)) {}
 
 ServiceBus::~ServiceBus() {
-  if (m_returnId != 0) {
-    g_source_remove(m_returnId);
-  }
+  m_return.reset();
   if (m_connection != nullptr) {
     // What was sent last shall arrive, unless the bus does not take it.
-    const Deadline deadline(m_connection, kTimeToTakeTheLast);
+    const Deadline deadline(m_connection.get(), kTimeToTakeTheLast);
     GiveUpName();
     m_intake.reset();
-    g_dbus_connection_flush_sync(m_connection, nullptr, nullptr);
+    g_dbus_connection_flush_sync(m_connection.get(), nullptr, nullptr);
   }
   Release();
 }
 
 bool ServiceBus::Connect() {
-  g_autoptr(GError) error = nullptr;
-  GDBusConnection* const connection = OpenConnection(&error);
+  OwnedError error;
+  OwnedObject<GDBusConnection> connection = OpenConnection(error.Out());
   if (connection == nullptr) {
     MWP_LOG(MWP_LOG_ERROR, "there is no session bus to serve: %s", error->message);
     return false;
   }
-  Use(connection);
+  Use(std::move(connection));
   return true;
 }
 
-/// Takes over the reference.
-void ServiceBus::Use(GDBusConnection* connection) {
-  m_connection = connection;
-  m_closedHandler = g_signal_connect(connection, "closed", G_CALLBACK(OnClosed), this);
-  m_sendQueue.emplace(connection);
-  m_intake.emplace(connection, *m_sendQueue);
+void ServiceBus::Use(OwnedObject<GDBusConnection> connection) {
+  m_connection = std::move(connection);
+  m_closedHandler = OwnedHandler(G_OBJECT(m_connection.get()),
+                                 g_signal_connect(m_connection.get(), "closed", G_CALLBACK(OnClosed), this));
+  m_sendQueue.emplace(m_connection.get());
+  m_intake.emplace(m_connection.get(), *m_sendQueue);
 }
 
 void ServiceBus::Release() {
   m_intake.reset();
   m_sendQueue.reset();
-  if (m_connection != nullptr) {
-    g_signal_handler_disconnect(m_connection, m_closedHandler);
-    g_clear_object(&m_connection);
-  }
+  m_closedHandler.reset();
+  m_connection.reset();
 }
 
 bool ServiceBus::ConnectAgain() {
-  GDBusConnection* const connection = OpenConnection(nullptr);
+  OwnedObject<GDBusConnection> connection = OpenConnection(nullptr);
   if (connection == nullptr) {
     return false;
   }
-  Abandon(m_connection, connection);
+  Abandon(m_connection.get(), connection.get());
   Release();
-  Use(connection);
+  Use(std::move(connection));
   for (const auto& [skeleton, path] : std::exchange(m_exported, {})) {
     g_dbus_interface_skeleton_unexport(skeleton);
     if (!Export(skeleton, path)) {
@@ -151,8 +148,8 @@ bool ServiceBus::ConnectAgain() {
 }
 
 bool ServiceBus::Export(GDBusInterfaceSkeleton* skeleton, const char* path) {
-  g_autoptr(GError) error = nullptr;
-  if (g_dbus_interface_skeleton_export(skeleton, m_connection, path, &error) == FALSE) {
+  OwnedError error;
+  if (g_dbus_interface_skeleton_export(skeleton, m_connection.get(), path, error.Out()) == FALSE) {
     MWP_LOG(MWP_LOG_ERROR, "%s cannot be exported: %s", path, error->message);
     return false;
   }
@@ -161,41 +158,40 @@ bool ServiceBus::Export(GDBusInterfaceSkeleton* skeleton, const char* path) {
 }
 
 void ServiceBus::OwnName() {
-  m_nameId = g_bus_own_name_on_connection(m_connection, kServiceName, G_BUS_NAME_OWNER_FLAGS_DO_NOT_QUEUE,
-                                          OnNameAcquired, OnNameLost, this, nullptr);
+  m_nameId = OwnedNameId(g_bus_own_name_on_connection(m_connection.get(), kServiceName,
+                                                      G_BUS_NAME_OWNER_FLAGS_DO_NOT_QUEUE, OnNameAcquired,
+                                                      OnNameLost, this, nullptr));
 }
 
 void ServiceBus::EmitSignal(const std::string& name, GVariant* tuple) {
-  g_autoptr(GVariant) values = g_variant_ref_sink(tuple);
+  const OwnedVariant values = NewRef(tuple);
   if (name.size() > kLongestName || g_dbus_is_member_name(name.c_str()) == FALSE) {
     throw std::invalid_argument(Quote(name) + " cannot be the name of a signal");
   }
-  g_dbus_connection_emit_signal(m_connection, nullptr, kServicePath, kServiceInterface, name.c_str(), values,
-                                nullptr);
+  g_dbus_connection_emit_signal(m_connection.get(), nullptr, kServicePath, kServiceInterface, name.c_str(),
+                                values.get(), nullptr);
 }
 
 void ServiceBus::LeaveFor(unsigned milliseconds) {
-  if (m_returnId != 0) {
-    g_source_remove(m_returnId);
-  }
+  m_return.reset();
   GiveUpName();
-  m_returnId = g_timeout_add(
+  m_return = OwnedSourceId(g_timeout_add(
       milliseconds,
       [](gpointer self) -> gboolean {
         auto* const bus = static_cast<ServiceBus*>(self);
-        bus->m_returnId = 0;
+        bus->m_return.release();
         bus->OwnName();
         return G_SOURCE_REMOVE;
       },
-      this);
+      this));
 }
 
 void ServiceBus::GiveUpName() {
   m_ownsName = false;
-  if (m_nameId != 0) {
+  if (m_nameId) {
     m_intake.reset();  // the bus's answer, which this waits for, comes behind the calls
-    g_bus_unown_name(std::exchange(m_nameId, 0));
-    m_intake.emplace(m_connection, *m_sendQueue);
+    m_nameId.reset();
+    m_intake.emplace(m_connection.get(), *m_sendQueue);
   }
 }
 
@@ -217,11 +213,9 @@ void ServiceBus::OnClosed(GDBusConnection*, gboolean, GError*, gpointer self) {
 }
 
 void ServiceBus::ReturnOrEnd() {
-  const bool hasLeft = m_returnId != 0;
+  const bool hasLeft = static_cast<bool>(m_return);
   m_intake.reset();
-  if (m_nameId != 0) {
-    g_bus_unown_name(std::exchange(m_nameId, 0));
-  }
+  m_nameId.reset();
   if (!ConnectAgain()) {
     m_events.onLost(true);
     return;

@@ -9,6 +9,7 @@
 
 #include <gio/gio.h>
 
+#include "glib/OwnedBus.h"
 #include "service/app/CallIntake.h"
 #include "service/app/SendQueue.h"
 
@@ -53,7 +54,7 @@ class ServiceBus {
  private:
   static void OnNameAcquired(GDBusConnection* connection, const gchar* name, gpointer self);
   static void OnClosed(GDBusConnection* connection, gboolean byPeer, GError* error, gpointer self);
-  void Use(GDBusConnection* connection);
+  void Use(OwnedObject<GDBusConnection> connection);
   void Release();
   /// Does with a new connection what was done with the one that is closed. False if the bus is gone, too.
   bool ConnectAgain();
@@ -62,13 +63,13 @@ class ServiceBus {
   void GiveUpName();
 
   Events m_events;
-  GDBusConnection* m_connection = nullptr;
+  OwnedObject<GDBusConnection> m_connection;
   std::vector<std::pair<GDBusInterfaceSkeleton*, const char*>> m_exported;  ///< with their paths
-  gulong m_closedHandler = 0;
+  OwnedHandler m_closedHandler;
   std::optional<SendQueue> m_sendQueue;
   std::optional<CallIntake> m_intake;
-  guint m_nameId = 0;
-  guint m_returnId = 0;
+  OwnedNameId m_nameId;
+  OwnedSourceId m_return;  ///< while it has left for some time
   bool m_ownsName = false;
 };
 

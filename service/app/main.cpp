@@ -5,6 +5,7 @@
 
 #include <glib-unix.h>
 
+#include "glib/Owned.h"
 #include "ipc/ShareMemory/SmallIdentifiers.h"
 #include "service/app/Process.h"
 
@@ -32,10 +33,8 @@ int main(int argc, char** argv) {
   if (const std::optional<int> ends = provider->Prepare()) {
     return *ends;
   }
-  GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
-  g_unix_signal_add(SIGTERM, QuitOnSignal, loop);
-  g_unix_signal_add(SIGINT, QuitOnSignal, loop);
-  exitCode = Process(options, *provider, loop).Run();
-  g_main_loop_unref(loop);
-  return exitCode;
+  const OwnedMainLoop loop(g_main_loop_new(nullptr, FALSE));
+  g_unix_signal_add(SIGTERM, QuitOnSignal, loop.get());
+  g_unix_signal_add(SIGINT, QuitOnSignal, loop.get());
+  return Process(options, *provider, loop.get()).Run();
 }

@@ -7,6 +7,7 @@
 
 #include <gio/gio.h>
 
+#include "glib/Owned.h"
 #include "ipc/D-Bus/bt_variant.h"
 #include "service/stack/StackTypes.h"
 
@@ -18,13 +19,12 @@ namespace btservice {
 
 /// The bytes inside a variant; none if it holds something else.
 inline Bytes BytesFromVariant(GVariant* value) {
-  GVariant* const inner = g_variant_get_variant(value);
+  const OwnedVariant inner(g_variant_get_variant(value));
   Bytes bytes;
-  if (g_variant_is_of_type(inner, G_VARIANT_TYPE_BYTESTRING)) {
-    bytes.resize(g_variant_n_children(inner) + 1);  // never without a buffer
+  if (g_variant_is_of_type(inner.get(), G_VARIANT_TYPE_BYTESTRING)) {
+    bytes.resize(g_variant_n_children(inner.get()) + 1);  // never without a buffer
     bytes.resize(bt_extract_variant_data(bytes.data(), value));
   }
-  g_variant_unref(inner);
   return bytes;
 }
 

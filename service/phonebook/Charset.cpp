@@ -51,15 +51,16 @@ std::optional<std::string> Charset::Convert(std::string_view bytes, std::string_
   if (!Open(name)) {
     return std::nullopt;
   }
-  g_iconv(m_converter, nullptr, nullptr, nullptr, nullptr);  // forgets what the last text has left behind
+  g_iconv(m_converter.get(), nullptr, nullptr, nullptr,
+          nullptr);  // forgets what the last text has left behind
   gsize read = 0;
   gsize written = 0;
-  g_autofree gchar* text = g_convert_with_iconv(bytes.data(), static_cast<gssize>(bytes.size()), m_converter,
-                                                &read, &written, nullptr);
+  const OwnedText text(g_convert_with_iconv(bytes.data(), static_cast<gssize>(bytes.size()),
+                                            m_converter.get(), &read, &written, nullptr));
   if (text == nullptr || read != bytes.size()) {
     return std::nullopt;  // an unfinished character at the end is not an error to GLib
   }
-  return std::string(text, written);
+  return std::string(text.get(), written);
 }
 
 bool Charset::Open(std::string_view name) {
@@ -69,21 +70,14 @@ bool Charset::Open(std::string_view name) {
   if (!IsName(name)) {
     return false;
   }
-  Close();
+  m_converter.reset();
   m_name = name;
   const GIConv converter = g_iconv_open("UTF-8", m_name.c_str());
   if (converter == kNoConverter) {
     return false;
   }
-  m_converter = converter;
+  m_converter.reset(converter);
   return true;
-}
-
-void Charset::Close() {
-  if (m_converter != nullptr) {
-    g_iconv_close(m_converter);
-    m_converter = nullptr;
-  }
 }
 
 }  // namespace btservice

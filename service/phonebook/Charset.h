@@ -5,18 +5,13 @@
 #include <string>
 #include <string_view>
 
-#include <glib.h>
+#include "glib/Owned.h"
 
 namespace btservice {
 
 /// Converts texts to UTF-8. The converter of the last character set is kept, since a file has one as a rule.
 class Charset {
  public:
-  Charset() = default;
-  ~Charset() { Close(); }
-  Charset(const Charset&) = delete;
-  Charset& operator=(const Charset&) = delete;
-
   /// The bytes as UTF-8, without control characters: a space stands for each. Without the name of a character
   /// set they are taken for UTF-8, and for ISO 8859-1 if they are not. Nothing if there is no character set
   /// of that name, or if the bytes are no text in it.
@@ -26,10 +21,9 @@ class Charset {
   std::optional<std::string> Convert(std::string_view bytes, std::string_view name);
   /// False if there is no such character set.
   bool Open(std::string_view name);
-  void Close();
 
   std::string m_name;
-  GIConv m_converter = nullptr;
+  OwnedConverter m_converter;
 };
 
 }  // namespace btservice

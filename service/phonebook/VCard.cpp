@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "glib/Owned.h"
 #include "service/files/Quote.h"
 #include "service/phonebook/AsciiCase.h"
 #include "service/phonebook/Charset.h"
@@ -36,8 +37,8 @@ std::string DecodeQuotedPrintable(std::string_view text) {
 
 std::string DecodeBase64(std::string_view text) {
   gsize size = 0;
-  g_autofree guchar* bytes = g_base64_decode(std::string(text).c_str(), &size);
-  return std::string(reinterpret_cast<const char*>(bytes), size);
+  const OwnedMemory<guchar> bytes(g_base64_decode(std::string(text).c_str(), &size));
+  return std::string(reinterpret_cast<const char*>(bytes.get()), size);
 }
 
 /// Looks at all of it, since most texts are, and a compiler makes that faster than to stop at the first

@@ -21,8 +21,6 @@ std::unique_ptr<StackProvider> MakeStackProvider() { return std::make_unique<Sim
 SimulationProvider::SimulationProvider()
     : m_outside(bluetooth_sim_outside_skeleton_new()), m_faults(bluetooth_sim_faults_skeleton_new()) {}
 
-SimulationProvider::~SimulationProvider() { g_free(m_worldName); }
-
 std::string SimulationProvider::Summary() const {
   return "Simulates the Bluetooth service of a head unit on the session bus, under the name\n"
          "com.zelk.linux.bluetooth: an adapter, phones to find, pair and connect, calls, music.";
@@ -45,7 +43,7 @@ std::string SimulationProvider::Description() const {
 
 std::vector<GOptionEntry> SimulationProvider::Options() {
   return {
-      {"world", 'w', 0, G_OPTION_ARG_FILENAME, &m_worldName, "Begin in this world", "NAME|FILE"},
+      {"world", 'w', 0, G_OPTION_ARG_FILENAME, m_worldName.Out(), "Begin in this world", "NAME|FILE"},
       {"speed", 's', 0, G_OPTION_ARG_DOUBLE, &m_speed, "Run time N times as fast", "N"},
       {"world-schema", 0, 0, G_OPTION_ARG_NONE, &m_showSchema, "Show the JSON Schema of worlds", nullptr}};
 }
@@ -62,7 +60,7 @@ std::optional<int> SimulationProvider::Check() {
 }
 
 std::optional<int> SimulationProvider::Prepare() {
-  const std::string name = m_worldName != nullptr ? m_worldName : "";
+  const std::string name = m_worldName != nullptr ? m_worldName.get() : "";
   try {
     m_file = name.empty() ? WorldFile{BuiltInWorld(), {}} : LoadWorld(name);
   } catch (const std::runtime_error& problem) {

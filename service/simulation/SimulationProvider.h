@@ -5,6 +5,7 @@
 
 #include <bt_sim.h>
 
+#include "glib/Owned.h"
 #include "service/app/Exported.h"
 #include "service/app/StackProvider.h"
 #include "service/simulation/world/WorldFile.h"
@@ -15,7 +16,6 @@ namespace btservice {
 class SimulationProvider : public StackProvider {
  public:
   SimulationProvider();
-  ~SimulationProvider() override;
 
   std::string Summary() const override;
   std::string Description() const override;
@@ -30,7 +30,7 @@ class SimulationProvider : public StackProvider {
  private:
   // The options.
   double m_speed = 1;
-  gchar* m_worldName = nullptr;  ///< of a shipped world, or a file; null or empty: the built-in one
+  OwnedText m_worldName;  ///< of a shipped world, or a file; null or empty: the built-in one
   gboolean m_showSchema = FALSE;
 
   WorldFile m_file;

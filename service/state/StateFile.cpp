@@ -3,12 +3,12 @@
 #include <filesystem>
 #include <system_error>
 
-#include <glib.h>
 #include <nlohmann/json.hpp>
 
 #define MWP_LOG_SOURCE "service/state/StateFile"
 #include <mwp/MWPLog.h>
 
+#include "glib/Owned.h"
 #include "service/files/FieldReader.h"
 #include "service/files/InputFile.h"
 #include "service/files/Limits.h"
@@ -175,13 +175,13 @@ void StateFile::Save() {
   if (text == m_saved) {
     return;  // what has changed is not kept
   }
-  g_autofree gchar* folder = g_path_get_dirname(m_path.c_str());
-  g_mkdir_with_parents(folder, 0700);
-  g_autoptr(GError) error = nullptr;
+  const OwnedText folder(g_path_get_dirname(m_path.c_str()));
+  g_mkdir_with_parents(folder.get(), 0700);
+  OwnedError error;
   const auto flags =
       static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT | G_FILE_SET_CONTENTS_DURABLE);
   if (g_file_set_contents_full(m_path.c_str(), text.data(), static_cast<gssize>(text.size()), flags, 0600,
-                               &error) == FALSE) {
+                               error.Out()) == FALSE) {
     MWP_LOG(MWP_LOG_ERROR, "%s: cannot be written: %s", VisiblePath(m_path).c_str(), error->message);
     return;
   }
@@ -189,8 +189,7 @@ void StateFile::Save() {
 }
 
 std::string DefaultStatePath() {
-  g_autofree gchar* path = g_build_filename(g_get_user_state_dir(), "libbt", "btservice.json", nullptr);
-  return path;
+  return OwnedText(g_build_filename(g_get_user_state_dir(), "libbt", "btservice.json", nullptr)).get();
 }
 
 }  // namespace btservice

@@ -24,21 +24,22 @@ ROOMS = {
     "service/time": "",
     "service/stack": "include/bluetooth",
     "service/files": "protocol service/time",
-    "service/phonebook": "service/files service/stack",
+    "service/phonebook": "glib service/files service/stack",
     "service/reports": "service/stack service/time",
-    "service/state": "platform service/files service/stack",
-    "service/frontend": "protocol platform ipc/D-Bus ipc/ShareMemory service/stack",
-    "service/app": "protocol platform ipc/ShareMemory service/files service/frontend service/stack service/state "
+    "service/state": "glib platform service/files service/stack",
+    "service/frontend": "glib protocol platform ipc/D-Bus ipc/ShareMemory service/stack",
+    "service/app": "glib protocol platform ipc/ShareMemory service/files service/frontend service/stack service/state "
                    "service/time",
     "service/simulation/world": "protocol platform service/files service/phonebook service/simulation service/stack "
                                 "service/time",
-    "service/simulation/controls": "ipc/ShareMemory service/files service/frontend service/phonebook service/simulation "
-                                   "service/time",
-    "service/simulation": "protocol platform service/app service/phonebook service/reports service/stack service/time",
-    "tools/btctl": "include/bluetooth protocol",
+    "service/simulation/controls": "glib ipc/ShareMemory service/files service/frontend service/phonebook "
+                                   "service/simulation service/time",
+    "service/simulation": "glib protocol platform service/app service/phonebook service/reports service/stack "
+                          "service/time",
+    "tools/btctl": "include/bluetooth glib protocol",
     "examples": "include/bluetooth include/btasync",
     "examples/power_only_service": "include/bluetooth service/app",  # no application, but a stack
-    "bench": "include/bluetooth protocol ipc service/frontend/segments service/phonebook",
+    "bench": "include/bluetooth glib protocol ipc service/frontend/segments service/phonebook",
 }
 # Folders of the tree without rules: they may include everything.
 FREE = ("packaging", "tests")

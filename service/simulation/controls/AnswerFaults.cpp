@@ -23,21 +23,14 @@ void Require(bool condition, const std::string& problem) {
 
 /// Sends a reply without a look at what the method declares.
 void Reply(GDBusMethodInvocation* invocation, GVariant* tuple) {
-  GDBusMessage* const reply =
-      g_dbus_message_new_method_reply(g_dbus_method_invocation_get_message(invocation));
-  g_dbus_message_set_body(reply, tuple);
-  g_dbus_connection_send_message(g_dbus_method_invocation_get_connection(invocation), reply,
+  const OwnedObject<GDBusMessage> reply(
+      g_dbus_message_new_method_reply(g_dbus_method_invocation_get_message(invocation)));
+  g_dbus_message_set_body(reply.get(), tuple);
+  g_dbus_connection_send_message(g_dbus_method_invocation_get_connection(invocation), reply.get(),
                                  G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
-  g_object_unref(reply);
 }
 
 }  // namespace
-
-AnswerFaults::~AnswerFaults() {
-  for (const guint source : m_pending) {
-    g_source_remove(source);
-  }
-}
 
 void AnswerFaults::Delay(const std::string& method, unsigned count, unsigned milliseconds) {
   Fault fault{Kind::DELAY, method, count};
@@ -57,7 +50,7 @@ void AnswerFaults::Fail(const std::string& method, unsigned count, const std::st
 
 void AnswerFaults::Replace(const std::string& method, unsigned count, GVariant* tuple) {
   Fault fault{Kind::REPLACE, method, count};
-  fault.tuple = std::shared_ptr<GVariant>(g_variant_ref_sink(tuple), g_variant_unref);
+  fault.tuple = NewRef(tuple);
   Add(std::move(fault));
 }
 
@@ -100,10 +93,10 @@ bool AnswerFaults::TakeOver(GDBusMethodInvocation* invocation) {
     g_dbus_method_invocation_return_dbus_error(invocation, fault->errorName.c_str(), fault->message.c_str());
     return true;
   }
+  const OwnedObject<GDBusMethodInvocation> unanswered(invocation);
   if (fault->kind == Kind::REPLACE) {
     Reply(invocation, fault->tuple.get());
   }
-  g_object_unref(invocation);
   return true;
 }
 
@@ -116,24 +109,28 @@ void AnswerFaults::Pass(GDBusMethodInvocation* invocation, std::function<void()>
   struct Late {
     AnswerFaults* faults;
     std::function<void()> answer;
-    GDBusMethodInvocation* unanswered;  ///< an answer takes it; without one it is released
+    OwnedObject<GDBusMethodInvocation> unanswered;  ///< an answer takes it; without one it is released
     guint source;
-
-    ~Late() { g_clear_object(&unanswered); }
   };
-  auto* const late = new Late{this, std::move(answer), invocation, 0};
+  auto* const late = new Late{this, std::move(answer), OwnedObject<GDBusMethodInvocation>(invocation), 0};
   late->source = g_timeout_add_full(
       G_PRIORITY_DEFAULT, fault->milliseconds,
       [](gpointer data) -> gboolean {
         auto* const self = static_cast<Late*>(data);
-        std::vector<guint>& pending = self->faults->m_pending;
-        pending.erase(std::find(pending.begin(), pending.end(), self->source));
-        self->unanswered = nullptr;
+        self->faults->Forget(self->source);
+        static_cast<void>(self->unanswered.release());
         self->answer();
         return G_SOURCE_REMOVE;
       },
       late, [](gpointer data) { delete static_cast<Late*>(data); });
-  m_pending.push_back(late->source);
+  m_pending.emplace_back(late->source);
+}
+
+void AnswerFaults::Forget(guint ended) {
+  const auto place = std::find_if(m_pending.begin(), m_pending.end(),
+                                  [ended](const OwnedSourceId& source) { return source.get() == ended; });
+  place->release();
+  m_pending.erase(place);
 }
 
 }  // namespace btservice

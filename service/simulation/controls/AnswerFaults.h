@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "glib/OwnedId.h"
 #include "service/frontend/AnswerGate.h"
 
 namespace btservice {
@@ -12,8 +13,6 @@ namespace btservice {
 /// Has the next answers of methods go wrong as ordered. The order given first is used up first.
 class AnswerFaults : public AnswerGate {
  public:
-  ~AnswerFaults() override;
-
   // method: the name of one, or "*" for any. An argument without sense throws std::invalid_argument.
   void Delay(const std::string& method, unsigned count, unsigned milliseconds);
   void Fail(const std::string& method, unsigned count, const std::string& errorName,
@@ -35,15 +34,17 @@ class AnswerFaults : public AnswerGate {
     unsigned milliseconds = 0;
     std::string errorName{};
     std::string message{};
-    std::shared_ptr<GVariant> tuple{};
+    OwnedVariant tuple{};
   };
 
   void Add(Fault fault);
   /// The fault that a call meets; it is used up by one. Null if there is none of the kind asked for.
   std::shared_ptr<Fault> Use(GDBusMethodInvocation* invocation, bool delays);
+  /// An answer comes now: its source ends by itself.
+  void Forget(guint ended);
 
   std::vector<std::shared_ptr<Fault>> m_faults;
-  std::vector<guint> m_pending;  ///< sources of answers that are still to come
+  std::vector<OwnedSourceId> m_pending;  ///< of answers that are still to come
 };
 
 }  // namespace btservice

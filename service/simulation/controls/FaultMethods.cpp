@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include "glib/Owned.h"
 #include "service/frontend/WireLimits.h"
 #include "service/simulation/controls/ControlMethods.h"
 
@@ -36,15 +37,14 @@ GVariant* ToTuple(GVariant* values) {
   GVariantBuilder builder;
   g_variant_builder_init(&builder, G_VARIANT_TYPE_TUPLE);
   for (gsize i = 0; i < g_variant_n_children(values); ++i) {
-    GVariant* value = nullptr;
-    g_variant_get_child(values, i, "v", &value);
-    g_variant_builder_add_value(&builder, value);
-    g_variant_unref(value);
+    OwnedVariant value;
+    g_variant_get_child(values, i, "v", value.Out());
+    g_variant_builder_add_value(&builder, value.get());
   }
   GVariant* const tuple = g_variant_builder_end(&builder);
   const std::size_t signature = std::strlen(g_variant_get_type_string(tuple)) - std::strlen("()");
   if (signature > kLongestSignature) {
-    g_variant_unref(g_variant_ref_sink(tuple));
+    const OwnedVariant unused(tuple);
     throw std::invalid_argument("expected values whose types take at most " +
                                 std::to_string(kLongestSignature) + " characters, got " +
                                 std::to_string(signature));
