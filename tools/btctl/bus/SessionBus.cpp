@@ -15,44 +15,45 @@ constexpr int kServiceAnswersWithinMs = 25000;
 constexpr const char* kControlInterfacePrefix = "com.zelk.";
 
 /// The shared connection; null if there is no bus.
-GDBusConnection* Connect() {
-  GDBusConnection* const bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
+OwnedObject<GDBusConnection> Connect() {
+  OwnedObject<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
   if (bus != nullptr) {
-    g_dbus_connection_set_exit_on_close(bus, FALSE);  // it may be lost without this program ending at once
+    // It may be lost without this program ending at once.
+    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
   }
   return bus;
 }
 
 /// Whether anybody owns the service's name; nothing is done about an error, which means that there is no bus.
 Surroundings AskForOwner(GDBusConnection* bus) {
-  g_autoptr(GVariant) answer = g_dbus_connection_call_sync(
+  const OwnedVariant answer(g_dbus_connection_call_sync(
       bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner",
       g_variant_new("(s)", kServiceName), G_VARIANT_TYPE("(b)"), G_DBUS_CALL_FLAGS_NONE, kBusAnswersWithinMs,
-      nullptr, nullptr);
+      nullptr, nullptr));
   if (answer == nullptr) {
     return Surroundings::NO_BUS;
   }
   gboolean isOwned = FALSE;
-  g_variant_get(answer, "(b)", &isOwned);
+  g_variant_get(answer.get(), "(b)", &isOwned);
   return isOwned != FALSE ? Surroundings::COMPLETE : Surroundings::NO_SERVICE;
 }
 
 /// Calls a method of the object that has the controls.
-VariantPtr CallService(const char* interface, const char* method, GVariant* arguments,
-                       const GVariantType* type) {
-  g_autoptr(GDBusConnection) bus = Connect();
+OwnedVariant CallService(const char* interface, const char* method, GVariant* arguments,
+                         const GVariantType* type) {
+  const OwnedObject<GDBusConnection> bus = Connect();
   if (bus == nullptr) {
     throw ServiceIsGone();
   }
-  g_autoptr(GError) error = nullptr;
-  VariantPtr answer(g_dbus_connection_call_sync(bus, kServiceName, kControlPath, interface, method, arguments,
-                                                type, G_DBUS_CALL_FLAGS_NONE, kServiceAnswersWithinMs,
-                                                nullptr, &error));
+  OwnedError error;
+  OwnedVariant answer(g_dbus_connection_call_sync(bus.get(), kServiceName, kControlPath, interface, method,
+                                                  arguments, type, G_DBUS_CALL_FLAGS_NONE,
+                                                  kServiceAnswersWithinMs, nullptr, error.Out()));
   if (answer == nullptr) {
     if (LookAround() != Surroundings::COMPLETE) {
       throw ServiceIsGone();
     }
-    g_dbus_error_strip_remote_error(error);
+    g_dbus_error_strip_remote_error(error.get());
     throw Failure(EXIT_REFUSED, std::string(method) + ": " + error->message);
   }
   return answer;
@@ -75,8 +76,8 @@ void AddMethods(std::vector<ControlMethod>& all, const GDBusInterfaceInfo& inter
 }  // namespace
 
 Surroundings LookAround() {
-  g_autoptr(GDBusConnection) bus = Connect();
-  return bus == nullptr ? Surroundings::NO_BUS : AskForOwner(bus);
+  const OwnedObject<GDBusConnection> bus = Connect();
+  return bus == nullptr ? Surroundings::NO_BUS : AskForOwner(bus.get());
 }
 
 ServiceWatch::ServiceWatch(Observer observer)
@@ -92,14 +93,12 @@ ServiceWatch::ServiceWatch(Observer observer)
           },
           this, nullptr)) {}
 
-ServiceWatch::~ServiceWatch() { g_bus_unwatch_name(m_watch); }
-
 std::vector<ControlMethod> DescribeControls() {
-  const VariantPtr answer =
+  const OwnedVariant answer =
       CallService("org.freedesktop.DBus.Introspectable", "Introspect", nullptr, G_VARIANT_TYPE("(s)"));
   const char* xml = nullptr;
   g_variant_get(answer.get(), "(&s)", &xml);
-  g_autoptr(GDBusNodeInfo) node = g_dbus_node_info_new_for_xml(xml, nullptr);
+  const OwnedNodeInfo node(g_dbus_node_info_new_for_xml(xml, nullptr));
   std::vector<ControlMethod> controls;
   for (GDBusInterfaceInfo** at = node != nullptr ? node->interfaces : nullptr;
        at != nullptr && *at != nullptr; ++at) {
@@ -110,7 +109,7 @@ std::vector<ControlMethod> DescribeControls() {
   return controls;
 }
 
-VariantPtr CallControl(const ControlMethod& method, const VariantPtr& arguments) {
+OwnedVariant CallControl(const ControlMethod& method, const OwnedVariant& arguments) {
   return CallService(method.interface.c_str(), method.name.c_str(), arguments.get(), nullptr);
 }
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "btctl/bus/VariantPtr.h"
+#include "glib/OwnedBus.h"
 
 // The one place of this program that speaks D-Bus by itself. The library makes all requests; but it cannot
 // say why it does not reach the service, and the controls of the simulated service are no part of it.
@@ -24,13 +24,12 @@ class ServiceWatch {
   using Observer = std::function<void(bool isThere)>;
 
   explicit ServiceWatch(Observer observer);
-  ~ServiceWatch();
   ServiceWatch(const ServiceWatch&) = delete;
   ServiceWatch& operator=(const ServiceWatch&) = delete;
 
  private:
   const Observer m_observer;
-  const unsigned m_watch;
+  const OwnedNameWatchId m_watch;
 };
 
 /// An argument of a control, or one of its answers.
@@ -53,7 +52,7 @@ std::vector<ControlMethod> DescribeControls();
 
 /// Uses a control. `arguments` is a tuple, and so is the answer. Blocks. Throws a Failure with what the
 /// service says is wrong, or that it went away.
-VariantPtr CallControl(const ControlMethod& method, const VariantPtr& arguments);
+OwnedVariant CallControl(const ControlMethod& method, const OwnedVariant& arguments);
 
 }  // namespace btctl
 

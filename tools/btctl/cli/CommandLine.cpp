@@ -14,6 +14,7 @@
 #include "btctl/base/Nearest.h"
 #include "btctl/commands/FromText.h"
 #include "btctl/composed/AllCommands.h"
+#include "glib/Owned.h"
 
 namespace btctl {
 namespace {
@@ -321,15 +322,15 @@ class Parser {
 };
 
 std::vector<std::string> Split(const std::string& line) {
-  g_auto(GStrv) words = nullptr;
-  g_autoptr(GError) error = nullptr;
-  if (g_shell_parse_argv(line.c_str(), nullptr, &words, &error) == FALSE) {
-    if (g_error_matches(error, G_SHELL_ERROR, G_SHELL_ERROR_EMPTY_STRING) != FALSE) {
+  OwnedTexts words;
+  OwnedError error;
+  if (g_shell_parse_argv(line.c_str(), nullptr, words.Out(), error.Out()) == FALSE) {
+    if (g_error_matches(error.get(), G_SHELL_ERROR, G_SHELL_ERROR_EMPTY_STRING) != FALSE) {
       return {};
     }
     throw Failure(EXIT_USAGE, error->message);
   }
-  return std::vector<std::string>(words, words + g_strv_length(words));
+  return std::vector<std::string>(words.get(), words.get() + g_strv_length(words.get()));
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "btctl/session/Source.h"
+#include "glib/OwnedId.h"
 
 namespace btctl {
 
@@ -25,7 +25,7 @@ class JobControl {
 
   const Reaction m_leave;
   const Reaction m_comeBack;
-  const Source m_signals;
+  const OwnedSourceId m_signals;
 };
 
 }  // namespace btctl

@@ -15,7 +15,7 @@
 #include <unistd.h>
 
 #include "btctl/output/TerminalSafe.h"
-#include "btctl/session/Source.h"
+#include "glib/Owned.h"
 
 namespace btctl {
 namespace {
@@ -36,9 +36,9 @@ std::string HistoryFile() {
 /// The words of a part of a line. An open quote is closed, since the line goes on.
 std::vector<std::string> SplitIntoWords(const std::string& text) {
   for (const char* const end : {"", "\"", "'"}) {
-    g_auto(GStrv) words = nullptr;
-    if (g_shell_parse_argv((text + end).c_str(), nullptr, &words, nullptr) != FALSE) {
-      return std::vector<std::string>(words, words + g_strv_length(words));
+    OwnedTexts words;
+    if (g_shell_parse_argv((text + end).c_str(), nullptr, words.Out(), nullptr) != FALSE) {
+      return std::vector<std::string>(words.get(), words.get() + g_strv_length(words.get()));
     }
   }
   return {};
@@ -188,7 +188,7 @@ std::optional<std::string> LineEditor::ReadLine(const std::string& prompt,
   m_prompt = prompt;
   ShowPrompt();
   m_isReading = true;
-  m_typing.emplace(
+  m_typing.reset(
       g_unix_fd_add(STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), TakeKey, nullptr));
   while (!m_line && !m_hasEnded) {
     g_main_context_iteration(nullptr, TRUE);

@@ -9,6 +9,7 @@
 
 #include "btctl/cli/JobControl.h"
 #include "btctl/output/AnswerStream.h"
+#include "glib/OwnedId.h"
 
 namespace btctl {
 
@@ -47,7 +48,7 @@ class LineEditor {
   const Completer m_completer;
   const std::string m_historyFile;
   bool m_isReading = false;
-  std::optional<Source> m_typing;  ///< while it reads
+  OwnedSourceId m_typing;  ///< while it reads
   bool m_hasEnded = false;
   std::string m_prompt;
   std::optional<std::string> m_line;

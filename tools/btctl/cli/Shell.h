@@ -9,6 +9,7 @@
 #include "btctl/events/EventHub.h"
 #include "btctl/output/Output.h"
 #include "btctl/session/Session.h"
+#include "glib/OwnedId.h"
 
 namespace btctl {
 
@@ -44,7 +45,7 @@ class Shell {
   bool m_isStarted = false;
   bool m_areContactsOld = true;
   bool m_isTerminated = false;
-  const Source m_termination;
+  const OwnedSourceId m_termination;
   const EventHub::Subscription m_events;
 };
 

@@ -10,6 +10,7 @@
 #include "btctl/commands/MakeRequest.h"
 #include "btctl/output/PlainText.h"
 #include "btctl/output/TerminalSafe.h"
+#include "glib/Owned.h"
 
 namespace btctl {
 namespace {
@@ -18,8 +19,7 @@ constexpr std::size_t kSuggestions = 5;
 
 /// For comparisons that do not see the case of letters, in any script. A name can be given as it is shown.
 std::string Folded(const std::string& text) {
-  g_autofree char* folded = g_utf8_casefold(TerminalSafe(text).c_str(), -1);
-  return folded;
+  return OwnedText(g_utf8_casefold(TerminalSafe(text).c_str(), -1)).get();
 }
 
 bool IsId(const std::string& text) {

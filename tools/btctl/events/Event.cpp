@@ -7,6 +7,7 @@
 
 #include "btctl/base/Failure.h"
 #include "btctl/base/Nearest.h"
+#include "glib/Owned.h"
 
 namespace btctl {
 namespace {
@@ -57,8 +58,7 @@ EventValue Bytes(const void* data, std::size_t length) {
 }
 
 EventValue SixDigits(unsigned int passkey) {
-  g_autofree char* text = g_strdup_printf("%06u", passkey);
-  return std::string(text);
+  return std::string(OwnedText(g_strdup_printf("%06u", passkey)).get());
 }
 
 std::optional<int> NumberIn(const std::string& text) {

@@ -1,18 +1,16 @@
 #include "btctl/events/Listeners.h"
 
-#include <glib.h>
-
 #include "btctl/events/ListenerClasses.h"
+#include "glib/Owned.h"
 
 namespace btctl {
 
 std::string Reporter::Now() {
   constexpr int kMicrosecondsPerMillisecond = 1000;
-  g_autoptr(GDateTime) now = g_date_time_new_now_utc();
-  g_autofree char* seconds = g_date_time_format(now, "%Y-%m-%dT%H:%M:%S");
-  g_autofree char* all =
-      g_strdup_printf("%s.%03dZ", seconds, g_date_time_get_microsecond(now) / kMicrosecondsPerMillisecond);
-  return all;
+  const OwnedDateTime now(g_date_time_new_now_utc());
+  const OwnedText seconds(g_date_time_format(now.get(), "%Y-%m-%dT%H:%M:%S"));
+  const int milliseconds = g_date_time_get_microsecond(now.get()) / kMicrosecondsPerMillisecond;
+  return OwnedText(g_strdup_printf("%s.%03dZ", seconds.get(), milliseconds)).get();
 }
 
 struct Listeners::All {

@@ -12,6 +12,7 @@
 #include "btctl/events/Event.h"
 #include "btctl/output/PlainText.h"
 #include "btctl/output/TerminalSafe.h"
+#include "glib/Owned.h"
 
 namespace btctl {
 namespace {
@@ -46,10 +47,10 @@ void WriteError(const std::string& text) {
 
 /// The time of day, in the time zone of the machine, with milliseconds.
 std::string LocalTime(const std::string& iso) {
-  g_autoptr(GDateTime) time = g_date_time_new_from_iso8601(iso.c_str(), nullptr);
-  g_autoptr(GDateTime) local = g_date_time_to_local(time);
-  g_autofree char* text = g_date_time_format(local, "%H:%M:%S");
-  return text + iso.substr(iso.find('.'), 4);
+  const OwnedDateTime time(g_date_time_new_from_iso8601(iso.c_str(), nullptr));
+  const OwnedDateTime local(g_date_time_to_local(time.get()));
+  const OwnedText text(g_date_time_format(local.get(), "%H:%M:%S"));
+  return text.get() + iso.substr(iso.find('.'), 4);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <glib.h>
 
 #include "btctl/base/Json.h"
+#include "glib/Owned.h"
 
 namespace btctl {
 namespace {
@@ -29,9 +30,9 @@ bool IsSafe(gunichar character) {
 /// The text with `replace` of each character that is not safe.
 template <typename Replace>
 std::string Filtered(const std::string& text, const Replace& replace) {
-  g_autofree char* valid = g_utf8_make_valid(text.c_str(), static_cast<gssize>(text.size()));
+  const OwnedText valid(g_utf8_make_valid(text.c_str(), static_cast<gssize>(text.size())));
   std::string filtered;
-  for (const char *at = valid, *next = at; *at != '\0'; at = next) {
+  for (const char *at = valid.get(), *next = at; *at != '\0'; at = next) {
     next = g_utf8_next_char(at);
     const gunichar character = g_utf8_get_char(at);
     filtered += IsSafe(character) ? std::string(at, next) : replace(character);

@@ -6,7 +6,7 @@
 
 #include <glib.h>
 
-#include "btctl/session/Source.h"
+#include "glib/OwnedId.h"
 
 namespace btctl {
 
@@ -24,7 +24,7 @@ class Alarm {
 
  private:
   const std::chrono::steady_clock::time_point m_time;
-  const Source m_wakeUp;
+  const OwnedSourceId m_wakeUp;
 };
 
 }  // namespace btctl

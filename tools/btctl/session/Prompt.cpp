@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "btctl/output/TerminalSafe.h"
-#include "btctl/session/Source.h"
+#include "glib/OwnedId.h"
 
 namespace btctl {
 namespace {
@@ -39,7 +39,7 @@ std::string Prompt(Session& session, const std::string& question) {
   std::fputs(TerminalSafe(question).c_str(), stderr);
   std::fflush(stderr);
   Input input;
-  const Source reading(
+  const OwnedSourceId reading(
       g_unix_fd_add(STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), Take, &input));
   try {
     session.WaitUntil([&] { return input.isComplete; });

@@ -10,7 +10,7 @@
 #include "btctl/base/Failure.h"
 #include "btctl/bus/SessionBus.h"
 #include "btctl/session/Alarm.h"
-#include "btctl/session/Source.h"
+#include "glib/OwnedId.h"
 
 namespace btctl {
 
@@ -105,7 +105,7 @@ class Session {
   void OnService(bool isThere);
   void ThrowIfOver() const;
 
-  const Source m_interrupts;
+  const OwnedSourceId m_interrupts;
   std::unique_ptr<EventHub> m_events;
   std::optional<ServiceWatch> m_watch;
   std::optional<Alarm> m_deadline;

@@ -9,6 +9,7 @@
 #include "btctl/bus/SessionBus.h"
 #include "btctl/sim/ControlHelp.h"
 #include "btctl/sim/Variants.h"
+#include "glib/Owned.h"
 
 namespace btctl {
 namespace {
@@ -49,7 +50,7 @@ ControlMethod Find(const std::string& control) {
   return *found;
 }
 
-VariantPtr Pack(const ControlMethod& method, const std::vector<std::string>& values) {
+OwnedVariant Pack(const ControlMethod& method, const std::vector<std::string>& values) {
   if (values.size() != method.in.size()) {
     std::string names;
     for (const ControlValue& argument : method.in) {
@@ -60,13 +61,13 @@ VariantPtr Pack(const ControlMethod& method, const std::vector<std::string>& val
                       std::to_string(values.size()),
                   "They are: 'btctl sim " + CommandOf(method.name) + names + "'.");
   }
-  std::vector<VariantPtr> owned;  // until the tuple holds them
+  std::vector<OwnedVariant> owned;  // until the tuple holds them
   std::vector<GVariant*> children;
   for (std::size_t i = 0; i < method.in.size(); ++i) {
     owned.push_back(ToVariant(values[i], method.in[i].type, method.in[i].name));
     children.push_back(owned.back().get());
   }
-  return VariantPtr(g_variant_ref_sink(g_variant_new_tuple(children.data(), children.size())));
+  return OwnedVariant(g_variant_new_tuple(children.data(), children.size()));
 }
 
 }  // namespace
@@ -86,10 +87,10 @@ Json ListControls() {
 
 Json UseControl(const std::string& control, const std::vector<std::string>& values) {
   const ControlMethod method = Find(control);
-  const VariantPtr answer = CallControl(method, Pack(method, values));
+  const OwnedVariant answer = CallControl(method, Pack(method, values));
   Json answers = Json::object();
   for (std::size_t i = 0; i < method.out.size() && i < g_variant_n_children(answer.get()); ++i) {
-    const VariantPtr child(g_variant_get_child_value(answer.get(), i));
+    const OwnedVariant child(g_variant_get_child_value(answer.get(), i));
     answers[method.out[i].name] = ToJson(child.get());
   }
   return answers;

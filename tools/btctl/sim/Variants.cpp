@@ -4,31 +4,27 @@
 #include "btctl/base/Json.h"
 #include "btctl/commands/FromText.h"
 #include "btctl/words/Words.h"
+#include "glib/Owned.h"
 
 namespace btctl {
-namespace {
 
-VariantPtr Owned(GVariant* floating) { return VariantPtr(g_variant_ref_sink(floating)); }
-
-}  // namespace
-
-VariantPtr ToVariant(const std::string& text, const std::string& type, const std::string& argument) {
+OwnedVariant ToVariant(const std::string& text, const std::string& type, const std::string& argument) {
   switch (type.front()) {
     case 's':
-      return Owned(g_variant_new_string(text.c_str()));
+      return OwnedVariant(g_variant_new_string(text.c_str()));
     case 'b':
-      return Owned(g_variant_new_boolean(
+      return OwnedVariant(g_variant_new_boolean(
           (text == "true" || text == "yes" || SwitchWords().Find(text) == 1) ? TRUE : FALSE));
     default:
       break;
   }
   if (type == "ay") {
     const std::vector<unsigned char> bytes = ParseBytes(text);
-    return Owned(g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, bytes.data(), bytes.size(), 1));
+    return OwnedVariant(g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, bytes.data(), bytes.size(), 1));
   }
-  g_autoptr(GError) error = nullptr;
-  g_autoptr(GVariantType) wanted = g_variant_type_new(type.c_str());
-  VariantPtr value(g_variant_parse(wanted, text.c_str(), nullptr, nullptr, &error));  // never floating
+  OwnedError error;
+  const OwnedVariantType wanted(g_variant_type_new(type.c_str()));
+  OwnedVariant value(g_variant_parse(wanted.get(), text.c_str(), nullptr, nullptr, error.Out()));
   if (value == nullptr) {
     throw Failure(EXIT_USAGE,
                   argument + " is '" + text + "', not of the type '" + type + "': " + error->message);
@@ -56,15 +52,12 @@ Json ToJson(GVariant* value) {
     case G_VARIANT_CLASS_TUPLE: {
       Json all = Json::array();
       for (gsize i = 0; i < g_variant_n_children(value); ++i) {
-        g_autoptr(GVariant) child = g_variant_get_child_value(value, i);
-        all.push_back(ToJson(child));
+        all.push_back(ToJson(OwnedVariant(g_variant_get_child_value(value, i)).get()));
       }
       return all;
     }
-    default: {
-      g_autofree char* text = g_variant_print(value, FALSE);
-      return text;
-    }
+    default:
+      return OwnedText(g_variant_print(value, FALSE)).get();
   }
 }
 
