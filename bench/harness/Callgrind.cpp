@@ -21,12 +21,11 @@ constexpr const char* kPlainStringFunctions =
 class OutputFolder {
  public:
   OutputFolder() {
-    gchar* const folder = g_dir_make_tmp("bench-XXXXXX", nullptr);
+    const OwnedText folder(g_dir_make_tmp("bench-XXXXXX", nullptr));
     if (folder == nullptr) {
       throw std::runtime_error("there is no place for what callgrind writes");
     }
-    m_path = folder;
-    g_free(folder);
+    m_path = folder.get();
   }
   ~OutputFolder() {
     std::error_code ignored;
@@ -105,11 +104,9 @@ double CountOfWholeRun(const std::string& folder) {
 }  // namespace
 
 void RequireCallgrind() {
-  gchar* const valgrind = g_find_program_in_path("valgrind");
-  if (valgrind == nullptr) {
+  if (OwnedText(g_find_program_in_path("valgrind")) == nullptr) {
     throw std::runtime_error("valgrind is not installed: script/bootstrap bench installs it");
   }
-  g_free(valgrind);
 }
 
 double CostOfPart(const PartCosts& costs, const std::string& part) {
@@ -156,13 +153,12 @@ CountedProcess::CountedProcess(const std::string& name, const std::vector<std::s
 }
 
 CountedProcess::~CountedProcess() {
-  g_subprocess_force_exit(m_process);
-  g_subprocess_wait(m_process, nullptr, nullptr);
-  g_object_unref(m_process);
+  g_subprocess_force_exit(m_process.get());
+  g_subprocess_wait(m_process.get(), nullptr, nullptr);
 }
 
 double CountedProcess::End() {
-  g_subprocess_send_signal(m_process, SIGTERM);
-  g_subprocess_wait(m_process, nullptr, nullptr);
+  g_subprocess_send_signal(m_process.get(), SIGTERM);
+  g_subprocess_wait(m_process.get(), nullptr, nullptr);
   return CountOfWholeRun(m_output->folder.Path());
 }

@@ -8,6 +8,8 @@
 
 #include <gio/gio.h>
 
+#include "glib/Owned.h"
+
 // Programs that run under valgrind's tool callgrind, which counts their instructions. They are installed
 // beside this one. Whatever fails throws std::runtime_error.
 //
@@ -47,7 +49,7 @@ class CountedProcess {
   struct Output;
 
   std::unique_ptr<Output> m_output;
-  GSubprocess* m_process;
+  OwnedObject<GSubprocess> m_process;
 };
 
 #endif

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "glib/Owned.h"
 #include "ipc/BtProxy.h"
 
 unsigned g_eventsHeard = 0;
@@ -16,7 +17,7 @@ gboolean OnBareProfile(ComZelkLinuxBluetooth*, const gchar*, guchar, gpointer) {
   return ++g_eventsHeard != 0;
 }
 
-/// Disconnects all handlers of one GObject signal from the proxy.
+/// Disconnects all handlers of one GObject signal from the proxy, the library's as well: nobody owns them.
 void Disconnect(guint signal) {
   while (const gulong handler =
              g_signal_handler_find(g_BtProxy, G_SIGNAL_MATCH_ID, signal, 0, nullptr, nullptr, nullptr)) {
@@ -26,9 +27,8 @@ void Disconnect(guint signal) {
 
 void DisconnectAll() {
   guint count = 0;
-  guint* const ids = g_signal_list_ids(com_zelk_linux_bluetooth_get_type(), &count);
-  std::for_each(ids, ids + count, Disconnect);
-  g_free(ids);
+  const OwnedMemory<guint> ids(g_signal_list_ids(com_zelk_linux_bluetooth_get_type(), &count));
+  std::for_each(ids.get(), ids.get() + count, Disconnect);
 }
 
 }  // namespace

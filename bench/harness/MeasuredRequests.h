@@ -8,7 +8,8 @@
 
 #include "ipc/BtProxy.h"
 
-// The requests that are measured, by hand and through a facade.
+// The requests that are measured, by hand and through a facade. By hand means as in C, without anything of
+// this tree: a yardstick stays as it is. So errors are not owned here as elsewhere (glib/Owned.h).
 
 inline void AcceptCallByHand() {
   gint result = 0;

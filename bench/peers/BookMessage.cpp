@@ -2,7 +2,7 @@
 
 #include <utility>
 
-GVariant* PackAsMessage(const PhoneBook& book) {
+OwnedVariant PackAsMessage(const PhoneBook& book) {
   GVariantBuilder contacts;
   g_variant_builder_init(&contacts, G_VARIANT_TYPE("a(issa(ias))"));
   for (const MWPTypeContact& contact : book) {
@@ -19,18 +19,18 @@ GVariant* PackAsMessage(const PhoneBook& book) {
     g_variant_builder_add(&contacts, "(issa(ias))", contact.nContactId, contact.strText1.c_str(),
                           contact.strText2.c_str(), &groups);
   }
-  return g_variant_new("(a(issa(ias)))", &contacts);
+  return OwnedVariant(g_variant_new("(a(issa(ias)))", &contacts));
 }
 
 PhoneBook UnpackMessage(GVariant* message) {
   PhoneBook book;
-  GVariantIter* contacts = nullptr;
-  g_variant_get(message, "(a(issa(ias)))", &contacts);
+  OwnedVariantIter contacts;
+  g_variant_get(message, "(a(issa(ias)))", contacts.Out());
   gint id = 0;
   const gchar* text1 = nullptr;
   const gchar* text2 = nullptr;
   GVariantIter* groups = nullptr;
-  while (g_variant_iter_loop(contacts, "(i&s&sa(ias))", &id, &text1, &text2, &groups)) {
+  while (g_variant_iter_loop(contacts.get(), "(i&s&sa(ias))", &id, &text1, &text2, &groups)) {
     MWPTypeContact& contact = book.emplace_back();
     contact.nContactId = id;
     contact.strText1 = text1;
@@ -47,6 +47,5 @@ PhoneBook UnpackMessage(GVariant* message) {
       }
     }
   }
-  g_variant_iter_free(contacts);
   return book;
 }

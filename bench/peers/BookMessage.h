@@ -3,11 +3,10 @@
 
 // The phone book as the body of one D-Bus message, (a(issa(ias))).
 
-#include <glib.h>
-
 #include "bench/book/PhoneBook.h"
+#include "glib/Owned.h"
 
-GVariant* PackAsMessage(const PhoneBook& book);
+OwnedVariant PackAsMessage(const PhoneBook& book);
 PhoneBook UnpackMessage(GVariant* message);
 
 #endif

@@ -3,6 +3,8 @@
 
 #include <gio/gio.h>
 
+#include "glib/Owned.h"
+
 /// The process at the other side of the benchmarks, for as long as this object lives. Whatever fails here
 /// throws std::runtime_error.
 class Responder {
@@ -16,14 +18,14 @@ class Responder {
   /// Has a signal of the service sent many times. When this returns, all of them wait in the main context of
   /// the calling thread, if it is subscribed there: they came before the answer, over the same connection.
   void Emit(const char* signal, GVariant* arguments, unsigned times);
-  /// Fetches the phone book as one message. The caller owns it.
-  GVariant* FetchBook();
+  /// Fetches the phone book as one message.
+  OwnedVariant FetchBook();
 
  private:
-  GVariant* Call(const char* method, GVariant* arguments);
+  OwnedVariant Call(const char* method, GVariant* arguments);
 
-  GSubprocess* m_process;
-  GDBusConnection* m_connection;  // the one that the library uses
+  OwnedObject<GDBusConnection> m_connection;  // the one that the library uses
+  OwnedObject<GSubprocess> m_process;
 };
 
 #endif

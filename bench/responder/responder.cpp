@@ -13,6 +13,7 @@
 #include "bench/book/PhoneBook.h"
 #include "bench/peers/BookMessage.h"
 #include "bench/responder/BenchInterface.h"
+#include "glib/OwnedBus.h"
 #include "ipc/ShareMemory/ShareMemory.h"
 #include "protocol/BusNames.h"
 #include "protocol/Segments.h"
@@ -35,13 +36,13 @@ struct Book {
     if (message == nullptr) {
       const PhoneBook contacts = MakeFullBook();
       segment = PackForSegment(contacts);
-      message = g_variant_ref_sink(PackAsMessage(contacts));
+      message = PackAsMessage(contacts);
     }
   }
 
   std::vector<unsigned char> segment;
-  GVariant* message = nullptr;  ///< the reply of GetBook
-  void* memory;                 ///< of SH_CONTACT_LIST
+  OwnedVariant message;  ///< the reply of GetBook
+  void* memory;          ///< of SH_CONTACT_LIST
 };
 
 /// The memory of SH_CONTACT_LIST; null if it cannot be had.
@@ -84,14 +85,13 @@ gboolean OnGetContactList(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* 
 
 void EmitInBulk(GDBusConnection* connection, GVariant* parameters) {
   const gchar* signal = nullptr;
-  GVariant* arguments = nullptr;
+  OwnedVariant arguments;
   guint times = 0;
-  g_variant_get(parameters, "(&svu)", &signal, &arguments, &times);
+  g_variant_get(parameters, "(&svu)", &signal, arguments.Out(), &times);
   for (guint i = 0; i < times; ++i) {
-    g_dbus_connection_emit_signal(connection, nullptr, kServicePath, kServiceName, signal, arguments,
+    g_dbus_connection_emit_signal(connection, nullptr, kServicePath, kServiceName, signal, arguments.get(),
                                   nullptr);
   }
-  g_variant_unref(arguments);
 }
 
 void OnControl(GDBusConnection* connection, const gchar*, const gchar*, const gchar*, const gchar* method,
@@ -102,7 +102,7 @@ void OnControl(GDBusConnection* connection, const gchar*, const gchar*, const gc
   } else {
     auto& book = *static_cast<Book*>(data);
     book.Make();
-    g_dbus_method_invocation_return_value(invocation, book.message);
+    g_dbus_method_invocation_return_value(invocation, book.message.get());
   }
 }
 
@@ -120,32 +120,28 @@ bool Export(GDBusConnection* connection, ComZelkLinuxBluetooth* skeleton, Book& 
   g_signal_connect(skeleton, "handle-dis-connect", G_CALLBACK(OnDisConnect), nullptr);
   g_signal_connect(skeleton, "handle-get-contact-list", G_CALLBACK(OnGetContactList), &book);
 
-  GError* error = nullptr;
-  GDBusNodeInfo* const control = g_dbus_node_info_new_for_xml(kControlXml, nullptr);
+  OwnedError error;
+  const OwnedNodeInfo control(g_dbus_node_info_new_for_xml(kControlXml, nullptr));
   static const GDBusInterfaceVTable kControlTable = {OnControl, nullptr, nullptr, {}};
-  GVariant* reply = nullptr;
   const bool exported = g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(skeleton), connection,
-                                                         kServicePath, &error) &&
+                                                         kServicePath, error.Out()) &&
                         g_dbus_connection_register_object(connection, kBenchPath, control->interfaces[0],
-                                                          &kControlTable, &book, nullptr, &error) != 0 &&
-                        (reply = g_dbus_connection_call_sync(
-                             connection, "org.freedesktop.DBus", "/org/freedesktop/DBus",
-                             "org.freedesktop.DBus", "RequestName", g_variant_new("(su)", kServiceName, 0U),
-                             nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, &error)) != nullptr;
+                                                          &kControlTable, &book, nullptr, error.Out()) != 0 &&
+                        OwnedVariant(g_dbus_connection_call_sync(
+                            connection, "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                            "org.freedesktop.DBus", "RequestName", g_variant_new("(su)", kServiceName, 0U),
+                            nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.Out())) != nullptr;
   if (!exported) {
     std::fprintf(stderr, "responder: %s\n", error->message);
   }
-  g_clear_error(&error);
-  g_clear_pointer(&reply, g_variant_unref);
-  g_dbus_node_info_unref(control);
   return exported;
 }
 
 }  // namespace
 
 int main() {
-  GError* error = nullptr;
-  GDBusConnection* const connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, &error);
+  OwnedError error;
+  const OwnedObject<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.Out()));
   if (connection == nullptr) {
     std::fprintf(stderr, "responder: %s\n", error->message);
     return 1;
@@ -157,14 +153,14 @@ int main() {
   }
 
   Book book(memory);
-  ComZelkLinuxBluetooth* const skeleton = com_zelk_linux_bluetooth_skeleton_new();
-  GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
-  if (!Export(connection, skeleton, book)) {
+  const OwnedObject<ComZelkLinuxBluetooth> skeleton(com_zelk_linux_bluetooth_skeleton_new());
+  const OwnedMainLoop loop(g_main_loop_new(nullptr, FALSE));
+  if (!Export(connection.get(), skeleton.get(), book)) {
     return 1;
   }
   std::puts("ready");
   std::fflush(stdout);
-  g_unix_fd_add(STDIN_FILENO, G_IO_HUP, OnInputEnds, loop);
-  g_main_loop_run(loop);
+  g_unix_fd_add(STDIN_FILENO, G_IO_HUP, OnInputEnds, loop.get());
+  g_main_loop_run(loop.get());
   return 0;
 }

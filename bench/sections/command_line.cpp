@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,6 +13,7 @@
 #include "bench/harness/Programs.h"
 #include "bench/harness/Rounds.h"
 #include "bench/sections/Sections.h"
+#include "glib/Owned.h"
 
 namespace {
 
@@ -42,7 +42,7 @@ RunCost Run(const std::string& program, const std::vector<std::string>& argument
 }
 
 std::optional<std::string> FindInPath(const char* program) {
-  const std::unique_ptr<gchar, decltype(&g_free)> path(g_find_program_in_path(program), g_free);
+  const OwnedText path(g_find_program_in_path(program));
   return path != nullptr ? std::optional<std::string>(path.get()) : std::nullopt;
 }
 

@@ -86,16 +86,15 @@ void ComparePeers(Report& report, const std::vector<Way>& ways) {
 void CompareDecoders(Report& report, const PhoneBook& book) {
   const QuickCall noServiceInvolved;
   PhoneBook previous;
-  GVariant* const message = g_variant_ref_sink(PackAsMessage(book));
+  const OwnedVariant message = PackAsMessage(book);
   std::vector<Way> ways = {Refilling("GetContactList, previous list", kProcessor, previous),
                            Filling("one D-Bus message, unpacked with GVariant", kProcessor, book,
-                                   [message](PhoneBook& list) { list = UnpackMessage(message); })};
+                                   [&message](PhoneBook& list) { list = UnpackMessage(message.get()); })};
 #ifdef BENCH_HAS_VFORMAT
   ways.push_back(Filling("vCard text, parsed with libvformat", kProcessor, book,
                          [cards = PackAsVCards(book)](PhoneBook& list) { list = ParseVCards(cards); }));
 #endif
   ComparePeers(report, ways);
-  g_variant_unref(message);
 }
 
 #if defined(BENCH_HAS_VFORMAT) && defined(BENCH_HAS_VCARD_READER)
@@ -138,9 +137,7 @@ void CompareFetches(Report& report, const PhoneBook& book, Responder& responder)
   ComparePeers(
       report, {Refilling("GetContactList and its call", kWall, previous),
                Filling("one D-Bus message, fetched and unpacked", kWall, book, [&responder](PhoneBook& list) {
-                 GVariant* const message = responder.FetchBook();
-                 list = UnpackMessage(message);
-                 g_variant_unref(message);
+                 list = UnpackMessage(responder.FetchBook().get());
                })});
 }
 

@@ -8,6 +8,7 @@
 
 #include "bench/harness/Callgrind.h"
 #include "bench/sections/CountedSections.h"
+#include "glib/Owned.h"
 #include "protocol/BusNames.h"
 
 namespace {
@@ -19,12 +20,10 @@ constexpr gulong kBetweenTries = 50000;  // microseconds
 
 /// Asks once; false if nobody answers.
 bool AskForPower(GDBusConnection* connection) {
-  GVariant* reply = g_dbus_connection_call_sync(connection, kServiceName, kServicePath, kServiceInterface,
-                                                "GetPowerStatus", nullptr, G_VARIANT_TYPE("(y)"),
-                                                G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, nullptr);
-  const bool answered = reply != nullptr;
-  g_clear_pointer(&reply, g_variant_unref);
-  return answered;
+  const OwnedVariant reply(g_dbus_connection_call_sync(
+      connection, kServiceName, kServicePath, kServiceInterface, "GetPowerStatus", nullptr,
+      G_VARIANT_TYPE("(y)"), G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, nullptr));
+  return reply != nullptr;
 }
 
 void WaitUntilAnswered(GDBusConnection* connection, const std::string& program) {
@@ -60,13 +59,12 @@ double CountAnswer(GDBusConnection* connection, const std::string& program,
 }  // namespace
 
 void CountService(Report& report) {
-  GDBusConnection* const connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
+  const OwnedObject<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
   if (connection == nullptr) {
     throw std::runtime_error("there is no session bus; script/bench provides one");
   }
-  const double skeleton = CountAnswer(connection, "bt_bench_responder");
-  const double service = CountAnswer(connection, "btservice", {"--no-state", "--world=empty"});
-  g_object_unref(connection);
+  const double skeleton = CountAnswer(connection.get(), "bt_bench_responder");
+  const double service = CountAnswer(connection.get(), "btservice", {"--no-state", "--world=empty"});
   report.BeginSection("service", "instructions with which a service answers a request, in all its threads");
   report.Add({"GetPowerStatus, btservice", Instructions(service), "an empty skeleton", Instructions(skeleton),
               Times(service / skeleton), kLimit});
