@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "protocol/BusNames.h"
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 
 namespace conformance {
@@ -19,9 +20,9 @@ std::string FromEnvironment(const char* name, const char* otherwise) {
 Phone::Phone()
     : m_name(FromEnvironment("BTCONFORMANCE_PHONE_NAME", kServiceName)),
       m_path(FromEnvironment("BTCONFORMANCE_PHONE_PATH", kControlPath)) {
-  bttest::ErrorCollector error;
-  m_connection.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
-  error.ThrowIfSet("connecting to the bus");
+  OwnedError error;
+  m_connection.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.Out()));
+  bttest::ThrowIfSet(error, "connecting to the bus");
 }
 
 bool Phone::Can(const std::string& verb) {
@@ -34,7 +35,7 @@ bool Phone::Can(const std::string& verb) {
 std::set<std::string> Phone::Verbs() {
   std::set<std::string> verbs;
   try {
-    const bttest::VariantPtr answer = Call("org.freedesktop.DBus.Introspectable", "Introspect", nullptr);
+    const OwnedVariant answer = Call("org.freedesktop.DBus.Introspectable", "Introspect", nullptr);
     const char* xml = nullptr;
     g_variant_get(answer.get(), "(&s)", &xml);
     for (const bttest::InterfaceDescription& interface : bttest::ParseInterfaces(xml)) {
@@ -51,7 +52,7 @@ std::set<std::string> Phone::Verbs() {
 }
 
 bool Phone::Do(const std::string& verb, GVariant* arguments) {
-  const bttest::VariantPtr answer = Call(kOutsideInterface, verb.c_str(), arguments);
+  const OwnedVariant answer = Call(kOutsideInterface, verb.c_str(), arguments);
   gboolean happened = FALSE;
   g_variant_get(answer.get(), "(b)", &happened);
   return happened != FALSE;
@@ -65,12 +66,12 @@ bool Phone::Do(const std::string& verb, const std::string& address, const std::s
   return Do(verb, g_variant_new("(ss)", address.c_str(), text.c_str()));
 }
 
-bttest::VariantPtr Phone::Call(const char* interface, const char* method, GVariant* arguments) {
-  bttest::ErrorCollector error;
-  bttest::VariantPtr answer(g_dbus_connection_call_sync(m_connection.get(), m_name.c_str(), m_path.c_str(),
-                                                        interface, method, arguments, nullptr,
-                                                        G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
-  error.ThrowIfSet(method);
+OwnedVariant Phone::Call(const char* interface, const char* method, GVariant* arguments) {
+  OwnedError error;
+  OwnedVariant answer(g_dbus_connection_call_sync(m_connection.get(), m_name.c_str(), m_path.c_str(),
+                                                  interface, method, arguments, nullptr,
+                                                  G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.Out()));
+  bttest::ThrowIfSet(error, method);
   return answer;
 }
 

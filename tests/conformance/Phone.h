@@ -7,7 +7,7 @@
 
 #include <gio/gio.h>
 
-#include "support/GlibPointers.h"
+#include "glib/OwnedBus.h"
 
 namespace conformance {
 
@@ -33,9 +33,9 @@ class Phone {
 
  private:
   std::set<std::string> Verbs();
-  bttest::VariantPtr Call(const char* interface, const char* method, GVariant* arguments);
+  OwnedVariant Call(const char* interface, const char* method, GVariant* arguments);
 
-  bttest::ConnectionPtr m_connection;
+  OwnedObject<GDBusConnection> m_connection;
   std::string m_name;
   std::string m_path;
   std::optional<std::set<std::string>> m_verbs;  ///< nothing before they were asked for

@@ -1,5 +1,6 @@
 #include "contract/AskedLibrary.h"
 
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 
 namespace bttest {
@@ -22,10 +23,10 @@ void AskedLibrary::ExpectNotAsked(const RequestCase& request, const RequestCall&
 
 void AskedLibrary::SetReply(const std::string& method, const std::string& reply) {
   const std::string type = TupleSignature(BluetoothInterface().Method(method).out);
-  ErrorCollector error;
-  const VariantPtr value(
-      g_variant_parse(G_VARIANT_TYPE(type.c_str()), reply.c_str(), nullptr, nullptr, error));
-  error.ThrowIfSet("the reply of " + method);
+  OwnedError error;
+  const OwnedVariant value(
+      g_variant_parse(G_VARIANT_TYPE(type.c_str()), reply.c_str(), nullptr, nullptr, error.Out()));
+  ThrowIfSet(error, "the reply of " + method);
   library.recorder.SetReply(method, value.get());
 }
 

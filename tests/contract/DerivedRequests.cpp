@@ -11,6 +11,7 @@
 #include <bluetooth/MWPBtSpp.h>
 
 #include "contract/DerivedCalls.h"
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 
 namespace bttest {
@@ -18,11 +19,13 @@ namespace {
 
 constexpr int kOrdinaryValues = 0;
 
-VariantPtr OrdinaryValues(const Arguments& arguments) { return Own(MakeTuple(arguments, kOrdinaryValues)); }
+OwnedVariant OrdinaryValues(const Arguments& arguments) {
+  return OwnedVariant(MakeTuple(arguments, kOrdinaryValues));
+}
 
 template <typename Class, typename Result, typename... Params>
 RequestCall DerivedCall(const std::string& name, Result (Class::*method)(Params...)) {
-  const VariantPtr values = OrdinaryValues(BluetoothInterface().Method(name).in);
+  const OwnedVariant values = OrdinaryValues(BluetoothInterface().Method(name).in);
   const In in(values.get());
   ArgumentSource source(in);
   const auto arguments = TakeArguments<Params...>(source);
@@ -94,7 +97,7 @@ const std::vector<Request>& Requests() {
 template <typename Result, typename... Params>
 int CallWithAddress(MWPBtCom& com, const std::string& name, Result (MWPBtCom::*method)(Params...),
                     const std::string& address) {
-  const VariantPtr values = OrdinaryValues(BluetoothInterface().Method(name).in);
+  const OwnedVariant values = OrdinaryValues(BluetoothInterface().Method(name).in);
   const In in(values.get());
   ArgumentSource source(in);
   auto arguments = TakeArguments<Params...>(source);

@@ -9,6 +9,7 @@
 #include "libbluetooth/MWPBtClient.h"
 #include "protocol/BusNames.h"
 #include "support/BusDaemon.h"
+#include "support/GlibHelpers.h"
 #include "support/MainLoop.h"
 #include "support/Recorder.h"
 
@@ -31,12 +32,12 @@ class StartedLibrary {
   /// Lets the library handle every signal that the service has sent.
   static void HandleSignals() {
     // What the service answers comes after the signals, on the same connection.
-    ErrorCollector error;
-    const VariantPtr pong(g_dbus_connection_call_sync(g_dbus_proxy_get_connection(G_DBUS_PROXY(g_BtProxy)),
-                                                      kServiceName, kServicePath, "org.freedesktop.DBus.Peer",
-                                                      "Ping", nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE,
-                                                      static_cast<int>(kBound.count()), nullptr, error));
-    error.ThrowIfSet("asking the service for a sign of life");
+    OwnedError error;
+    const OwnedVariant pong(g_dbus_connection_call_sync(
+        g_dbus_proxy_get_connection(G_DBUS_PROXY(g_BtProxy)), kServiceName, kServicePath,
+        "org.freedesktop.DBus.Peer", "Ping", nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE,
+        static_cast<int>(kBound.count()), nullptr, error.Out()));
+    ThrowIfSet(error, "asking the service for a sign of life");
     RunPending();
   }
 

@@ -83,10 +83,10 @@ GVariant* MakeValue(const std::string& signature, std::size_t place, int variety
   throw std::logic_error("the interface has no such type: " + signature);
 }
 
-GVariant* MakeTupleOf(const std::vector<VariantPtr>& values) {
+GVariant* MakeTupleOf(const std::vector<OwnedVariant>& values) {
   GVariantBuilder builder;
   g_variant_builder_init(&builder, G_VARIANT_TYPE_TUPLE);
-  for (const VariantPtr& value : values) {
+  for (const OwnedVariant& value : values) {
     g_variant_builder_add_value(&builder, value.get());
   }
   return g_variant_builder_end(&builder);
@@ -95,17 +95,17 @@ GVariant* MakeTupleOf(const std::vector<VariantPtr>& values) {
 }  // namespace
 
 GVariant* MakeTuple(const Arguments& arguments, int variety) {
-  std::vector<VariantPtr> values;
+  std::vector<OwnedVariant> values;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
-    values.push_back(Own(MakeValue(arguments[i].signature, i, variety)));
+    values.push_back(OwnedVariant(MakeValue(arguments[i].signature, i, variety)));
   }
   return MakeTupleOf(values);
 }
 
-VariantPtr In::Child(std::size_t i) const { return VariantPtr(g_variant_get_child_value(m_tuple, i)); }
+OwnedVariant In::Child(std::size_t i) const { return OwnedVariant(g_variant_get_child_value(m_tuple, i)); }
 
 int In::Int(std::size_t i) const {
-  const VariantPtr child = Child(i);
+  const OwnedVariant child = Child(i);
   switch (g_variant_classify(child.get())) {
     case G_VARIANT_CLASS_BYTE:
       return g_variant_get_byte(child.get());
@@ -125,8 +125,8 @@ std::string In::Text(std::size_t i) const {
 }
 
 std::vector<unsigned char> In::Bytes(std::size_t i) const {
-  const VariantPtr child = Child(i);
-  const VariantPtr bytes(g_variant_get_variant(child.get()));
+  const OwnedVariant child = Child(i);
+  const OwnedVariant bytes(g_variant_get_variant(child.get()));
   gsize size = 0;
   const auto* const data =
       static_cast<const unsigned char*>(g_variant_get_fixed_array(bytes.get(), &size, 1));
@@ -147,7 +147,7 @@ std::vector<std::string> TextsOf(GVariant* arguments) {
   const In in(arguments);
   std::vector<std::string> texts;
   for (std::size_t i = 0; i < g_variant_n_children(arguments); ++i) {
-    const VariantPtr value(g_variant_get_child_value(arguments, i));
+    const OwnedVariant value(g_variant_get_child_value(arguments, i));
     if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_STRING)) {
       texts.push_back(ValueText::Of(in.Text(i)));
     } else if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_VARIANT)) {
@@ -169,7 +169,7 @@ std::vector<std::string> TextsOf(GVariant* arguments) {
 }
 
 Out& Out::Add(GVariant* value) {
-  m_values.push_back(Own(value));
+  m_values.push_back(OwnedVariant(value));
   return *this;
 }
 

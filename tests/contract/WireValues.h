@@ -40,7 +40,7 @@ class In {
   MWPTypePlayMode PlayMode(std::size_t i) const;
 
  private:
-  VariantPtr Child(std::size_t i) const;
+  OwnedVariant Child(std::size_t i) const;
 
   GVariant* m_tuple;
   std::optional<std::size_t> m_invalidText;
@@ -65,7 +65,7 @@ class Out {
   Out& Add(GVariant* value);
 
   Arguments m_arguments;
-  std::vector<VariantPtr> m_values;
+  std::vector<OwnedVariant> m_values;
 };
 
 }  // namespace bttest

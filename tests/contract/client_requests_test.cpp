@@ -12,6 +12,7 @@
 
 #include "contract/AskedLibrary.h"
 #include "contract/Witness.h"
+#include "glib/OwnedBus.h"
 #include "support/InterfaceDescription.h"
 
 namespace bttest {
@@ -148,9 +149,7 @@ class LogAtDeparture {
  public:
   explicit LogAtDeparture(const LogCapture& log)
       : m_log(log),
-        m_connection(g_dbus_proxy_get_connection(G_DBUS_PROXY(g_BtProxy))),
-        m_filter(g_dbus_connection_add_filter(m_connection, Watch, this, nullptr)) {}
-  ~LogAtDeparture() { g_dbus_connection_remove_filter(m_connection, m_filter); }
+        m_filter(Connection(), g_dbus_connection_add_filter(Connection(), Watch, this, nullptr)) {}
   LogAtDeparture(const LogAtDeparture&) = delete;
   LogAtDeparture& operator=(const LogAtDeparture&) = delete;
 
@@ -171,11 +170,12 @@ class LogAtDeparture {
     return message;
   }
 
+  static GDBusConnection* Connection() { return g_dbus_proxy_get_connection(G_DBUS_PROXY(g_BtProxy)); }
+
   const LogCapture& m_log;
-  GDBusConnection* const m_connection;
-  const guint m_filter;
   std::mutex m_mutex;
   std::vector<LogRecord> m_records;
+  OwnedFilter m_filter;
 };
 
 TEST_F(ClientRequest, ThatLogsFirstDoesSoBeforeItCallsTheService) {

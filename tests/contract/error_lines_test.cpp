@@ -49,7 +49,7 @@ TEST(ErrorLine, OfEachFailedRequestIsALineOfItsOwnMethod) {
     if (call == AdapterCalls().end()) {
       continue;
     }
-    const VariantPtr arguments = Own(MakeTuple(method.in, 0));
+    const OwnedVariant arguments(MakeTuple(method.in, 0));
     Out out(method.out);
     LogCapture log;
     call->second(adapter, In(arguments.get()), out);

@@ -13,7 +13,7 @@ TEST_F(Events, EverySignalReachesTheListenersOfItsKindInAscendingOrderWithEachVa
       continue;
     }
     for (int variety = 0; variety < kVarieties; ++variety) {
-      const VariantPtr arguments = Own(MakeTuple(signal.arguments, variety));
+      const OwnedVariant arguments(MakeTuple(signal.arguments, variety));
       Send(signal, arguments.get());
       ExpectOneKindHears(signal.name, TextsOf(arguments.get()));
     }
@@ -70,7 +70,7 @@ TEST_F(Events, AMissingTextIsAnEmptyOne) {
     if (signal.name == kHeardByNobody || signal.name == "OnSetDeviceOOBLinkKeyChanged") {
       continue;
     }
-    const VariantPtr arguments = Own(MakeTuple(signal.arguments, 0));
+    const OwnedVariant arguments(MakeTuple(signal.arguments, 0));
     receptions.all.clear();
     EmitOn(g_BtProxy, signal, arguments.get(), Texts::MISSING);
 
@@ -87,7 +87,7 @@ TEST_F(Events, AMissingTextIsAnEmptyOne) {
 TEST_F(Events, TheMissingAddressOfALinkKeyEventIsAnErrorAndReachesNobody) {
   const SignalDescription& signal = BluetoothInterface().Signal("OnSetDeviceOOBLinkKeyChanged");
   log.Clear();
-  EmitOn(g_BtProxy, signal, Own(g_variant_new("(sb)", "", TRUE)).get(), Texts::MISSING);
+  EmitOn(g_BtProxy, signal, OwnedVariant(g_variant_new("(sb)", "", TRUE)).get(), Texts::MISSING);
 
   EXPECT_TRUE(receptions.all.empty());
   const std::vector<LogRecord> records = log.Records();

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "contract/Witness.h"
+#include "glib/Owned.h"
 
 namespace bttest {
 namespace {
@@ -19,7 +20,7 @@ class Emission {
       if (arguments[i].signature == "s" && texts == Texts::MISSING) {
         g_value_init(&m_values[i + 1], G_TYPE_STRING);
       } else {
-        const VariantPtr value(g_variant_get_child_value(values, i));
+        const OwnedVariant value(g_variant_get_child_value(values, i));
         g_dbus_gvariant_to_gvalue(value.get(), &m_values[i + 1]);
       }
     }
@@ -37,14 +38,12 @@ class Emission {
   /// Calls a handler as an emission does, and gives what it answers, which emissions of this interface
   /// ignore.
   bool AnswerOf(GCallback handler, gpointer data) {
-    GClosure* const closure = g_cclosure_new(handler, data, nullptr);
-    g_closure_ref(closure);
-    g_closure_sink(closure);
-    g_closure_set_marshal(closure, g_cclosure_marshal_generic);
+    const OwnedClosure closure(g_closure_ref(g_cclosure_new(handler, data, nullptr)));
+    g_closure_sink(closure.get());
+    g_closure_set_marshal(closure.get(), g_cclosure_marshal_generic);
     GValue answer = G_VALUE_INIT;
     g_value_init(&answer, G_TYPE_BOOLEAN);
-    g_closure_invoke(closure, &answer, static_cast<guint>(m_values.size()), m_values.data(), nullptr);
-    g_closure_unref(closure);
+    g_closure_invoke(closure.get(), &answer, static_cast<guint>(m_values.size()), m_values.data(), nullptr);
     return g_value_get_boolean(&answer) != FALSE;
   }
 

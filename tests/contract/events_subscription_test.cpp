@@ -62,7 +62,7 @@ TEST_F(Events, AMissingLinkKeyAddressDoesNotMakeAClient) {
   listeners.reset();
   MWP_DestroyBlueTooth();
   EmitOn(g_BtProxy, BluetoothInterface().Signal("OnSetDeviceOOBLinkKeyChanged"),
-         Own(g_variant_new("(sb)", "", TRUE)).get(), Texts::MISSING);
+         OwnedVariant(g_variant_new("(sb)", "", TRUE)).get(), Texts::MISSING);
   EXPECT_EQ(TheClient(), nullptr);
 }
 
@@ -78,7 +78,7 @@ TEST_F(Events, ASecondConnectionIsSubscribedAndTheFirstKeepsItsHandlers) {
     if (signal.name == kHeardByNobody) {
       continue;
     }
-    const VariantPtr arguments = Own(MakeTuple(signal.arguments, 0));
+    const OwnedVariant arguments(MakeTuple(signal.arguments, 0));
     for (ComZelkLinuxBluetooth* const proxy : {first, second}) {
       receptions.all.clear();
       EmitOn(proxy, signal, arguments.get());

@@ -90,7 +90,7 @@ TEST_F(Handlers, AnswerTrue) {
   for (std::size_t i = 0; i < g_connections.size(); ++i) {
     const SignalDescription& signal = BluetoothInterface().Signal(SubscribedSignals()[i]);
     for (int variety = 0; variety < kVarieties; ++variety) {
-      const VariantPtr arguments = Own(MakeTuple(signal.arguments, variety));
+      const OwnedVariant arguments(MakeTuple(signal.arguments, variety));
       EXPECT_TRUE(AnswerOf(g_connections[i], signal, arguments.get())) << signal.name;
     }
   }
@@ -101,7 +101,7 @@ TEST_F(Handlers, AnswerTrueForMissingTextsButForTheAddressOfALinkKey) {
   ASSERT_EQ(g_connections.size(), SubscribedSignals().size());
   for (std::size_t i = 0; i < g_connections.size(); ++i) {
     const SignalDescription& signal = BluetoothInterface().Signal(SubscribedSignals()[i]);
-    const VariantPtr arguments = Own(MakeTuple(signal.arguments, 0));
+    const OwnedVariant arguments(MakeTuple(signal.arguments, 0));
     EXPECT_EQ(AnswerOf(g_connections[i], signal, arguments.get(), Texts::MISSING),
               signal.name != "OnSetDeviceOOBLinkKeyChanged")
         << signal.name;
@@ -119,7 +119,7 @@ TEST_F(Handlers, AnswerTrueWhenAListenerThrows) {
   Thrower listener;
   for (std::size_t i = 0; i < g_connections.size(); ++i) {
     if (SubscribedSignals()[i] == "OnHangupCallChanged") {
-      const VariantPtr none = Own(g_variant_new("()"));
+      const OwnedVariant none(g_variant_new("()"));
       EXPECT_TRUE(AnswerOf(g_connections[i], BluetoothInterface().Signal("OnHangupCallChanged"), none.get()));
     }
   }

@@ -6,7 +6,7 @@
 
 #include "support/BusDaemon.h"
 #include "support/ChildProcess.h"
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 #include "support/MainLoop.h"
 #include "support/Waiting.h"
@@ -50,10 +50,9 @@ TEST(Interface, OfTheLibraryIsThatOfTheDescriptionWithoutPropertiesOrAnnotations
 
 TEST(Interface, OverridesNoProperty) {
   // What reaches a class is the first free property number minus 1.
-  GObjectClass* const objectClass =
-      G_OBJECT_CLASS(g_type_class_ref(com_zelk_linux_bluetooth_skeleton_get_type()));
-  EXPECT_EQ(com_zelk_linux_bluetooth_override_properties(objectClass, 7), 6u);
-  g_type_class_unref(objectClass);
+  const OwnedTypeClass<GObjectClass> objectClass(
+      G_OBJECT_CLASS(g_type_class_ref(com_zelk_linux_bluetooth_skeleton_get_type())));
+  EXPECT_EQ(com_zelk_linux_bluetooth_override_properties(objectClass.get(), 7), 6u);
 }
 
 TEST(Interface, TypesHaveTheirNamesAndParents) {
@@ -66,7 +65,8 @@ TEST(Interface, TypesHaveTheirNamesAndParents) {
 }
 
 TEST(Interface, SignalsAreKnownByHyphensAndUnderscores) {
-  g_type_class_unref(g_type_class_ref(com_zelk_linux_bluetooth_proxy_get_type()));
+  // The signals are there once the class is.
+  const OwnedTypeClass<void> proxyClass(g_type_class_ref(com_zelk_linux_bluetooth_proxy_get_type()));
   const GType type = com_zelk_linux_bluetooth_get_type();
   for (const char* name :
        {"on-pbdownload-status", "on_pbdownload_status", "on-hidcalibration",
@@ -78,21 +78,20 @@ TEST(Interface, SignalsAreKnownByHyphensAndUnderscores) {
 /// Exports a skeleton without any handler, calls one of its methods over the bus, and answers the error.
 std::string CallWithoutHandler(const char* interface, const char* method, GVariant* arguments) {
   bttest::LoopThread loop(bttest::LoopThread::Context::DEFAULT);
-  bttest::ErrorCollector error;
-  const bttest::ConnectionPtr connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
-  error.ThrowIfSet("connecting");
-  GDBusInterfaceSkeleton* const skeleton = G_DBUS_INTERFACE_SKELETON(com_zelk_linux_bluetooth_skeleton_new());
-  g_dbus_interface_skeleton_export(skeleton, connection.get(), "/com/zelk/linux/bluetooth", error);
-  error.ThrowIfSet("exporting");
-  GError* failure = nullptr;
-  const bttest::VariantPtr reply(g_dbus_connection_call_sync(
+  OwnedError error;
+  const OwnedObject<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.Out()));
+  bttest::ThrowIfSet(error, "connecting");
+  const OwnedObject<GDBusInterfaceSkeleton> skeleton(
+      G_DBUS_INTERFACE_SKELETON(com_zelk_linux_bluetooth_skeleton_new()));
+  g_dbus_interface_skeleton_export(skeleton.get(), connection.get(), "/com/zelk/linux/bluetooth",
+                                   error.Out());
+  bttest::ThrowIfSet(error, "exporting");
+  OwnedError failure;
+  const OwnedVariant reply(g_dbus_connection_call_sync(
       connection.get(), g_dbus_connection_get_unique_name(connection.get()), "/com/zelk/linux/bluetooth",
-      interface, method, arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, &failure));
-  std::string message = failure != nullptr ? failure->message : "no error";
-  g_clear_error(&failure);
-  g_dbus_interface_skeleton_unexport(skeleton);
-  g_object_unref(skeleton);
-  return message;
+      interface, method, arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, failure.Out()));
+  g_dbus_interface_skeleton_unexport(skeleton.get());
+  return failure ? failure->message : "no error";
 }
 
 TEST(Skeleton, AnswersAMethodThatNobodyHandlesWithUnknownMethod) {
@@ -112,14 +111,14 @@ TEST(Skeleton, HasNoProperty) {
 
 /// What a running service says of itself.
 std::string Introspect() {
-  bttest::ErrorCollector error;
-  const bttest::ConnectionPtr connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
-  error.ThrowIfSet("connecting");
-  const bttest::VariantPtr reply(
+  OwnedError error;
+  const OwnedObject<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.Out()));
+  bttest::ThrowIfSet(error, "connecting");
+  const OwnedVariant reply(
       g_dbus_connection_call_sync(connection.get(), "com.zelk.linux.bluetooth", "/com/zelk/linux/bluetooth",
                                   "org.freedesktop.DBus.Introspectable", "Introspect", nullptr,
-                                  G_VARIANT_TYPE("(s)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
-  error.ThrowIfSet("introspecting");
+                                  G_VARIANT_TYPE("(s)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.Out()));
+  bttest::ThrowIfSet(error, "introspecting");
   const char* xml = nullptr;
   g_variant_get(reply.get(), "(&s)", &xml);
   return xml;
@@ -138,9 +137,9 @@ TEST(Interface, OfTheRunningServiceIsExactlyTheContract) {
   bttest::BusDaemon bus;
   bttest::ChildProcess service({"/app/bin/btservice"});
   ASSERT_TRUE(bttest::WaitUntil(ServiceIsThere)) << service.Errors();
-  bttest::ErrorCollector error;
-  const bttest::NodeInfoPtr node(g_dbus_node_info_new_for_xml(Introspect().c_str(), error));
-  error.ThrowIfSet("parsing");
+  OwnedError error;
+  const OwnedNodeInfo node(g_dbus_node_info_new_for_xml(Introspect().c_str(), error.Out()));
+  bttest::ThrowIfSet(error, "parsing");
   const GDBusInterfaceInfo* const info =
       g_dbus_node_info_lookup_interface(node.get(), "com.zelk.linux.bluetooth");
   ASSERT_NE(info, nullptr);

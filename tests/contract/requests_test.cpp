@@ -13,15 +13,14 @@
 #include "contract/Witness.h"
 #include "ipc/BtProxy.h"
 #include "support/BusDaemon.h"
+#include "support/GlibHelpers.h"
 #include "support/LogCapture.h"
 #include "support/Recorder.h"
 
 namespace {
 
 using bttest::MethodDescription;
-using bttest::Own;
 using bttest::ToText;
-using bttest::VariantPtr;
 
 // Log nothing when they fail.
 const std::set<std::string> kSilent{"GetPhoneConnectionState", "GetMediaConnectionState", "StopMusic"};
@@ -83,7 +82,7 @@ std::vector<MethodDescription> CalledMethods() {
 std::string Call(BtClientIpcAdapter& adapter, const MethodDescription& method, const bttest::In& in) {
   bttest::Out out(method.out);
   bttest::AdapterCalls().at(method.name)(adapter, in, out);
-  return ToText(Own(out.Tuple()).get());
+  return ToText(OwnedVariant(out.Tuple()).get());
 }
 
 /// What a failed request answers, as text.
@@ -98,7 +97,7 @@ std::string Preset(const MethodDescription& method) {
       out.Int(kPresetOne.count(method.name) != 0 ? 1 : 0);
     }
   }
-  return ToText(Own(out.Tuple()).get());
+  return ToText(OwnedVariant(out.Tuple()).get());
 }
 
 /// Fails unless the log holds just what a failed request logs.
@@ -142,8 +141,8 @@ TEST_F(Requests, ArriveWithNameSignatureAndValuesAndBringBackEachReplyValue) {
   for (const MethodDescription& method : CalledMethods()) {
     for (int variety = 0; variety < bttest::kVarieties; ++variety) {
       bttest::LogCapture log;
-      const VariantPtr arguments = Own(bttest::MakeTuple(method.in, variety));
-      const VariantPtr reply = Own(bttest::MakeTuple(method.out, variety));
+      const OwnedVariant arguments(bttest::MakeTuple(method.in, variety));
+      const OwnedVariant reply(bttest::MakeTuple(method.out, variety));
       if (!method.out.empty()) {
         m_recorder.SetReply(method.name, reply.get());
       }
@@ -166,7 +165,7 @@ TEST_F(Requests, ThatFailLogOneErrorWithItsReasonAndAnswerTheirPreset) {
   for (const MethodDescription& method : CalledMethods()) {
     m_recorder.FailNext(method.name, 1, "org.freedesktop.DBus.Error.Failed", "no such luck");
     bttest::LogCapture log;
-    const VariantPtr arguments = Own(bttest::MakeTuple(method.in, 0));
+    const OwnedVariant arguments(bttest::MakeTuple(method.in, 0));
     EXPECT_EQ(Call(m_adapter, method, bttest::In(arguments.get())), Preset(method)) << method.name;
     ExpectOneErrorLine(log, method, "GDBus.Error:org.freedesktop.DBus.Error.Failed: no such luck");
   }
@@ -176,7 +175,7 @@ TEST_F(Requests, ThatAreAnsweredWithOtherTypesFailLikeThatAndCrashNothing) {
   for (const MethodDescription& method : CalledMethods()) {
     m_recorder.ReplyWrongType(method.name);
     bttest::LogCapture log;
-    const VariantPtr arguments = Own(bttest::MakeTuple(method.in, 0));
+    const OwnedVariant arguments(bttest::MakeTuple(method.in, 0));
     EXPECT_EQ(Call(m_adapter, method, bttest::In(arguments.get())), Preset(method)) << method.name;
     EXPECT_EQ(log.OfLevel(100).size(), kSilent.count(method.name) != 0 ? 0u : 1u) << method.name;
     EXPECT_TRUE(log.Complaints().empty()) << method.name;
@@ -190,7 +189,7 @@ TEST_F(Requests, WithTextThatIsNotUtf8NeverReachTheBus) {
         continue;
       }
       bttest::LogCapture log;
-      const VariantPtr arguments = Own(bttest::MakeTuple(method.in, 0));
+      const OwnedVariant arguments(bttest::MakeTuple(method.in, 0));
       EXPECT_EQ(Call(m_adapter, method, bttest::In(arguments.get(), place)), Preset(method)) << method.name;
       ExpectOneErrorLine(log, method, "a text argument is not valid UTF-8");
       EXPECT_TRUE(m_recorder.TakeCalls().empty()) << method.name;
@@ -203,7 +202,7 @@ TEST_F(Requests, WithoutAProxyLogOneErrorWithAClearReasonAndAnswerTheirPreset) {
   g_BtProxy = nullptr;
   for (const MethodDescription& method : CalledMethods()) {
     bttest::LogCapture log;
-    const VariantPtr arguments = Own(bttest::MakeTuple(method.in, 0));
+    const OwnedVariant arguments(bttest::MakeTuple(method.in, 0));
     EXPECT_EQ(Call(m_adapter, method, bttest::In(arguments.get())), Preset(method)) << method.name;
     ExpectOneErrorLine(log, method, "there is no connection to the Bluetooth service");
   }

@@ -56,7 +56,7 @@ TEST_F(TimeLimit, OfEveryRequestIs25Seconds) {
   ASSERT_TRUE(isConnected);
   for (const auto& [name, call] : AdapterCalls()) {
     const MethodDescription& method = BluetoothInterface().Method(name);
-    const VariantPtr arguments = Own(MakeTuple(method.in, 0));
+    const OwnedVariant arguments(MakeTuple(method.in, 0));
     Out out(method.out);
     // A service that never answers is as good as one that does.
     service.Hang(name);

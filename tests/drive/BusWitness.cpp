@@ -1,7 +1,7 @@
 #include "drive/BusWitness.h"
 
 #include "contract/ValueText.h"
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 #include "tests/service/running_service.h"
 
 namespace btservice {
@@ -20,7 +20,7 @@ std::string TextOf(GVariant* value) {
     case G_VARIANT_CLASS_STRING:
       return ValueText::Of(std::string(g_variant_get_string(value, nullptr)));
     case G_VARIANT_CLASS_VARIANT: {
-      const bttest::VariantPtr bytes(g_variant_get_variant(value));
+      const OwnedVariant bytes(g_variant_get_variant(value));
       gsize size = 0;
       const auto* const data = static_cast<const char*>(g_variant_get_fixed_array(bytes.get(), &size, 1));
       return ValueText::Of(std::string(data, size));
@@ -31,7 +31,7 @@ std::string TextOf(GVariant* value) {
 }
 
 std::string OwnerOf(GDBusConnection* connection) {
-  const bttest::VariantPtr reply(g_dbus_connection_call_sync(
+  const OwnedVariant reply(g_dbus_connection_call_sync(
       connection, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetNameOwner",
       g_variant_new("(s)", kServiceName), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
   const gchar* owner = "";
@@ -44,19 +44,16 @@ std::string OwnerOf(GDBusConnection* connection) {
 }  // namespace
 
 BusWitness::BusWitness(GDBusConnection* connection)
-    : m_connection(connection),
-      m_ownerSubscription(g_dbus_connection_signal_subscribe(
-          connection, "org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged", nullptr,
-          kServiceName, G_DBUS_SIGNAL_FLAGS_NONE, OnOwnerChanged, this, nullptr)),
+    : m_ownerSubscription(
+          connection, g_dbus_connection_signal_subscribe(
+                          connection, "org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged",
+                          nullptr, kServiceName, G_DBUS_SIGNAL_FLAGS_NONE, OnOwnerChanged, this, nullptr)),
       // Of any sender: who has the name is looked at here.
-      m_signalSubscription(g_dbus_connection_signal_subscribe(connection, nullptr, kServiceName, nullptr,
-                                                              kServicePath, nullptr, G_DBUS_SIGNAL_FLAGS_NONE,
-                                                              OnSignal, this, nullptr)),
-      m_owner(OwnerOf(connection)) {}
-
-BusWitness::~BusWitness() {
-  g_dbus_connection_signal_unsubscribe(m_connection, m_signalSubscription);
-  g_dbus_connection_signal_unsubscribe(m_connection, m_ownerSubscription);
+      m_signalSubscription(connection, g_dbus_connection_signal_subscribe(
+                                           connection, nullptr, kServiceName, nullptr, kServicePath, nullptr,
+                                           G_DBUS_SIGNAL_FLAGS_NONE, OnSignal, this, nullptr)) {
+  // Not before the subscription: then no change of owner is missed.
+  m_owner = OwnerOf(connection);
 }
 
 void BusWitness::OnOwnerChanged(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*,
@@ -76,7 +73,7 @@ void BusWitness::OnSignal(GDBusConnection*, const gchar* sender, const gchar*, c
   }
   std::vector<std::string> values;
   for (gsize i = 0; i < g_variant_n_children(arguments); ++i) {
-    values.push_back(TextOf(bttest::VariantPtr(g_variant_get_child_value(arguments, i)).get()));
+    values.push_back(TextOf(OwnedVariant(g_variant_get_child_value(arguments, i)).get()));
   }
   witness->m_signals.push_back(std::string(name) + "(" + ValueText::Joined(values) + ")");
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include <gio/gio.h>
+#include "glib/OwnedBus.h"
 
 namespace btservice {
 
@@ -12,7 +12,6 @@ namespace btservice {
 class BusWitness {
  public:
   explicit BusWitness(GDBusConnection* connection);
-  ~BusWitness();
   BusWitness(const BusWitness&) = delete;
   BusWitness& operator=(const BusWitness&) = delete;
 
@@ -28,12 +27,11 @@ class BusWitness {
   static void OnSignal(GDBusConnection*, const gchar* sender, const gchar*, const gchar*, const gchar* name,
                        GVariant* arguments, gpointer self);
 
-  GDBusConnection* m_connection;
-  guint m_ownerSubscription;
-  guint m_signalSubscription;
   std::string m_owner;
   int m_owners = 0;
   std::vector<std::string> m_signals;
+  OwnedSubscription m_ownerSubscription;
+  OwnedSubscription m_signalSubscription;
 };
 
 }  // namespace btservice

@@ -5,7 +5,7 @@ endif()
 
 # An application as its users build it: the library and its public headers. GLib is for its main loop.
 add_executable(drive_client drive/drive_client.cpp)
-target_include_directories(drive_client PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+target_include_directories(drive_client PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(drive_client PRIVATE bt bt_test_derived PkgConfig::GIO bt_warnings)
 
 bt_add_test(NAME drive_test

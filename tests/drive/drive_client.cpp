@@ -19,6 +19,7 @@
 #include <bluetooth/MWPBtSpp.h>
 
 #include "contract/RecordingListeners.h"
+#include "glib/Owned.h"
 
 namespace {
 
@@ -62,14 +63,13 @@ const std::map<std::string, Request> kRequests{
 };
 
 gboolean OnInput(GIOChannel* input, GIOCondition, gpointer loop) {
-  gchar* text = nullptr;
+  OwnedText text;
   gsize end = 0;
-  if (g_io_channel_read_line(input, &text, nullptr, &end, nullptr) != G_IO_STATUS_NORMAL) {
+  if (g_io_channel_read_line(input, text.Out(), nullptr, &end, nullptr) != G_IO_STATUS_NORMAL) {
     g_main_loop_quit(static_cast<GMainLoop*>(loop));
     return G_SOURCE_REMOVE;
   }
-  const std::string line(text, end);
-  g_free(text);
+  const std::string line(text.get(), end);
   const std::string name = line.substr(0, line.find(' '));
   const std::string argument = name == line ? "" : line.substr(name.size() + 1);
   std::printf("answer %s %d\n", name.c_str(), kRequests.at(name)(argument));
@@ -80,8 +80,8 @@ gboolean OnInput(GIOChannel* input, GIOCondition, gpointer loop) {
 
 int main() {
   std::setvbuf(stdout, nullptr, _IOLBF, 0);
-  GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
-  GIOChannel* const input = g_io_channel_unix_new(0);
+  const OwnedMainLoop loop(g_main_loop_new(nullptr, FALSE));
+  const OwnedIoChannel input(g_io_channel_unix_new(0));
   {
     bttest::Receptions receptions;
     receptions.afterEach = [&receptions] {
@@ -97,10 +97,8 @@ int main() {
     bttest::RecordingSppListener spp(receptions);
 
     std::printf("answer start %d\n", MWP_CreateBlueTooth());
-    g_io_add_watch(input, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), OnInput, loop);
-    g_main_loop_run(loop);
+    g_io_add_watch(input.get(), static_cast<GIOCondition>(G_IO_IN | G_IO_HUP), OnInput, loop.get());
+    g_main_loop_run(loop.get());
   }
   MWP_DestroyBlueTooth();
-  g_io_channel_unref(input);
-  g_main_loop_unref(loop);
 }

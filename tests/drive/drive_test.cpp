@@ -58,7 +58,7 @@ class DriveTest : public testing::Test {
     }
   }
 
-  bttest::VariantPtr Control(const std::string& method, GVariant* arguments = nullptr) {
+  OwnedVariant Control(const std::string& method, GVariant* arguments = nullptr) {
     return service.CallControl(method, arguments);
   }
   DriveClient& Client(int number) { return *clients[number % kClients]; }

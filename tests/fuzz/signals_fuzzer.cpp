@@ -10,6 +10,7 @@
 #include "contract/RecordingListeners.h"
 #include "fuzz/FuzzCheck.h"
 #include "fuzz/LogCount.h"
+#include "glib/Owned.h"
 #include "ipc/BtClientIpcAdapter.h"
 #include "ipc/BtProxy.h"
 
@@ -57,21 +58,18 @@ std::string TypeOf(const GDBusSignalInfo& signal) {
 }
 
 /// The body that a message with these bytes would have: GDBus makes all values sound.
-GVariant* MakeBody(const std::string& type, const std::uint8_t* data, std::size_t size) {
-  GBytes* const bytes = g_bytes_new(data, size);
-  GVariant* const raw =
-      g_variant_ref_sink(g_variant_new_from_bytes(G_VARIANT_TYPE(type.c_str()), bytes, FALSE));
-  GVariant* const body = g_variant_get_normal_form(raw);
-  g_variant_unref(raw);
-  g_bytes_unref(bytes);
-  return body;
+OwnedVariant MakeBody(const std::string& type, const std::uint8_t* data, std::size_t size) {
+  const OwnedBytes bytes(g_bytes_new(data, size));
+  const OwnedVariant raw(g_variant_new_from_bytes(G_VARIANT_TYPE(type.c_str()), bytes.get(), FALSE));
+  return OwnedVariant(g_variant_get_normal_form(raw.get()));
 }
 
 /// What a listener has to receive of a body; false if it holds a variant without bytes, which is dropped.
 bool Expect(GVariant* body, std::vector<std::string>& values) {
   bool isWhole = true;
   for (gsize i = 0; i < g_variant_n_children(body); ++i) {
-    GVariant* const value = g_variant_get_child_value(body, i);
+    const OwnedVariant child(g_variant_get_child_value(body, i));
+    GVariant* const value = child.get();
     switch (g_variant_classify(value)) {
       case G_VARIANT_CLASS_STRING:
         values.push_back(ValueText::Of(std::string(g_variant_get_string(value, nullptr))));
@@ -86,17 +84,15 @@ bool Expect(GVariant* body, std::vector<std::string>& values) {
         values.push_back(ValueText::Of(g_variant_get_int32(value)));
         break;
       case G_VARIANT_CLASS_VARIANT: {
-        GVariant* const bytes = g_variant_get_variant(value);
-        isWhole = g_variant_is_of_type(bytes, G_VARIANT_TYPE_BYTESTRING) != FALSE;
-        const auto* const data = static_cast<const char*>(g_variant_get_data(bytes));
-        values.push_back(ValueText::Of(std::string(data, isWhole ? g_variant_get_size(bytes) : 0)));
-        g_variant_unref(bytes);
+        const OwnedVariant bytes(g_variant_get_variant(value));
+        isWhole = g_variant_is_of_type(bytes.get(), G_VARIANT_TYPE_BYTESTRING) != FALSE;
+        const auto* const data = static_cast<const char*>(g_variant_get_data(bytes.get()));
+        values.push_back(ValueText::Of(std::string(data, isWhole ? g_variant_get_size(bytes.get()) : 0)));
         break;
       }
       default:
         Check(false, "the interface has no arguments of other types");
     }
-    g_variant_unref(value);
   }
   return isWhole;
 }
@@ -111,11 +107,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return -1;
   }
   const GDBusSignalInfo& signal = *interface.signals[data[0] % signals];
-  GVariant* const body = MakeBody(TypeOf(signal), data + 1, size - 1);
+  const OwnedVariant body = MakeBody(TypeOf(signal), data + 1, size - 1);
   std::vector<std::string> values;
-  const bool isWhole = Expect(body, values);
-  library.Emit(signal.name, body);
-  g_variant_unref(body);
+  const bool isWhole = Expect(body.get(), values);
+  library.Emit(signal.name, body.get());
 
   const bool isHeard = isWhole && std::string(signal.name) != "OnScanedDeviceChanged";
   Check(library.Heard().size() == (isHeard ? 1 : 0), "one listener is called, and only for what is whole");

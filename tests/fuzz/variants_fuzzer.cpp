@@ -9,6 +9,7 @@
 
 #include "fuzz/FuzzCheck.h"
 #include "fuzz/LogCount.h"
+#include "glib/Owned.h"
 #include "ipc/D-Bus/bt_variant.h"
 
 namespace {
@@ -17,14 +18,9 @@ using bttest::Check;
 
 constexpr const char* kTypes[] = {"v", "v", "v", "ay", "s", "(v)", "av", "a{sv}", "i", "mv"};
 
-struct Unref {
-  void operator()(GVariant* value) const { g_variant_unref(value); }
-};
-using VariantPtr = std::unique_ptr<GVariant, Unref>;
-
 /// Extracts into a buffer that has room for the bytes and not one more.
 void CheckExtracting(GVariant* value) {
-  VariantPtr bytes;
+  OwnedVariant bytes;
   if (g_variant_is_of_type(value, G_VARIANT_TYPE_VARIANT)) {
     bytes.reset(g_variant_get_variant(value));
   }
@@ -42,7 +38,7 @@ void CheckExtracting(GVariant* value) {
 
 void CheckRoundTrip(std::vector<unsigned char> bytes) {
   const int length = static_cast<int>(bytes.size());
-  const VariantPtr value(g_variant_ref_sink(bt_build_variant_data(bytes.data(), length)));
+  const OwnedVariant value(bt_build_variant_data(bytes.data(), length));
   Check(g_variant_is_of_type(value.get(), G_VARIANT_TYPE_VARIANT), "a variant is built");
   const std::unique_ptr<unsigned char[]> buffer(new unsigned char[bytes.size()]);
   Check(bt_extract_variant_data(buffer.get(), value.get()) == length, "what was put in comes out");
@@ -59,10 +55,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   const GVariantType* const type = G_VARIANT_TYPE(kTypes[data[0] % std::size(kTypes)]);
   std::vector<unsigned char> bytes(data + 1, data + size);
-  const VariantPtr value(
-      g_variant_ref_sink(g_variant_new_from_data(type, bytes.data(), bytes.size(), FALSE, nullptr, nullptr)));
+  const OwnedVariant value(
+      g_variant_new_from_data(type, bytes.data(), bytes.size(), FALSE, nullptr, nullptr));
   CheckExtracting(value.get());
-  const VariantPtr sound(g_variant_get_normal_form(value.get()));
+  const OwnedVariant sound(g_variant_get_normal_form(value.get()));
   CheckExtracting(sound.get());
   CheckRoundTrip(bytes);
   return 0;

@@ -1,8 +1,7 @@
 #include "recorder/RecorderControl.h"
 
 #include "recorder/TupleMembers.h"
-
-using bttest::VariantPtr;
+#include "support/GlibHelpers.h"
 
 namespace {
 
@@ -11,16 +10,16 @@ constexpr unsigned kPrimaryOwner = 1;
 constexpr unsigned kDoNotQueue = 4;
 
 std::string TextAt(GVariant* arguments, gsize index) {
-  return g_variant_get_string(VariantPtr(g_variant_get_child_value(arguments, index)).get(), nullptr);
+  return g_variant_get_string(OwnedVariant(g_variant_get_child_value(arguments, index)).get(), nullptr);
 }
 
 unsigned NumberAt(GVariant* arguments, gsize index) {
-  return g_variant_get_uint32(VariantPtr(g_variant_get_child_value(arguments, index)).get());
+  return g_variant_get_uint32(OwnedVariant(g_variant_get_child_value(arguments, index)).get());
 }
 
 /// The tuple whose members are at that place.
-VariantPtr TupleAt(GVariant* arguments, gsize index) {
-  return bttest::TupleOf(VariantPtr(g_variant_get_child_value(arguments, index)).get());
+OwnedVariant TupleAt(GVariant* arguments, gsize index) {
+  return bttest::TupleOf(OwnedVariant(g_variant_get_child_value(arguments, index)).get());
 }
 
 void RequireType(GVariant* values, GDBusArgInfo** described, const std::string& name) {
@@ -36,9 +35,9 @@ RecorderControl::RecorderControl(GDBusConnection* connection, GDBusInterfaceInfo
                                  RecordingService& service, GMainLoop* loop)
     : m_connection(connection), m_service(service), m_loop(loop) {
   static const GDBusInterfaceVTable vtable = {OnCall, nullptr, nullptr, {}};
-  bttest::ErrorCollector error;
-  g_dbus_connection_register_object(connection, kPath, interface, &vtable, this, nullptr, error);
-  error.ThrowIfSet("exporting the control interface");
+  OwnedError error;
+  g_dbus_connection_register_object(connection, kPath, interface, &vtable, this, nullptr, error.Out());
+  bttest::ThrowIfSet(error, "exporting the control interface");
 }
 
 void RecorderControl::OnCall(GDBusConnection*, const char*, const char*, const char*, const char* method,
@@ -73,7 +72,7 @@ GVariant* RecorderControl::Do(const std::string& method, GVariant* arguments) {
     AnswerOf(arguments).isWrongType = true;
   } else if (method == "Hang") {
     AnswerOf(arguments).hangs = true;
-    if (!g_variant_get_boolean(VariantPtr(g_variant_get_child_value(arguments, 1)).get())) {
+    if (!g_variant_get_boolean(OwnedVariant(g_variant_get_child_value(arguments, 1)).get())) {
       m_service.Release(TextAt(arguments, 0).c_str());
     }
   } else if (method == "Delay") {
@@ -94,7 +93,7 @@ GVariant* RecorderControl::Do(const std::string& method, GVariant* arguments) {
 
 GVariant* RecorderControl::Emit(GVariant* arguments) {
   const std::string signal = TextAt(arguments, 0);
-  const VariantPtr values = TupleAt(arguments, 1);
+  const OwnedVariant values = TupleAt(arguments, 1);
   const GDBusSignalInfo* const info =
       g_dbus_interface_info_lookup_signal(m_service.Interface(), signal.c_str());
   if (info == nullptr) {
@@ -110,7 +109,7 @@ GVariant* RecorderControl::Emit(GVariant* arguments) {
 GVariant* RecorderControl::SetReply(GVariant* arguments) {
   Answer& answer = AnswerOf(arguments);
   const std::string method = TextAt(arguments, 0);
-  VariantPtr values = TupleAt(arguments, 1);
+  OwnedVariant values = TupleAt(arguments, 1);
   RequireType(values.get(),
               g_dbus_interface_info_lookup_method(m_service.Interface(), method.c_str())->out_args, method);
   answer.reply = std::move(values);
@@ -127,11 +126,11 @@ Answer& RecorderControl::AnswerOf(GVariant* arguments) {
 }
 
 unsigned RecorderControl::CallBus(const char* method, GVariant* arguments) {
-  bttest::ErrorCollector error;
-  const VariantPtr reply(g_dbus_connection_call_sync(
+  OwnedError error;
+  const OwnedVariant reply(g_dbus_connection_call_sync(
       m_connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
-      arguments, G_VARIANT_TYPE("(u)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
-  error.ThrowIfSet(method);
+      arguments, G_VARIANT_TYPE("(u)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.Out()));
+  bttest::ThrowIfSet(error, method);
   return NumberAt(reply.get(), 0);
 }
 

@@ -6,6 +6,7 @@
 
 #include "recorder/TupleMembers.h"
 #include "recorder/ZeroValue.h"
+#include "support/GlibHelpers.h"
 
 namespace {
 
@@ -25,9 +26,9 @@ std::string TupleSignature(GDBusArgInfo** arguments) {
 RecordingService::RecordingService(GDBusConnection* connection, GDBusInterfaceInfo* interface)
     : m_connection(connection), m_interface(interface) {
   static const GDBusInterfaceVTable vtable = {OnCall, nullptr, nullptr, {}};
-  bttest::ErrorCollector error;
-  g_dbus_connection_register_object(connection, kPath, interface, &vtable, this, nullptr, error);
-  error.ThrowIfSet("exporting the interface");
+  OwnedError error;
+  g_dbus_connection_register_object(connection, kPath, interface, &vtable, this, nullptr, error.Out());
+  bttest::ThrowIfSet(error, "exporting the interface");
 }
 
 Answer* RecordingService::AnswerOf(const char* method) {
@@ -60,9 +61,10 @@ GVariant* RecordingService::TakeCalls() {
 }
 
 void RecordingService::Emit(const char* signal, GVariant* arguments) {
-  bttest::ErrorCollector error;
-  g_dbus_connection_emit_signal(m_connection, nullptr, kPath, m_interface->name, signal, arguments, error);
-  error.ThrowIfSet(std::string("sending ") + signal);
+  OwnedError error;
+  g_dbus_connection_emit_signal(m_connection, nullptr, kPath, m_interface->name, signal, arguments,
+                                error.Out());
+  bttest::ThrowIfSet(error, std::string("sending ") + signal);
 }
 
 void RecordingService::OnCall(GDBusConnection*, const char*, const char*, const char*, const char* method,
@@ -71,7 +73,7 @@ void RecordingService::OnCall(GDBusConnection*, const char*, const char*, const 
 }
 
 void RecordingService::Take(const char* method, GVariant* arguments, GDBusMethodInvocation* invocation) {
-  m_calls.push_back({method, bttest::VariantPtr(g_variant_ref(arguments))});
+  m_calls.push_back({method, NewRef(arguments)});
   Answer& answer = m_answers[method];
   if (answer.dies) {
     _exit(kDiedOnPurpose);
@@ -115,12 +117,13 @@ void RecordingService::SendWrongType(GDBusMethodInvocation* invocation) {
   // As a message of our own making: GDBus sends no values that do not match the description.
   const GDBusMethodInfo* const info = g_dbus_method_invocation_get_method_info(invocation);
   const bool isText = TupleSignature(info->out_args) == "(s)";
-  const bttest::MessagePtr message(
+  const OwnedObject<GDBusMessage> message(
       g_dbus_message_new_method_reply(g_dbus_method_invocation_get_message(invocation)));
   g_dbus_message_set_body(message.get(),
                           isText ? g_variant_new("(i)", 42) : g_variant_new("(s)", "wrong type"));
-  bttest::ErrorCollector error;
-  g_dbus_connection_send_message(m_connection, message.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, error);
-  g_object_unref(invocation);
-  error.ThrowIfSet("sending a reply");
+  const OwnedObject<GDBusMethodInvocation> unanswered(invocation);
+  OwnedError error;
+  g_dbus_connection_send_message(m_connection, message.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
+                                 error.Out());
+  bttest::ThrowIfSet(error, "sending a reply");
 }

@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "support/GlibPointers.h"
+#include "glib/OwnedBus.h"
 
 /// How one method is answered.
 struct Answer {
-  bttest::VariantPtr reply;  ///< null: zeros
-  unsigned failures = 0;     ///< so many further calls fail, with:
+  OwnedVariant reply;     ///< null: zeros
+  unsigned failures = 0;  ///< so many further calls fail, with:
   std::string error;
   std::string message;
   bool isWrongType = false;
@@ -47,7 +47,7 @@ class RecordingService {
  private:
   struct Call {
     std::string method;
-    bttest::VariantPtr arguments;
+    OwnedVariant arguments;
   };
 
   static void OnCall(GDBusConnection*, const char*, const char*, const char*, const char* method,

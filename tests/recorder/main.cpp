@@ -5,37 +5,37 @@
 #include <cstring>
 
 #include "recorder/RecorderControl.h"
+#include "support/GlibHelpers.h"
 
 namespace {
 
-bttest::NodeInfoPtr ReadDescription(const char* file) {
-  bttest::ErrorCollector error;
-  char* text = nullptr;
-  g_file_get_contents(file, &text, nullptr, error);
-  error.ThrowIfSet(file);
-  bttest::NodeInfoPtr node(g_dbus_node_info_new_for_xml(bttest::CharPtr(text).get(), error));
-  error.ThrowIfSet(file);
+OwnedNodeInfo ReadDescription(const char* file) {
+  OwnedError error;
+  OwnedText text;
+  g_file_get_contents(file, text.Out(), nullptr, error.Out());
+  bttest::ThrowIfSet(error, file);
+  OwnedNodeInfo node(g_dbus_node_info_new_for_xml(text.get(), error.Out()));
+  bttest::ThrowIfSet(error, file);
   return node;
 }
 
 void Run(bool ownsName) {
-  const bttest::NodeInfoPtr bluetooth = ReadDescription(BT_INTERFACE_XML);
-  const bttest::NodeInfoPtr recorder = ReadDescription(RECORDER_INTERFACE_XML);
-  bttest::ErrorCollector error;
+  const OwnedNodeInfo bluetooth = ReadDescription(BT_INTERFACE_XML);
+  const OwnedNodeInfo recorder = ReadDescription(RECORDER_INTERFACE_XML);
+  OwnedError error;
   // The process ends with its bus: this connection is made to do so.
-  const bttest::ConnectionPtr connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
-  error.ThrowIfSet("connecting to the session bus");
+  const OwnedObject<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.Out()));
+  bttest::ThrowIfSet(error, "connecting to the session bus");
 
-  GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
+  const OwnedMainLoop loop(g_main_loop_new(nullptr, FALSE));
   RecordingService service(connection.get(), bluetooth->interfaces[0]);
-  RecorderControl control(connection.get(), recorder->interfaces[0], service, loop);
+  RecorderControl control(connection.get(), recorder->interfaces[0], service, loop.get());
   if (ownsName) {
     control.OwnName();
   }
   std::printf("%s\n", g_dbus_connection_get_unique_name(connection.get()));
   std::fflush(stdout);
-  g_main_loop_run(loop);
-  g_main_loop_unref(loop);
+  g_main_loop_run(loop.get());
   g_dbus_connection_flush_sync(connection.get(), nullptr, nullptr);
 }
 

@@ -5,7 +5,7 @@ add_executable(bt_recorder
   recorder/RecordingService.cpp
   recorder/ZeroValue.cpp
   recorder/main.cpp)
-target_include_directories(bt_recorder PRIVATE ${CMAKE_CURRENT_LIST_DIR}/..)
+target_include_directories(bt_recorder PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_LIST_DIR}/..)
 target_link_libraries(bt_recorder PRIVATE PkgConfig::GIO bt_warnings)
 target_compile_definitions(bt_recorder PRIVATE
   BT_INTERFACE_XML="${CMAKE_SOURCE_DIR}/ipc/D-Bus/com.zelk.linux.bluetooth.xml"

@@ -8,3 +8,7 @@ endforeach()
 # The rooms of the tree, and which may know which.
 add_test(NAME rooms/EachKnowsOnlyThoseThatItMay
   COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/rooms_test.py ${CMAKE_SOURCE_DIR})
+
+# The one way to own what GLib makes.
+add_test(NAME owned/NothingIsReleasedByHand
+  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/owned_test.py ${CMAKE_SOURCE_DIR})

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 #include "tests/service/running_service.h"
 
@@ -73,16 +74,16 @@ std::string SampleOf(const bttest::ArgumentDescription& argument, const std::str
 }
 
 /// The values for a request that the list does not have.
-bttest::VariantPtr SamplesFor(const bttest::MethodDescription& method, const std::string& address) {
+OwnedVariant SamplesFor(const bttest::MethodDescription& method, const std::string& address) {
   std::string text;
   for (const bttest::ArgumentDescription& argument : method.in) {
     text += (text.empty() ? "" : ", ") + SampleOf(argument, address);
   }
   text += method.in.size() == 1 ? "," : "";  // else it is no tuple
-  bttest::ErrorCollector error;
-  bttest::VariantPtr values(g_variant_parse(G_VARIANT_TYPE(bttest::TupleSignature(method.in).c_str()),
-                                            ("(" + text + ")").c_str(), nullptr, nullptr, error));
-  error.ThrowIfSet(method.name + "(" + text + ")");
+  OwnedError error;
+  OwnedVariant values(g_variant_parse(G_VARIANT_TYPE(bttest::TupleSignature(method.in).c_str()),
+                                      ("(" + text + ")").c_str(), nullptr, nullptr, error.Out()));
+  bttest::ThrowIfSet(error, method.name + "(" + text + ")");
   return values;
 }
 
@@ -112,10 +113,10 @@ TEST(AddressesTest, EachRequestTakesALowerCaseAddressForTheSameDevice) {
     service.ForgetSignals();
     const bttest::MethodDescription& method = bttest::BluetoothInterface().Method(request.method);
     const std::string text = "(" + request.arguments + (method.in.size() == 1 ? ",)" : ")");
-    bttest::ErrorCollector error;
-    const bttest::VariantPtr arguments(g_variant_parse(
-        G_VARIANT_TYPE(bttest::TupleSignature(method.in).c_str()), text.c_str(), nullptr, nullptr, error));
-    error.ThrowIfSet(request.method + text);
+    OwnedError error;
+    const OwnedVariant arguments(g_variant_parse(G_VARIANT_TYPE(bttest::TupleSignature(method.in).c_str()),
+                                                 text.c_str(), nullptr, nullptr, error.Out()));
+    bttest::ThrowIfSet(error, request.method + text);
     EXPECT_THAT(service.Ask(request.method, arguments.get()), testing::StartsWith(request.reply))
         << request.method << text;
     if (!request.signal.empty()) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "contract/Witness.h"
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 #include "tests/service/running_service.h"
 
@@ -22,10 +23,10 @@ class WitnessedCausesTest : public testing::Test {
         (isRequest ? bttest::BluetoothInterface() : bttest::InterfaceOfControl(cause.method))
             .Method(cause.method);
     const std::string text = "(" + cause.arguments + (method.in.size() == 1 ? ",)" : ")");
-    bttest::ErrorCollector error;
-    const bttest::VariantPtr arguments(g_variant_parse(
-        G_VARIANT_TYPE(bttest::TupleSignature(method.in).c_str()), text.c_str(), nullptr, nullptr, error));
-    error.ThrowIfSet(cause.method + text);
+    OwnedError error;
+    const OwnedVariant arguments(g_variant_parse(G_VARIANT_TYPE(bttest::TupleSignature(method.in).c_str()),
+                                                 text.c_str(), nullptr, nullptr, error.Out()));
+    bttest::ThrowIfSet(error, cause.method + text);
     isRequest ? service.Call(cause.method, arguments.get())
               : service.CallControl(cause.method, arguments.get());
   }

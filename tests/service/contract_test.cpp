@@ -22,7 +22,7 @@ TEST(ServiceContractTest, EveryMethodIsAnsweredWithItsSignature) {
   RunningService service;
   for (const bttest::MethodDescription& method : bttest::BluetoothInterface().methods) {
     const std::string in = bttest::TupleSignature(method.in);
-    const bttest::VariantPtr reply = service.Call(method.name, ZeroArguments(in));
+    const OwnedVariant reply = service.Call(method.name, ZeroArguments(in));
     EXPECT_EQ(g_variant_get_type_string(reply.get()), bttest::TupleSignature(method.out)) << method.name;
   }
 }

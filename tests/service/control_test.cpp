@@ -10,6 +10,7 @@
 
 #include "protocol/Segments.h"
 #include "service/stack/StackTypes.h"
+#include "support/GlibHelpers.h"
 #include "support/Segments.h"
 #include "support/TemporaryDirectory.h"
 #include "tests/service/running_service.h"
@@ -225,8 +226,7 @@ TEST_F(ControlTest, AnswersDoNotComeUntilTheyDoAgain) {
   Control("DropAnswers", g_variant_new("(su)", "*", 1000));
   bool answered = false;
   const auto onReply = [](GObject* connection, GAsyncResult* result, gpointer flag) {
-    const bttest::VariantPtr reply(
-        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr));
+    const OwnedVariant reply(g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr));
     *static_cast<bool*>(flag) = true;
   };
   g_dbus_connection_call(service.Connection(), kServiceName, kServicePath, kServiceName, "GetPowerStatus",

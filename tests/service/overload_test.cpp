@@ -7,7 +7,6 @@
 #include <cstring>
 #include <fstream>
 #include <functional>
-#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -17,6 +16,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 #include "support/MainLoop.h"
 #include "support/TemporaryDirectory.h"
@@ -159,17 +159,16 @@ class DeafClient {
   /// A call as it is sent.
   static std::string Bytes(const char* name, const char* path, const char* interface, const char* method,
                            GVariant* arguments) {
-    GDBusMessage* const message = g_dbus_message_new_method_call(name, path, interface, method);
-    g_dbus_message_set_serial(message, 1);  // until it gets its own
+    const OwnedObject<GDBusMessage> message(g_dbus_message_new_method_call(name, path, interface, method));
+    g_dbus_message_set_serial(message.get(), 1);  // until it gets its own
     if (arguments != nullptr) {
-      g_dbus_message_set_body(message, arguments);
+      g_dbus_message_set_body(message.get(), arguments);
     }
     gsize size = 0;
-    bttest::ErrorCollector error;
-    const std::unique_ptr<guchar, decltype(&g_free)> blob(
-        g_dbus_message_to_blob(message, &size, G_DBUS_CAPABILITY_FLAGS_NONE, error), &g_free);
-    g_object_unref(message);
-    error.ThrowIfSet("writing a call");
+    OwnedError error;
+    const OwnedMemory<guchar> blob(
+        g_dbus_message_to_blob(message.get(), &size, G_DBUS_CAPABILITY_FLAGS_NONE, error.Out()));
+    bttest::ThrowIfSet(error, "writing a call");
     return std::string(reinterpret_cast<const char*>(blob.get()), size);
   }
 

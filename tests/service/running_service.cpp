@@ -4,18 +4,19 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 
 namespace btservice {
 
-bttest::ConnectionPtr ConnectToBus() {
-  bttest::ErrorCollector error;
-  bttest::ConnectionPtr connection(g_dbus_connection_new_for_address_sync(
+OwnedObject<GDBusConnection> ConnectToBus() {
+  OwnedError error;
+  OwnedObject<GDBusConnection> connection(g_dbus_connection_new_for_address_sync(
       std::getenv("DBUS_SESSION_BUS_ADDRESS"),
       static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                         G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-      nullptr, nullptr, error));
-  error.ThrowIfSet("connecting to the bus");
+      nullptr, nullptr, error.Out()));
+  bttest::ThrowIfSet(error, "connecting to the bus");
   return connection;
 }
 
@@ -24,9 +25,10 @@ RunningService::RunningService(const std::vector<std::string>& options, Begin be
     : m_bus("", mostBytesOfAConnection) {
   m_command.insert(m_command.end(), options.begin(), options.end());
   m_connection = ConnectToBus();
-  m_subscription =
+  m_subscription = OwnedSubscription(
+      m_connection.get(),
       g_dbus_connection_signal_subscribe(m_connection.get(), kServiceName, kServiceName, nullptr, nullptr,
-                                         nullptr, G_DBUS_SIGNAL_FLAGS_NONE, OnSignal, this, nullptr);
+                                         nullptr, G_DBUS_SIGNAL_FLAGS_NONE, OnSignal, this, nullptr));
   // GLib does not wait until the bus has the subscription. The bus answers in order: then it has.
   IsOwned();
   if (begin == Begin::NOW) {
@@ -41,12 +43,8 @@ void RunningService::Start() {
   }
 }
 
-RunningService::~RunningService() {
-  g_dbus_connection_signal_unsubscribe(m_connection.get(), m_subscription);
-}
-
 bool RunningService::IsOwned() {
-  const bttest::VariantPtr reply(g_dbus_connection_call_sync(
+  const OwnedVariant reply(g_dbus_connection_call_sync(
       m_connection.get(), "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "NameHasOwner",
       g_variant_new("(s)", kServiceName), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
   gboolean owned = FALSE;
@@ -57,7 +55,7 @@ bool RunningService::IsOwned() {
 }
 
 std::string RunningService::Owner() {
-  const bttest::VariantPtr reply(g_dbus_connection_call_sync(
+  const OwnedVariant reply(g_dbus_connection_call_sync(
       m_connection.get(), "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetNameOwner",
       g_variant_new("(s)", kServiceName), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
   const gchar* owner = "";
@@ -67,17 +65,17 @@ std::string RunningService::Owner() {
   return owner;
 }
 
-bttest::VariantPtr RunningService::Call(const std::string& method, GVariant* arguments) {
+OwnedVariant RunningService::Call(const std::string& method, GVariant* arguments) {
   return CallOn(kServicePath, kServiceName, method, arguments);
 }
 
-bttest::VariantPtr RunningService::CallOn(const char* path, const char* interface, const std::string& method,
-                                          GVariant* arguments) {
-  bttest::ErrorCollector error;
-  bttest::VariantPtr reply(g_dbus_connection_call_sync(m_connection.get(), kServiceName, path, interface,
-                                                       method.c_str(), arguments, nullptr,
-                                                       G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, error));
-  error.ThrowIfSet(method);
+OwnedVariant RunningService::CallOn(const char* path, const char* interface, const std::string& method,
+                                    GVariant* arguments) {
+  OwnedError error;
+  OwnedVariant reply(g_dbus_connection_call_sync(m_connection.get(), kServiceName, path, interface,
+                                                 method.c_str(), arguments, nullptr,
+                                                 G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, error.Out()));
+  bttest::ThrowIfSet(error, method);
   return reply;
 }
 
@@ -85,7 +83,7 @@ std::string RunningService::Ask(const std::string& method, GVariant* arguments) 
   return bttest::ToText(Call(method, arguments).get());
 }
 
-bttest::VariantPtr RunningService::CallControl(const std::string& control, GVariant* arguments) {
+OwnedVariant RunningService::CallControl(const std::string& control, GVariant* arguments) {
   return CallOn(kControlPath, bttest::InterfaceOfControl(control).name.c_str(), control, arguments);
 }
 

@@ -24,7 +24,8 @@ class RunningService {
 
   explicit RunningService(const std::vector<std::string>& options = {}, Begin begin = Begin::NOW,
                           long mostBytesOfAConnection = bttest::BusDaemon::kMostBytesOfAConnection);
-  ~RunningService();
+  RunningService(const RunningService&) = delete;
+  RunningService& operator=(const RunningService&) = delete;
 
   /// Starts it, later or once more after its end, with the options that it had.
   void Start();
@@ -36,16 +37,16 @@ class RunningService {
   /// The unique name of the connection that owns the service's name now; empty if there is none.
   std::string Owner();
   /// A call's reply. arguments is a tuple, or null for none. Throws if the call fails.
-  bttest::VariantPtr Call(const std::string& method, GVariant* arguments = nullptr);
+  OwnedVariant Call(const std::string& method, GVariant* arguments = nullptr);
   /// The reply as text, such as "(byte 0x01,)".
   std::string Ask(const std::string& method, GVariant* arguments = nullptr);
   /// Calls one of the controls of the simulation, of whichever interface.
-  bttest::VariantPtr CallControl(const std::string& control, GVariant* arguments = nullptr);
+  OwnedVariant CallControl(const std::string& control, GVariant* arguments = nullptr);
   /// The reply as text.
   std::string Control(const std::string& control, GVariant* arguments = nullptr);
   /// As Call, for an object of another interface and path on the same connection.
-  bttest::VariantPtr CallOn(const char* path, const char* interface, const std::string& method,
-                            GVariant* arguments);
+  OwnedVariant CallOn(const char* path, const char* interface, const std::string& method,
+                      GVariant* arguments);
 
   /// Signals that have come so far: "OnOpenBtStatusChanged (byte 0x03,)".
   const std::vector<std::string>& Signals() const { return m_signals; }
@@ -62,13 +63,13 @@ class RunningService {
   std::vector<std::string> m_command{kExecutable};
   bttest::BusDaemon m_bus;
   std::unique_ptr<bttest::ChildProcess> m_process;
-  bttest::ConnectionPtr m_connection;
-  guint m_subscription = 0;
+  OwnedObject<GDBusConnection> m_connection;
   std::vector<std::string> m_signals;
+  OwnedSubscription m_subscription;
 };
 
 /// A connection to the bus of the environment.
-bttest::ConnectionPtr ConnectToBus();
+OwnedObject<GDBusConnection> ConnectToBus();
 
 }  // namespace btservice
 

@@ -9,7 +9,7 @@
 #include <unistd.h>
 
 #include "service/app/SendQueue.h"
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 #include "support/Waiting.h"
 
 namespace btservice {
@@ -26,15 +26,13 @@ class Line {
       throw std::runtime_error("there is no pair of sockets");
     }
     m_farEnd = ends[1];
-    bttest::ErrorCollector error;
-    GSocket* const socket = g_socket_new_from_fd(ends[0], error);
-    error.ThrowIfSet("taking the socket");
-    GSocketConnection* const stream = g_socket_connection_factory_create_connection(socket);
-    m_connection.reset(g_dbus_connection_new_sync(G_IO_STREAM(stream), nullptr, G_DBUS_CONNECTION_FLAGS_NONE,
-                                                  nullptr, nullptr, error));
-    g_object_unref(stream);
-    g_object_unref(socket);
-    error.ThrowIfSet("connecting");
+    OwnedError error;
+    const OwnedObject<GSocket> socket(g_socket_new_from_fd(ends[0], error.Out()));
+    bttest::ThrowIfSet(error, "taking the socket");
+    const OwnedObject<GSocketConnection> stream(g_socket_connection_factory_create_connection(socket.get()));
+    m_connection.reset(g_dbus_connection_new_sync(
+        G_IO_STREAM(stream.get()), nullptr, G_DBUS_CONNECTION_FLAGS_NONE, nullptr, nullptr, error.Out()));
+    bttest::ThrowIfSet(error, "connecting");
   }
   ~Line() { close(m_farEnd); }
   Line(const Line&) = delete;
@@ -51,7 +49,7 @@ class Line {
 
  private:
   int m_farEnd = -1;
-  bttest::ConnectionPtr m_connection;
+  OwnedObject<GDBusConnection> m_connection;
 };
 
 TEST(SendQueueTest, IsFullWhenNobodyReadsAndHasRoomAgainWhenSomebodyDoes) {

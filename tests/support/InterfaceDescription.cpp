@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 
 namespace bttest {
 
@@ -62,9 +62,9 @@ InterfaceDescription DescribeInterface(const GDBusInterfaceInfo& info) {
 }
 
 std::vector<InterfaceDescription> ParseInterfaces(const std::string& xml) {
-  ErrorCollector error;
-  const NodeInfoPtr node(g_dbus_node_info_new_for_xml(xml.c_str(), error));
-  error.ThrowIfSet("parsing introspection data");
+  OwnedError error;
+  const OwnedNodeInfo node(g_dbus_node_info_new_for_xml(xml.c_str(), error.Out()));
+  ThrowIfSet(error, "parsing introspection data");
   std::vector<InterfaceDescription> interfaces = All(node->interfaces, DescribeInterface);
   if (interfaces.empty()) {
     throw std::runtime_error("introspection data without an interface");
@@ -73,11 +73,11 @@ std::vector<InterfaceDescription> ParseInterfaces(const std::string& xml) {
 }
 
 std::vector<InterfaceDescription> ReadInterfaces(const std::string& fileName) {
-  ErrorCollector error;
-  char* text = nullptr;
-  g_file_get_contents(fileName.c_str(), &text, nullptr, error);
-  error.ThrowIfSet("reading an interface description");
-  return ParseInterfaces(CharPtr(text).get());
+  OwnedError error;
+  OwnedText text;
+  g_file_get_contents(fileName.c_str(), text.Out(), nullptr, error.Out());
+  ThrowIfSet(error, "reading an interface description");
+  return ParseInterfaces(text.get());
 }
 
 InterfaceDescription ParseInterface(const std::string& xml) { return ParseInterfaces(xml).front(); }

@@ -2,6 +2,8 @@
 
 #include <future>
 
+#include "glib/OwnedId.h"
+
 namespace bttest {
 
 namespace {
@@ -12,14 +14,13 @@ gboolean KeepTicking(gpointer) { return G_SOURCE_CONTINUE; }
 
 bool RunUntil(const std::function<bool()>& condition, std::chrono::milliseconds bound) {
   // The tick wakes up the iteration for conditions that another thread makes true.
-  const guint tick = g_timeout_add(2, KeepTicking, nullptr);
+  const OwnedSourceId tick(g_timeout_add(2, KeepTicking, nullptr));
   const auto end = std::chrono::steady_clock::now() + bound;
   bool isTrue = condition();
   while (!isTrue && std::chrono::steady_clock::now() < end) {
     g_main_context_iteration(nullptr, TRUE);
     isTrue = condition();
   }
-  g_source_remove(tick);
   return isTrue;
 }
 
@@ -31,24 +32,22 @@ void RunPending() {
 LoopThread::LoopThread(Context context)
     : m_context(context == Context::OWN ? g_main_context_new()
                                         : g_main_context_ref(g_main_context_default())),
-      m_loop(g_main_loop_new(m_context, FALSE)),
+      m_loop(g_main_loop_new(m_context.get(), FALSE)),
       m_thread([this, context] {
         if (context == Context::OWN) {
-          g_main_context_push_thread_default(m_context);
+          g_main_context_push_thread_default(m_context.get());
         }
-        g_main_loop_run(m_loop);
+        g_main_loop_run(m_loop.get());
         if (context == Context::OWN) {
-          g_main_context_pop_thread_default(m_context);
+          g_main_context_pop_thread_default(m_context.get());
         }
       }) {
   Invoke([] {});  // the loop runs
 }
 
 LoopThread::~LoopThread() {
-  Invoke([this] { g_main_loop_quit(m_loop); });
+  Invoke([this] { g_main_loop_quit(m_loop.get()); });
   m_thread.join();
-  g_main_loop_unref(m_loop);
-  g_main_context_unref(m_context);
 }
 
 void LoopThread::Invoke(const std::function<void()>& task) {
@@ -56,10 +55,10 @@ void LoopThread::Invoke(const std::function<void()>& task) {
     const std::function<void()>& task;
     std::promise<void> done;
   } job{task, {}};
-  GSource* const source = g_idle_source_new();
-  g_source_set_priority(source, G_PRIORITY_DEFAULT);
+  const OwnedSource source(g_idle_source_new());
+  g_source_set_priority(source.get(), G_PRIORITY_DEFAULT);
   g_source_set_callback(
-      source,
+      source.get(),
       [](gpointer data) -> gboolean {
         auto* const job = static_cast<Job*>(data);
         try {
@@ -73,8 +72,7 @@ void LoopThread::Invoke(const std::function<void()>& task) {
       &job, nullptr);
   // A source, not g_main_context_invoke(): that would run the task right here before the loop has the
   // context.
-  g_source_attach(source, m_context);
-  g_source_unref(source);
+  g_source_attach(source.get(), m_context.get());
   job.done.get_future().get();
 }
 

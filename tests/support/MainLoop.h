@@ -4,8 +4,7 @@
 #include <functional>
 #include <thread>
 
-#include <glib.h>
-
+#include "glib/Owned.h"
 #include "support/Waiting.h"
 
 namespace bttest {
@@ -32,8 +31,8 @@ class LoopThread {
   void Invoke(const std::function<void()>& task);
 
  private:
-  GMainContext* m_context;
-  GMainLoop* m_loop;
+  OwnedMainContext m_context;
+  OwnedMainLoop m_loop;
   std::thread m_thread;
 };
 

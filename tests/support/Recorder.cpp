@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "recorder/TupleMembers.h"
+#include "support/GlibHelpers.h"
 
 namespace bttest {
 
@@ -17,18 +18,18 @@ std::vector<std::string> CommandLine(Recorder::Name name) {
 }
 
 /// Not the shared connection of the process, which the library under test uses.
-ConnectionPtr Connect() {
+OwnedObject<GDBusConnection> Connect() {
   const char* const address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
   if (address == nullptr) {
     throw std::logic_error("a Recorder needs a BusDaemon");
   }
-  ErrorCollector error;
-  ConnectionPtr connection(g_dbus_connection_new_for_address_sync(
+  OwnedError error;
+  OwnedObject<GDBusConnection> connection(g_dbus_connection_new_for_address_sync(
       address,
       static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                         G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-      nullptr, nullptr, error));
-  error.ThrowIfSet("connecting to the bus");
+      nullptr, nullptr, error.Out()));
+  ThrowIfSet(error, "connecting to the bus");
   return connection;
 }
 
@@ -44,12 +45,12 @@ Recorder::Recorder(Name name) : m_process(CommandLine(name)), m_connection(Conne
 
 Recorder::~Recorder() { g_dbus_connection_close_sync(m_connection.get(), nullptr, nullptr); }
 
-VariantPtr Recorder::Call(const char* method, GVariant* arguments) {
-  ErrorCollector error;
-  VariantPtr reply(g_dbus_connection_call_sync(
+OwnedVariant Recorder::Call(const char* method, GVariant* arguments) {
+  OwnedError error;
+  OwnedVariant reply(g_dbus_connection_call_sync(
       m_connection.get(), m_busName.c_str(), "/test/recorder", "test.Recorder", method, arguments, nullptr,
-      G_DBUS_CALL_FLAGS_NONE, static_cast<int>(kBound.count()), nullptr, error));
-  error.ThrowIfSet(std::string("the recorder's ") + method);
+      G_DBUS_CALL_FLAGS_NONE, static_cast<int>(kBound.count()), nullptr, error.Out()));
+  ThrowIfSet(error, std::string("the recorder's ") + method);
   return reply;
 }
 
@@ -81,14 +82,14 @@ void Recorder::DieOn(const std::string& method) { Call("DieOn", g_variant_new("(
 void Recorder::Reset() { Call("Reset"); }
 
 std::vector<RecordedCall> Recorder::TakeCalls() {
-  const VariantPtr reply = Call("TakeCalls");
-  const VariantPtr list(g_variant_get_child_value(reply.get(), 0));
+  const OwnedVariant reply = Call("TakeCalls");
+  const OwnedVariant list(g_variant_get_child_value(reply.get(), 0));
   std::vector<RecordedCall> calls;
   for (gsize i = 0; i < g_variant_n_children(list.get()); ++i) {
     const char* method = nullptr;
     GVariant* members = nullptr;
     g_variant_get_child(list.get(), i, "(&s@av)", &method, &members);
-    calls.push_back({method, TupleOf(VariantPtr(members).get())});
+    calls.push_back({method, TupleOf(OwnedVariant(members).get())});
   }
   return calls;
 }

@@ -12,7 +12,7 @@ namespace bttest {
 /// A call that the service received.
 struct RecordedCall {
   std::string method;
-  VariantPtr arguments;  ///< a tuple
+  OwnedVariant arguments;  ///< a tuple
 };
 
 /// A recording Bluetooth service, a second process on the session bus (see BusDaemon).
@@ -65,11 +65,11 @@ class Recorder {
   ChildProcess& Process() { return m_process; }
 
  private:
-  VariantPtr Call(const char* method, GVariant* arguments = nullptr);
+  OwnedVariant Call(const char* method, GVariant* arguments = nullptr);
 
   ChildProcess m_process;
   std::string m_busName;
-  ConnectionPtr m_connection;
+  OwnedObject<GDBusConnection> m_connection;
 };
 
 }  // namespace bttest

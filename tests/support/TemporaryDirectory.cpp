@@ -1,13 +1,13 @@
 #include "support/TemporaryDirectory.h"
 
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 
 namespace bttest {
 
 TemporaryDirectory::TemporaryDirectory() {
-  ErrorCollector error;
-  const CharPtr path(g_dir_make_tmp("bttest-XXXXXX", error));
-  error.ThrowIfSet("making a temporary directory");
+  OwnedError error;
+  const OwnedText path(g_dir_make_tmp("bttest-XXXXXX", error.Out()));
+  ThrowIfSet(error, "making a temporary directory");
   m_path = path.get();
 }
 

@@ -5,21 +5,21 @@
 
 #include <gtest/gtest.h>
 
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 
 namespace bttest {
 namespace {
 
 /// Whether the session bus, as GLib finds it, answers a new connection.
 bool CanConnect() {
-  const CharPtr address(g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+  const OwnedText address(g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
   if (address == nullptr) {
     return false;
   }
   const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                        G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-  return ConnectionPtr(g_dbus_connection_new_for_address_sync(address.get(), flags, nullptr, nullptr,
-                                                              nullptr)) != nullptr;
+  return OwnedObject<GDBusConnection>(g_dbus_connection_new_for_address_sync(address.get(), flags, nullptr,
+                                                                             nullptr, nullptr)) != nullptr;
 }
 
 TEST(Bus, IsNotThereUnlessATestMakesOne) { EXPECT_FALSE(CanConnect()); }
@@ -39,13 +39,14 @@ TEST(Bus, ComesGoesAndComesBackAtTheSameAddress) {
 
 TEST(Bus, ActivatesTheServicesOfADirectoryAndNoOthers) {
   const auto activate = [] {
-    ErrorCollector error;
-    const ConnectionPtr connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
-    error.ThrowIfSet("connecting");
-    const VariantPtr reply(g_dbus_connection_call_sync(
+    OwnedError error;
+    const OwnedObject<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.Out()));
+    ThrowIfSet(error, "connecting");
+    const OwnedVariant reply(g_dbus_connection_call_sync(
         connection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-        "ListActivatableNames", nullptr, G_VARIANT_TYPE("(as)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
-    error.ThrowIfSet("asking the bus");
+        "ListActivatableNames", nullptr, G_VARIANT_TYPE("(as)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
+        error.Out()));
+    ThrowIfSet(error, "asking the bus");
     return ToText(reply.get());
   };
   TemporaryDirectory services;

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "glib/OwnedId.h"
+
 namespace bttest {
 namespace {
 
@@ -12,15 +14,14 @@ using std::chrono::milliseconds;
 
 TEST(RunUntil, DispatchesUntilTheConditionIsTrue) {
   int calls = 0;
-  const guint source = g_idle_add(
+  const OwnedSourceId source(g_idle_add(
       [](gpointer data) -> gboolean {
         ++*static_cast<int*>(data);
         return G_SOURCE_CONTINUE;
       },
-      &calls);
+      &calls));
   EXPECT_TRUE(RunUntil([&] { return calls == 3; }));
   EXPECT_EQ(3, calls);
-  g_source_remove(source);
 }
 
 TEST(RunUntil, GivesUpAfterItsBound) {

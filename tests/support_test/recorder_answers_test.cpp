@@ -5,6 +5,7 @@
 #include "recorder/ZeroValue.h"
 #include "recorder_client.h"
 #include "support/BusDaemon.h"
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 #include "support/Recorder.h"
 
@@ -27,7 +28,7 @@ TEST_F(RecorderAnswers, AreZerosForEveryMethod) {
     const auto zeros = [](const Arguments& arguments) {
       return ZeroValue(G_VARIANT_TYPE(TupleSignature(arguments).c_str()));
     };
-    const VariantPtr expected = Own(zeros(method.out));
+    const OwnedVariant expected(zeros(method.out));
     EXPECT_EQ(ToText(expected.get()), client.Answer(method.name.c_str(), zeros(method.in))) << method.name;
   }
 }

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "protocol/BusNames.h"
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 
 namespace bttest {
 
@@ -13,33 +13,32 @@ namespace bttest {
 class Client {
  public:
   Client() {
-    ErrorCollector error;
-    m_connection.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
-    error.ThrowIfSet("connecting");
+    OwnedError error;
+    m_connection.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.Out()));
+    ThrowIfSet(error, "connecting");
     g_dbus_connection_set_exit_on_close(m_connection.get(), FALSE);
   }
 
-  VariantPtr Call(const char* method, GVariant* arguments, GError** error, const char* interface = kName,
-                  const char* name = kName, const char* path = kPath) {
-    return VariantPtr(g_dbus_connection_call_sync(m_connection.get(), name, path, interface, method,
-                                                  arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
-                                                  error));
+  OwnedVariant Call(const char* method, GVariant* arguments, GError** error, const char* interface = kName,
+                    const char* name = kName, const char* path = kPath) {
+    return OwnedVariant(g_dbus_connection_call_sync(m_connection.get(), name, path, interface, method,
+                                                    arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
+                                                    error));
   }
 
   /// The answer as text.
   std::string Answer(const char* method, GVariant* arguments = nullptr) {
-    ErrorCollector error;
-    const VariantPtr reply = Call(method, arguments, error);
-    error.ThrowIfSet(method);
+    OwnedError error;
+    const OwnedVariant reply = Call(method, arguments, error.Out());
+    ThrowIfSet(error, method);
     return ToText(reply.get());
   }
 
   /// The D-Bus name of the error that the call is answered with; empty if it is not.
   std::string Error(const char* method, GVariant* arguments = nullptr) {
-    GError* error = nullptr;
-    const VariantPtr reply = Call(method, arguments, &error);
-    const CharPtr name(error != nullptr ? g_dbus_error_get_remote_error(error) : nullptr);
-    g_clear_error(&error);
+    OwnedError error;
+    const OwnedVariant reply = Call(method, arguments, error.Out());
+    const OwnedText name(error ? g_dbus_error_get_remote_error(error.get()) : nullptr);
     return name != nullptr ? name.get() : "";
   }
 
@@ -60,7 +59,7 @@ class Client {
   static constexpr const char* kName = kServiceName;
   static constexpr const char* kPath = kServicePath;
 
-  ConnectionPtr m_connection;
+  OwnedObject<GDBusConnection> m_connection;
 };
 
 }  // namespace bttest

@@ -5,6 +5,7 @@
 
 #include "recorder_client.h"
 #include "support/BusDaemon.h"
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 #include "support/MainLoop.h"
 
@@ -21,13 +22,13 @@ struct RecorderTest : testing::Test {
 };
 
 TEST_F(RecorderTest, ExportsExactlyTheDescribedInterface) {
-  ErrorCollector error;
-  const VariantPtr reply = client.Call("Introspect", nullptr, error, "org.freedesktop.DBus.Introspectable");
-  error.ThrowIfSet("introspection");
+  OwnedError error;
+  const OwnedVariant reply = client.Call("Introspect", nullptr, error, "org.freedesktop.DBus.Introspectable");
+  ThrowIfSet(error, "introspection");
   const char* xml = nullptr;
   g_variant_get(reply.get(), "(&s)", &xml);
-  const NodeInfoPtr node(g_dbus_node_info_new_for_xml(xml, error));
-  error.ThrowIfSet("parsing");
+  const OwnedNodeInfo node(g_dbus_node_info_new_for_xml(xml, error.Out()));
+  ThrowIfSet(error, "parsing");
   const InterfaceDescription& expected = BluetoothInterface();
   const InterfaceDescription exported =
       DescribeInterface(*g_dbus_node_info_lookup_interface(node.get(), expected.name.c_str()));

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "protocol/BusNames.h"
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 
 namespace bttest {
 
@@ -12,13 +12,13 @@ namespace bttest {
 class BusPeer {
  public:
   explicit BusPeer(const std::string& busAddress) {
-    ErrorCollector error;
+    OwnedError error;
     m_connection.reset(g_dbus_connection_new_for_address_sync(
         busAddress.c_str(),
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-        nullptr, nullptr, error));
-    error.ThrowIfSet("connecting to the bus");
+        nullptr, nullptr, error.Out()));
+    ThrowIfSet(error, "connecting to the bus");
   }
   ~BusPeer() { g_dbus_connection_close_sync(m_connection.get(), nullptr, nullptr); }
   BusPeer(const BusPeer&) = delete;
@@ -26,7 +26,7 @@ class BusPeer {
 
   /// The unique name of who owns the service's name. Throws if nobody does.
   std::string ServiceOwner() const {
-    const VariantPtr reply = CallBus("GetNameOwner", g_variant_new("(s)", kServiceName));
+    const OwnedVariant reply = CallBus("GetNameOwner", g_variant_new("(s)", kServiceName));
     const char* owner = nullptr;
     g_variant_get(reply.get(), "(&s)", &owner);
     return owner;
@@ -36,16 +36,16 @@ class BusPeer {
   void OwnServiceName() { CallBus("RequestName", g_variant_new("(su)", kServiceName, 0u)); }
 
  private:
-  VariantPtr CallBus(const char* method, GVariant* arguments) const {
-    ErrorCollector error;
-    VariantPtr reply(g_dbus_connection_call_sync(
+  OwnedVariant CallBus(const char* method, GVariant* arguments) const {
+    OwnedError error;
+    OwnedVariant reply(g_dbus_connection_call_sync(
         m_connection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
-        arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
-    error.ThrowIfSet(method);
+        arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.Out()));
+    ThrowIfSet(error, method);
     return reply;
   }
 
-  ConnectionPtr m_connection;
+  OwnedObject<GDBusConnection> m_connection;
 };
 
 }  // namespace bttest

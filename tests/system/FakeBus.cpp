@@ -9,7 +9,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include "support/GlibPointers.h"
+#include "glib/OwnedBus.h"
 
 namespace bttest {
 namespace {
@@ -58,7 +58,7 @@ bool Authenticate(int peer, std::string& received) {
 }
 
 /// Takes one message off the front of received; null if none is whole.
-GDBusMessage* TakeMessage(std::string& received) {
+OwnedObject<GDBusMessage> TakeMessage(std::string& received) {
   constexpr std::size_t kFixedHeader = 16;
   auto* const blob = reinterpret_cast<guchar*>(received.data());
   if (received.size() < kFixedHeader) {
@@ -68,8 +68,8 @@ GDBusMessage* TakeMessage(std::string& received) {
   if (size < 0 || static_cast<std::size_t>(size) > received.size()) {
     return nullptr;
   }
-  GDBusMessage* const message =
-      g_dbus_message_new_from_blob(blob, static_cast<gsize>(size), G_DBUS_CAPABILITY_FLAGS_NONE, nullptr);
+  OwnedObject<GDBusMessage> message(
+      g_dbus_message_new_from_blob(blob, static_cast<gsize>(size), G_DBUS_CAPABILITY_FLAGS_NONE, nullptr));
   received.erase(0, static_cast<std::size_t>(size));
   return message;
 }
@@ -116,10 +116,8 @@ void FakeBus::Talk(int peer) const {
     return;
   }
   do {
-    while (GDBusMessage* const message = TakeMessage(received)) {
-      const bool isOver = Answer(peer, message);
-      g_object_unref(message);
-      if (isOver) {
+    while (const OwnedObject<GDBusMessage> message = TakeMessage(received)) {
+      if (Answer(peer, message.get())) {
         return;
       }
     }
@@ -134,15 +132,14 @@ bool FakeBus::Answer(int peer, GDBusMessage* message) const {
   if (member != "Hello") {
     return false;
   }
-  GDBusMessage* const reply = g_dbus_message_new_method_reply(message);
-  g_dbus_message_set_sender(reply, "org.freedesktop.DBus");
-  g_dbus_message_set_destination(reply, ":1.1");
-  g_dbus_message_set_body(reply, g_variant_new("(s)", ":1.1"));
+  const OwnedObject<GDBusMessage> reply(g_dbus_message_new_method_reply(message));
+  g_dbus_message_set_sender(reply.get(), "org.freedesktop.DBus");
+  g_dbus_message_set_destination(reply.get(), ":1.1");
+  g_dbus_message_set_body(reply.get(), g_variant_new("(s)", ":1.1"));
   gsize size = 0;
-  guchar* const blob = g_dbus_message_to_blob(reply, &size, G_DBUS_CAPABILITY_FLAGS_NONE, nullptr);
-  Send(peer, blob, size);
-  g_free(blob);
-  g_object_unref(reply);
+  const OwnedMemory<guchar> blob(
+      g_dbus_message_to_blob(reply.get(), &size, G_DBUS_CAPABILITY_FLAGS_NONE, nullptr));
+  Send(peer, blob.get(), size);
   return m_ending == Ending::AFTER_HELLO;
 }
 

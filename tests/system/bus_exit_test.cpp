@@ -20,8 +20,8 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include "glib/OwnedBus.h"
 #include "ipc/BtClientIpcAdapter.h"
-#include "support/GlibPointers.h"
 #include "support/TemporaryDirectory.h"
 #include "system/FakeBus.h"
 #include "system/fixtures.h"
@@ -90,10 +90,7 @@ class ClosedConnections {
   ClosedConnections() : m_class(g_type_class_ref(G_TYPE_DBUS_CONNECTION)) {
     m_hook = g_signal_add_emission_hook(Signal(), 0, Note, this, nullptr);
   }
-  ~ClosedConnections() {
-    g_signal_remove_emission_hook(Signal(), m_hook);
-    g_type_class_unref(m_class);
-  }
+  ~ClosedConnections() { g_signal_remove_emission_hook(Signal(), m_hook); }
   ClosedConnections(const ClosedConnections&) = delete;
   ClosedConnections& operator=(const ClosedConnections&) = delete;
 
@@ -107,7 +104,7 @@ class ClosedConnections {
   }
 
   std::atomic<int> m_count{0};
-  gpointer m_class;
+  OwnedTypeClass<void> m_class;
   gulong m_hook = 0;
 };
 
@@ -219,7 +216,7 @@ TEST_F(BusExit, AConnectionThatIsNotTheSessionBusKeepsWhatItWasSet) {
   setenv("DBUS_SYSTEM_BUS_ADDRESS", other.Address().c_str(), 1);
   setenv("DBUS_SESSION_BUS_ADDRESS", session.Address().c_str(), 1);
   Recorder service;
-  const ConnectionPtr system(g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, nullptr));
+  const OwnedObject<GDBusConnection> system(g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, nullptr));
   ASSERT_NE(system, nullptr);
   const ClosedConnections closed;
   g_endOfAttempt = [&](ComZelkLinuxBluetooth*) {
@@ -256,7 +253,7 @@ class BusWithAServiceThatFails {
 
   /// Whether the connection that the application has made ends it: at the end of each attempt of the library.
   std::vector<bool> ExitsOnCloseOfAttempts() {
-    const ConnectionPtr ofApplication(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    const OwnedObject<GDBusConnection> ofApplication(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
     EXPECT_NE(ofApplication, nullptr);
     std::vector<bool> exitsOnClose;
     g_endOfAttempt = [&](ComZelkLinuxBluetooth* proxy) {

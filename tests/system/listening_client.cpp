@@ -21,6 +21,8 @@
 #include <bluetooth/MWPBtPbap.h>
 #include <bluetooth/MWPBtPhone.h>
 
+#include "glib/Owned.h"
+
 namespace {
 
 template <typename... Values>
@@ -89,11 +91,10 @@ bool Start(bool waits) {
 }
 
 void Listen() {
-  GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
-  g_unix_signal_add(SIGTERM, Quit, loop);
+  const OwnedMainLoop loop(g_main_loop_new(nullptr, FALSE));
+  g_unix_signal_add(SIGTERM, Quit, loop.get());
   Print("power %d\nready\n", MWPBtCom().GetPowerStatus());
-  g_main_loop_run(loop);
-  g_main_loop_unref(loop);
+  g_main_loop_run(loop.get());
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include <bluetooth/MWPBtCom.h>
 
+#include "glib/OwnedId.h"
 #include "system/fixtures.h"
 #include "system/preset_requests.h"
 
@@ -23,10 +24,11 @@ struct LostBus : Started {
     bool isToldOfEnd = false;
     const auto note =
         +[](GDBusConnection*, gboolean, GError*, gpointer flag) { *static_cast<bool*>(flag) = true; };
-    const gulong handler = g_signal_connect(connection, "closed", G_CALLBACK(note), &isToldOfEnd);
+    OwnedHandler handler(G_OBJECT(connection),
+                         g_signal_connect(connection, "closed", G_CALLBACK(note), &isToldOfEnd));
     bus.Stop();
     EXPECT_TRUE(RunUntil([&] { return isToldOfEnd; }));
-    g_signal_handler_disconnect(connection, handler);
+    handler.reset();
     RunPending();
   }
 };

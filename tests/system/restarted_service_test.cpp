@@ -19,7 +19,7 @@ using testing::IsEmpty;
 
 /// Who owns the service's name as the proxy knows it; empty if nobody does.
 std::string OwnerKnownToProxy() {
-  const CharPtr owner(g_dbus_proxy_get_name_owner(G_DBUS_PROXY(g_BtProxy)));
+  const OwnedText owner(g_dbus_proxy_get_name_owner(G_DBUS_PROXY(g_BtProxy)));
   return owner != nullptr ? owner.get() : "";
 }
 

@@ -20,7 +20,7 @@
 #include "protocol/BusNames.h"
 #include "support/BusDaemon.h"
 #include "support/ChildProcess.h"
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 #include "support/LogCapture.h"
 #include "support/MainLoop.h"
 
@@ -67,12 +67,12 @@ class ServiceValues : public testing::Test {
   /// Lets somebody call the phone, and answers the id of the call.
   int ComeIn(const char* number) {
     const std::size_t before = calls.ids.size();
-    ErrorCollector error;
-    const ConnectionPtr connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
-    const VariantPtr happened(g_dbus_connection_call_sync(
+    OwnedError error;
+    const OwnedObject<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.Out()));
+    const OwnedVariant happened(g_dbus_connection_call_sync(
         connection.get(), kServiceName, kControlPath, kOutsideInterface, "Call",
-        g_variant_new("(ss)", kPhone, number), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error));
-    error.ThrowIfSet("Call");
+        g_variant_new("(ss)", kPhone, number), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.Out()));
+    ThrowIfSet(error, "Call");
     EXPECT_TRUE(RunUntil([&] { return calls.ids.size() > before; }));
     return calls.ids.empty() ? 0 : calls.ids.back();
   }

@@ -13,6 +13,7 @@ bt_add_test(NAME system_threads SOURCES loops_and_threads_test.cpp throwing_list
 
 # An application as its users build it: the library and its public headers. GLib is for its main loop.
 add_executable(listening_client system/listening_client.cpp)
+target_include_directories(listening_client PRIVATE ${CMAKE_SOURCE_DIR})
 target_link_libraries(listening_client PRIVATE bt PkgConfig::GIO bt_warnings)
 bt_add_test(NAME system_two_clients SOURCES two_clients_test.cpp)
 target_compile_definitions(system_two_clients PRIVATE

@@ -7,7 +7,7 @@
 
 #include "btctl/composed/AllCommands.h"
 #include "btctl/words/WordTable.h"
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 #include "tools/command_rows.h"
 
@@ -59,7 +59,7 @@ std::string CallText(const MethodDescription& method, const std::vector<Sample>&
   for (std::size_t i = 0; i < samples.size(); ++i) {
     values.push_back(AsVariant(samples[i], method.in[i].signature));
   }
-  return method.name + ToText(Own(g_variant_new_tuple(values.data(), values.size())).get());
+  return method.name + ToText(OwnedVariant(g_variant_new_tuple(values.data(), values.size())).get());
 }
 
 CommandRow DerivedRow(const btctl::Command& command) {

@@ -5,31 +5,26 @@
 
 #include <gtest/gtest.h>
 
+#include "glib/OwnedBus.h"
 #include "ipc/D-Bus/bt_variant.h"
-#include "support/GlibPointers.h"
 #include "support/LogCapture.h"
 
 namespace {
-
-using bttest::Own;
-using bttest::VariantPtr;
 
 TEST(BuildVariant, GivesAFloatingVariantThatHoldsAnArrayOfBytes) {
   char data[] = "abc";
   GVariant* const variant = bt_build_variant_data(data, 3);
   EXPECT_TRUE(g_variant_is_floating(variant));
-  const VariantPtr owned = Own(variant);
+  const OwnedVariant owned(variant);
   EXPECT_STREQ(g_variant_get_type_string(owned.get()), "v");
-  gchar* const text = g_variant_print(owned.get(), TRUE);
-  EXPECT_STREQ(text, "<[byte 0x61, 0x62, 0x63]>");
-  g_free(text);
+  EXPECT_STREQ(OwnedText(g_variant_print(owned.get(), TRUE)).get(), "<[byte 0x61, 0x62, 0x63]>");
 }
 
 TEST(BuildVariant, OfNoLengthOrLessHoldsAnEmptyArrayOfBytes) {
   char data[] = "abc";
   for (const int length : {0, -1, -2147483647 - 1}) {
-    const VariantPtr variant = Own(bt_build_variant_data(data, length));
-    const VariantPtr bytes(g_variant_get_variant(variant.get()));
+    const OwnedVariant variant(bt_build_variant_data(data, length));
+    const OwnedVariant bytes(g_variant_get_variant(variant.get()));
     EXPECT_STREQ(g_variant_get_type_string(bytes.get()), "ay");
     EXPECT_EQ(g_variant_n_children(bytes.get()), 0u);
   }
@@ -37,7 +32,7 @@ TEST(BuildVariant, OfNoLengthOrLessHoldsAnEmptyArrayOfBytes) {
 
 TEST(BuildVariant, CopiesTheBytes) {
   char data[] = "abc";
-  const VariantPtr variant = Own(bt_build_variant_data(data, 3));
+  const OwnedVariant variant(bt_build_variant_data(data, 3));
   data[0] = 'x';
   char out[3];
   EXPECT_EQ(bt_extract_variant_data(out, variant.get()), 3);
@@ -48,7 +43,7 @@ TEST(BuildVariant, OfANullBufferWithALengthIsLoggedAndEmpty) {
   bttest::LogCapture log;
   for (const int length : {5, 1}) {
     log.Clear();
-    const VariantPtr variant = Own(bt_build_variant_data(nullptr, length));
+    const OwnedVariant variant(bt_build_variant_data(nullptr, length));
     char out[8];
     EXPECT_EQ(bt_extract_variant_data(out, variant.get()), 0);
     EXPECT_EQ(log.OfLevel(100).size(), 1u);
@@ -57,7 +52,7 @@ TEST(BuildVariant, OfANullBufferWithALengthIsLoggedAndEmpty) {
 }
 
 TEST(ExtractVariant, OfAnEmptyArrayWritesNothing) {
-  const VariantPtr variant = Own(bt_build_variant_data(nullptr, 0));
+  const OwnedVariant variant(bt_build_variant_data(nullptr, 0));
   char out = 'x';
   EXPECT_EQ(bt_extract_variant_data(&out, variant.get()), 0);
   EXPECT_EQ(out, 'x');
@@ -65,7 +60,7 @@ TEST(ExtractVariant, OfAnEmptyArrayWritesNothing) {
 
 TEST(ExtractVariant, OfASingleByteWritesThatByte) {
   char data = 'a';
-  const VariantPtr variant = Own(bt_build_variant_data(&data, 1));
+  const OwnedVariant variant(bt_build_variant_data(&data, 1));
   char out[] = "xy";
   EXPECT_EQ(bt_extract_variant_data(out, variant.get()), 1);
   EXPECT_STREQ(out, "ay");
@@ -76,7 +71,7 @@ TEST(ExtractVariant, RoundTripKeepsEveryByteZerosIncluded) {
   for (std::size_t i = 0; i < data.size(); ++i) {
     data[i] = static_cast<char>(i * 7);
   }
-  const VariantPtr variant = Own(bt_build_variant_data(data.data(), static_cast<int>(data.size())));
+  const OwnedVariant variant(bt_build_variant_data(data.data(), static_cast<int>(data.size())));
   std::vector<char> out(data.size());
   EXPECT_EQ(bt_extract_variant_data(out.data(), variant.get()), static_cast<int>(data.size()));
   EXPECT_EQ(out, data);
@@ -85,9 +80,9 @@ TEST(ExtractVariant, RoundTripKeepsEveryByteZerosIncluded) {
 TEST(ExtractVariant, OfAnotherTypeIsLoggedAndCopiesNothing) {
   bttest::LogCapture log;
   char out = 'x';
-  const VariantPtr text = Own(g_variant_new_variant(g_variant_new_string("abc")));
+  const OwnedVariant text(g_variant_new_variant(g_variant_new_string("abc")));
   EXPECT_EQ(bt_extract_variant_data(&out, text.get()), 0);
-  const VariantPtr number = Own(g_variant_new_int32(5));
+  const OwnedVariant number(g_variant_new_int32(5));
   EXPECT_EQ(bt_extract_variant_data(&out, number.get()), 0);
   EXPECT_EQ(bt_extract_variant_data(&out, nullptr), 0);
   EXPECT_EQ(out, 'x');
