@@ -20,7 +20,8 @@ namespace {
 constexpr const char* kUsage =
     "Usage: bt_bench [--instructions] [--json FILE] [--check] [SECTION...]\n\n"
     "Prints a table. Sections: requests, events, start, contacts, btctl; all if none is named.\n\n"
-    "  --instructions  counts instructions; sections: library, start, service, publishing\n"
+    "  --instructions  counts instructions; sections: library, start, service, publishing,\n"
+    "                  async\n"
     "  --json FILE     also writes the figures to FILE\n"
     "  --check         exits with 3 if a target is missed\n";
 
@@ -41,11 +42,12 @@ const std::vector<TimedSection> kTimedSections = {
     {"contacts", MeasureContacts}, {"btctl", MeasureCommandLine},
 };
 const std::vector<CountedSection> kCountedSections = {
-    {"library", CountLibrary},
-    {"start", CountStart},
+    {"library", CountLibrary}, {"start", CountStart},
 #ifdef BENCH_HAS_SERVICE
-    {"service", CountService},
-    {"publishing", CountPublishing},
+    {"service", CountService}, {"publishing", CountPublishing},
+#endif
+#ifdef BENCH_HAS_ASYNC
+    {"async", CountAsync},
 #endif
 };
 

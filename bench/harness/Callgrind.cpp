@@ -135,9 +135,9 @@ PartCosts CountParts(const std::string& name) {
   return costs;
 }
 
-double CountRun(const std::string& name) {
+double CountRun(const std::string& name, const std::vector<std::string>& arguments) {
   const OutputFolder folder;
-  RunProgram("/usr/bin/env", UnderCallgrind(folder.Path(), {}, name, {}));
+  RunProgram("/usr/bin/env", UnderCallgrind(folder.Path(), {}, name, arguments));
   return CountOfWholeRun(folder.Path());
 }
 

@@ -31,7 +31,7 @@ PartCosts CountParts(const std::string& name);
 
 /// Runs a program until it ends by itself, and counts all of it: its start, with the work of the dynamic
 /// linker, all its threads, and its end.
-double CountRun(const std::string& name);
+double CountRun(const std::string& name, const std::vector<std::string>& arguments = {});
 
 /// A program that runs until it is ended. All its threads count: which of them releases what they share is a
 /// matter of timing, so that only all together have a cost.

@@ -75,6 +75,18 @@ gboolean OnDisConnect(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* invo
   return TRUE;
 }
 
+gboolean OnPair(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* invocation, const gchar*, const gchar*,
+                gpointer) {
+  com_zelk_linux_bluetooth_complete_pair(object, invocation, 1);
+  return TRUE;
+}
+
+gboolean OnGetMediaInfo(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* invocation, gpointer) {
+  com_zelk_linux_bluetooth_complete_get_media_info(object, invocation, "A title of some length", "An artist",
+                                                   "An album, remastered", "3", "12", "Jazz", "215000", TRUE);
+  return TRUE;
+}
+
 gboolean OnGetContactList(ComZelkLinuxBluetooth* object, GDBusMethodInvocation* invocation, gpointer data) {
   auto& book = *static_cast<Book*>(data);
   book.Make();
@@ -118,6 +130,8 @@ bool Export(GDBusConnection* connection, ComZelkLinuxBluetooth* skeleton, Book& 
   g_signal_connect(skeleton, "handle-get-power-status", G_CALLBACK(OnGetPowerStatus), nullptr);
   g_signal_connect(skeleton, "handle-connect", G_CALLBACK(OnConnect), nullptr);
   g_signal_connect(skeleton, "handle-dis-connect", G_CALLBACK(OnDisConnect), nullptr);
+  g_signal_connect(skeleton, "handle-pair", G_CALLBACK(OnPair), nullptr);
+  g_signal_connect(skeleton, "handle-get-media-info", G_CALLBACK(OnGetMediaInfo), nullptr);
   g_signal_connect(skeleton, "handle-get-contact-list", G_CALLBACK(OnGetContactList), &book);
 
   OwnedError error;

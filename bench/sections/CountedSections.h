@@ -11,5 +11,7 @@ void CountLibrary(Report& report);
 void CountStart(Report& report);
 void CountService(Report& report);
 void CountPublishing(Report& report);
+/// Requests of libbtasync.
+void CountAsync(Report& report);
 
 #endif
