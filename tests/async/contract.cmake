@@ -29,6 +29,8 @@ add_test(NAME async_coverage/EachMethodAndEachSignalIsUsedOnce
 add_test(NAME async_public_headers/EachCompilesOnItsOwnAndNeedsNothingButTheStandardLibrary
   COMMAND Python3::Interpreter ${CMAKE_SOURCE_DIR}/tests/contract/public_headers_test.py ${CMAKE_CXX_COMPILER}
           ${CMAKE_SOURCE_DIR}/include btasync c++17 Coroutine.h=c++20)
+add_test(NAME async_documents/SayWhatTheSourcesSay
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/documents_test.py ${CMAKE_CXX_COMPILER} ${CMAKE_SOURCE_DIR})
 add_test(NAME async_wrong_types/DoNotCompile
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/wrong_types_test.py ${CMAKE_CXX_COMPILER} ${CMAKE_SOURCE_DIR}
           ${CMAKE_BINARY_DIR}/libbtasync/generated ${GIO_INCLUDE_DIRS})

@@ -34,7 +34,7 @@ RUNNERS = {
     "service": r"btservice\b",
     "controls": r"sim=|\$sim\.",
     "btctl": r"btctl\b|echo \$\?$",
-    "install": r"for component in runtime development tools; do",
+    "install": r"for component in runtime async development tools; do",
     "configure": r"cmake --preset dev\b",
     "log": r"MWP_LOG_LEVEL=debug\b",
 }
