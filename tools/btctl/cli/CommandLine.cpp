@@ -345,7 +345,7 @@ Parsed ParseCommandLine(const std::vector<std::string>& words) {
     Parser parser([&](const Command& command) {
       return std::find(words.begin(), words.end(), GroupOf(command)) != words.end();
     });
-    const Parsed parsed = parser.Parse(words);
+    Parsed parsed = parser.Parse(words);
     if (parsed.command != nullptr) {
       return parsed;
     }
