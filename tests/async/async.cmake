@@ -12,6 +12,11 @@ bt_add_test(NAME async_test
     pairing_screen_test.cpp
   LIBS btasync_testing btasync
   LABELS async)
+bt_add_test(NAME async_corpus
+  SOURCES lists_corpus_test.cpp ../fuzz/Expectation.cpp ../fuzz/GuardedMemory.cpp ../fuzz/Records.cpp
+  LIBS btasync
+  LABELS async fuzz)
+target_compile_definitions(async_corpus PRIVATE BTTEST_LIST_CORPUS="${CMAKE_SOURCE_DIR}/tests/fuzz/corpus/lists")
 # The lists that a thread of GLib's decodes. It is run under ThreadSanitizer too.
 bt_add_test(NAME async_race
   SOURCES lists_race_test.cpp ../system/tsan_options.cpp

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
+#include <regex>
 
 namespace bttest {
 namespace {
@@ -101,6 +102,22 @@ MWPTypeCallSlot WalkCallSlot(Walk& walk) {
   return slot;
 }
 
+MWPTypeDevice WalkDevice(Walk& walk) {
+  MWPTypeDevice device;
+  device.eProfileId = static_cast<MWPBtType::ProfileId>(walk.Integer());
+  device.eEnableProfileId = static_cast<MWPBtType::ProfileId>(walk.Integer());
+  device.eConnectStatus = static_cast<MWPBtType::ConnStatus>(walk.Integer());
+  device.eSupportType = static_cast<MWPBtType::SupportType>(walk.Integer());
+  device.strAddr = walk.Text();
+  device.strName = walk.Text();
+  return device;
+}
+
+bool IsAddress(const std::string& text) {
+  static const std::regex form("([0-9A-Fa-f]{2}:){5}[0-9A-Fa-f]{2}");
+  return text.size() == 17 && std::regex_match(text, form);
+}
+
 /// The place behind the last byte that is not zero.
 std::size_t EndOfData(const GuardedMemory& segment) {
   const std::reverse_iterator<const unsigned char*> last(segment.Begin() + segment.Size());
@@ -149,6 +166,14 @@ Expected<MWPTypeCallInfo> ExpectCallInfo(const GuardedMemory& segment, const MWP
     expected.delivery.callSlot2 = WalkCallSlot(walk);
   } catch (const NotWhole&) {
     expected.isFaulty = true;
+  }
+  return expected;
+}
+
+Expected<std::list<MWPTypeDevice>> ExpectDevices(const GuardedMemory& segment) {
+  auto expected = ExpectList(segment, 4 * 4 + 1 + 1, WalkDevice);
+  for (const MWPTypeDevice& device : expected.delivery) {
+    expected.isFaulty |= !IsAddress(device.strAddr);
   }
   return expected;
 }

@@ -25,6 +25,8 @@ Expected<std::list<MWPTypeContact>> ExpectContacts(const GuardedMemory& segment)
 Expected<std::list<MWPTypeCallLog>> ExpectCallLogs(const GuardedMemory& segment);
 /// The slots that are not whole must be left as they are in before.
 Expected<MWPTypeCallInfo> ExpectCallInfo(const GuardedMemory& segment, const MWPTypeCallInfo& before);
+/// A device without a Bluetooth address is a fault.
+Expected<std::list<MWPTypeDevice>> ExpectDevices(const GuardedMemory& segment);
 /// The texts behind the count, up to the first that has no end.
 Expected<std::vector<std::string>> ExpectTexts(const GuardedMemory& segment);
 

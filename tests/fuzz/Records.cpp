@@ -41,6 +41,12 @@ bool IsSame(const MWPTypeCallInfo& left, const MWPTypeCallInfo& right) {
          IsSame(left.callSlot2, right.callSlot2);
 }
 
+bool IsSame(const MWPTypeDevice& left, const MWPTypeDevice& right) {
+  return left.eProfileId == right.eProfileId && left.eEnableProfileId == right.eEnableProfileId &&
+         left.eConnectStatus == right.eConnectStatus && left.eSupportType == right.eSupportType &&
+         left.strAddr == right.strAddr && left.strName == right.strName;
+}
+
 int RandomRecords::Integer() {
   constexpr int kExtremes[] = {
       0, 1, -1, 255, 256, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()};

@@ -17,6 +17,7 @@ bool IsSame(const MWPTypeContact& left, const MWPTypeContact& right);
 bool IsSame(const MWPTypeCallLog& left, const MWPTypeCallLog& right);
 bool IsSame(const MWPTypeCallSlot& left, const MWPTypeCallSlot& right);
 bool IsSame(const MWPTypeCallInfo& left, const MWPTypeCallInfo& right);
+bool IsSame(const MWPTypeDevice& left, const MWPTypeDevice& right);
 
 template <typename Record>
 bool IsSame(const std::list<Record>& left, const std::list<Record>& right) {

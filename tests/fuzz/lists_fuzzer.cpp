@@ -1,28 +1,24 @@
-// libFuzzer target: any bytes in the list segments. The first four bytes of an input say where the others go:
-// which segment is read and how; what fills the segment; and how many of the other bytes (two bytes, the
-// lower first) are put at the segment's end instead of its begin.
+// libFuzzer target: any bytes in the list segments (fuzz/ListInput.h). libbt reads them where they lie,
+// libbtasync out of a copy.
 
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 
+#include "fuzz/DecoderChecks.h"
 #include "fuzz/ListChecks.h"
+#include "fuzz/ListInput.h"
 #include "fuzz/Records.h"
 
 namespace {
 
+using bttest::ListInput;
 using bttest::ListWorld;
 
-constexpr std::size_t kHeaderBytes = 4;
 constexpr unsigned kSeed = 1;  // of what the lists hold before
 // Room for a hundred records. The megabytes of the real segments would take nearly all of the time.
 constexpr std::size_t kSegmentBytes = 2048;
-
-/// A way to read a segment, into a list that holds something already.
-struct Road {
-  ShareMemID id;
-  std::string (*check)(ListWorld& world, ShareMemID id);
-};
 
 std::string CheckContacts(ListWorld& world, ShareMemID id) {
   static const std::list<MWPTypeContact> before = bttest::RandomRecords(kSeed).Contacts(3);
@@ -41,27 +37,25 @@ std::string CheckCallInfo(ListWorld& world, ShareMemID) {
   return bttest::CheckCallInfo(world, info);
 }
 
-constexpr Road kRoads[] = {
-    {SH_CONTACT_LIST, CheckContacts},     {SH_FAV_CONTACT_LIST, CheckContacts},
-    {SH_CALL_LOG_LIST, CheckCallLogs},    {SH_CALL_INFO_LIST, CheckCallInfo},
-    {SH_PAIRED_LIST, bttest::CheckTexts}, {SH_CALL_LOG_LIST, bttest::CheckTexts},
-};
+/// The ways to read a segment, into a list that holds something already.
+using Check = std::string (*)(ListWorld& world, ShareMemID id);
+constexpr Check kRoads[] = {CheckContacts, CheckContacts,      CheckCallLogs,
+                            CheckCallInfo, bttest::CheckTexts, bttest::CheckTexts};
+static_assert(std::size(kRoads) == std::size(ListInput::kRoadSegments));
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static ListWorld& world = *new ListWorld(kSegmentBytes);  // as long as the process
-  if (size < kHeaderBytes) {
+  const auto input = ListInput::Parse(data, size);
+  if (!input) {
     return -1;
   }
-  const Road& road = kRoads[data[0] % std::size(kRoads)];
-  const std::size_t wantedTail = data[2] + 256u * data[3];
-  const std::uint8_t* const end = data + size;
-  const std::uint8_t* const tail = end - std::min(wantedTail, size - kHeaderBytes);
-  world.Write(road.id, {data + kHeaderBytes, tail}, {tail, end}, data[1]);
-  const std::string wrong = road.check(world, road.id);
+  const ShareMemID id = input->Segment();
+  world.Write(id, input->head, input->tail, input->filler);
+  const std::string wrong = kRoads[input->road](world, id) + bttest::CheckDecoder(world.Segment(id), id);
   if (!wrong.empty()) {
-    std::fprintf(stderr, "segment %d: %s\n", road.id, wrong.c_str());
+    std::fprintf(stderr, "segment %d: %s\n", id, wrong.c_str());
     std::abort();
   }
   return 0;
