@@ -12,6 +12,7 @@ bt_add_test(NAME contract_requests SOURCES booleans_test.cpp requests_test.cpp L
 bt_add_test(NAME contract_time_limit SOURCES time_limit_test.cpp LIBS bt_test_contract ${CMAKE_DL_LIBS})
 bt_add_test(NAME contract_error_lines SOURCES error_lines_test.cpp LIBS bt_test_contract)
 target_compile_definitions(contract_error_lines PRIVATE BTTEST_IPC_SOURCES="${CMAKE_SOURCE_DIR}/ipc")
+bt_add_test(NAME contract_requests_memory SOURCES ShortOfMemory.cpp requests_out_of_memory_test.cpp)
 bt_add_test(NAME contract_lists SOURCES lists_test.cpp list_memory_test.cpp lists_capacity_test.cpp)
 bt_add_test(NAME contract_lists_memory SOURCES ShortOfMemory.cpp lists_out_of_memory_test.cpp)
 bt_add_test(NAME contract_missing_texts SOURCES missing_texts_test.cpp)
