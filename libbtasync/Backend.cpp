@@ -1,5 +1,7 @@
 #include "libbtasync/Backend.h"
 
+#include <pthread.h>
+
 #include <algorithm>
 #include <iterator>
 #include <limits>
@@ -35,7 +37,7 @@ bool Backend::IsOwnThread(const char* what) const {
   if (m_thread == std::this_thread::get_id()) {
     return true;
   }
-  LogWarning("another thread than the loop's asks for %s: refused", what);
+  LogForeignThread(what);
   return false;
 }
 
@@ -53,7 +55,15 @@ void Backend::Close() {
   OnClosed();
 }
 
+void Backend::CloseByLoop() {
+  m_isOpen = false;
+  CloseLater();
+}
+
+void Backend::CloseLater() {}
+
 void Backend::Enter(PendingCall& call) {
+  call.m_thread = pthread_self();
   call.m_backend = this;
   call.m_nextCall = m_calls;
   call.m_previousCall = nullptr;
@@ -133,7 +143,8 @@ void Backend::Subscribe(const EventKind& kind, Subscription& subscription) {
 }
 
 void Backend::Deliver(const EventKind& kind, const void* event) {
-  if (Subscribers* const subscribers = Find(kind)) {
+  Subscribers* const subscribers = Find(kind);
+  if (m_isOpen && subscribers != nullptr) {
     const BackendRef alive(*this);
     subscribers->Take(event);
   }
@@ -141,7 +152,7 @@ void Backend::Deliver(const EventKind& kind, const void* event) {
 
 void Backend::DeliverSignal(const EventKind& kind, _GVariant* values) {
   Subscribers* const subscribers = Find(kind);
-  if (subscribers == nullptr || subscribers->IsEmpty()) {
+  if (!m_isOpen || subscribers == nullptr || subscribers->IsEmpty()) {
     return;
   }
   const BackendRef alive(*this);

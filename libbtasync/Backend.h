@@ -61,6 +61,8 @@ class BTASYNC_API Backend {
 
   /// The service goes: nothing runs any more.
   void Close();
+  /// The same, asked for by another thread: nothing begins to run any more, and the loop does the rest.
+  void CloseByLoop();
   bool IsOpen() const { return m_isOpen; }
 
   Availability Now() const { return m_availability; }
@@ -96,6 +98,8 @@ class BTASYNC_API Backend {
   virtual void Unwatch(const EventKind& kind) = 0;
   /// The service goes.
   virtual void OnClosed() = 0;
+  /// Another thread asks that the loop calls Close and Unref. One without a loop stays as it is.
+  virtual void CloseLater();
 
   /// Whose a call is that has not ended.
   static Backend& OwnerOf(PendingCall& call) { return *call.m_backend; }
@@ -126,7 +130,7 @@ class BTASYNC_API Backend {
 
   std::atomic<int> m_references{1};
   const std::thread::id m_thread = std::this_thread::get_id();
-  bool m_isOpen = true;
+  std::atomic<bool> m_isOpen{true};
   int m_deadlineMs;
   Availability m_availability = Availability::Unknown;
   PendingCall* m_calls = nullptr;

@@ -139,6 +139,9 @@ void BusBackend::OnConnected(GObject*, GAsyncResult* result, gpointer data) {
   OwnedObject<GDBusConnection> connection(g_dbus_connection_new_for_address_finish(result, error.Out()));
   if (link->backend != nullptr) {
     BusBackend& self = *link->backend;
+    if (!self.IsOwnThread("the loop of a service that it has not made")) {
+      return;  // all of it, the link too, is the other thread's
+    }
     const BackendRef alive(self);
     self.m_attempt.reset();
     self.m_attemptTimer->Stop();
@@ -173,7 +176,11 @@ void BusBackend::TakeConnection(GDBusConnection* connection) {
       SubscribeSignal(*kind);
     }
   }
-  CallWaiting();
+  if (g_dbus_connection_is_closed(connection)) {
+    LoseConnection();  // its signal may have come before anybody listened
+  } else {
+    CallWaiting();
+  }
 }
 
 void BusBackend::Disconnect() {
@@ -230,6 +237,22 @@ void BusBackend::OnClosed() {
   m_attemptTimer.reset();
   Disconnect();
   m_waiting.clear();
+}
+
+void BusBackend::CloseLater() {
+  GSource* const source = g_idle_source_new();
+  g_source_set_priority(source, G_PRIORITY_DEFAULT);
+  g_source_set_callback(
+      source,
+      [](gpointer data) -> gboolean {
+        auto* const self = static_cast<BusBackend*>(data);
+        self->Close();
+        self->Unref();
+        return G_SOURCE_REMOVE;
+      },
+      this, nullptr);
+  g_source_attach(source, m_context.get());
+  g_source_unref(source);
 }
 
 // ----- Requests
@@ -292,9 +315,11 @@ void BusBackend::OnReply(GObject* connection, GAsyncResult* result, gpointer dat
 void BusBackend::CallWaiting() {
   while (!m_waiting.empty() && m_connection != nullptr) {
     Waiting& first = m_waiting.front();
-    first.call.Ref();
-    CallNow(first.method, first.arguments.get(),
-            ToTimeout(std::chrono::milliseconds(first.deadlineMs - TimeMs())), first.call);
+    if (first.call.IsWanted()) {
+      first.call.Ref();
+      CallNow(first.method, first.arguments.get(),
+              ToTimeout(std::chrono::milliseconds(first.deadlineMs - TimeMs())), first.call);
+    }
     m_waiting.pop_front();
   }
 }

@@ -44,6 +44,7 @@ class BusBackend final : public Backend {
   void Watch(const EventKind& kind) override;
   void Unwatch(const EventKind& kind) override;
   void OnClosed() override;
+  void CloseLater() override;
 
   void Connect();
   void RetryLater(const std::string& why);

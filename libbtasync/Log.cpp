@@ -27,6 +27,10 @@ void LogDebug(const char* format, ...) {
   va_end(arguments);
 }
 
+void LogForeignThread(const char* what) {
+  LogWarning("another thread than the loop's asks for %s: refused", what);
+}
+
 }  // namespace detail
 }  // namespace v0
 }  // namespace btasync

@@ -11,6 +11,9 @@ namespace detail {
 void LogWarning(const char* format, ...) __attribute__((format(printf, 1, 2)));
 void LogDebug(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
+/// Another thread than the loop's asks for something, and does not get it.
+void LogForeignThread(const char* what);
+
 /// Runs an application's code. What it throws is logged and goes no further.
 template <typename Function>
 void RunGuarded(const char* what, Function function) {

@@ -50,8 +50,12 @@ void PendingCall::Complete(Reply& reply) {
   }
   const BackendRef alive(*m_backend);
   const Kept kept(*this);
-  const bool mayRun = MayRun();
+  const bool mayRun = MayRun() && m_backend->IsOpen();
   End();
+  if (m_isCancelled) {
+    reply = Reply();
+    reply.failure = Failure{Reason::Cancelled, "cancelled by the application"};
+  }
   if (mayRun) {
     RunGuarded("the completion of a request", [&] { Deliver(reply); });
   } else {
@@ -60,8 +64,16 @@ void PendingCall::Complete(Reply& reply) {
 }
 
 void PendingCall::Cancel() {
-  if (!m_hasEnded && m_backend->IsOwnThread("cancelling a call")) {
-    m_backend->FailLater(*this, Failure{Reason::Cancelled, "cancelled by the application"});
+  if (m_hasEnded) {
+    return;
+  }
+  if (!pthread_equal(m_thread, pthread_self())) {
+    LogForeignThread("the end of a call");
+    return;
+  }
+  if (!m_isCancelled) {
+    m_isCancelled = true;
+    m_backend->FailLater(*this, Failure());
   }
 }
 
@@ -110,9 +122,19 @@ Outgoing::~Outgoing() {
 
 void Outgoing::SetDeadline(std::chrono::milliseconds time) { m_timeoutMs = ToTimeout(time); }
 
-bool Outgoing::MayBeSent() const { return m_backend->IsOwnThread(m_method); }
+bool Outgoing::MayBeSent() const {
+  if (m_backend == nullptr) {
+    LogWarning("%s is sent a second time: refused", m_method);
+    return false;
+  }
+  return m_backend->IsOwnThread(m_method);
+}
 
-void Outgoing::Send(PendingCall& call) { m_backend->Send(*this, call); }
+void Outgoing::Send(PendingCall& call) {
+  Backend* const backend = std::exchange(m_backend, nullptr);
+  backend->Send(*this, call);
+  backend->Unref();
+}
 
 }  // namespace detail
 }  // namespace v0

@@ -17,7 +17,19 @@ void Held::Leave() {
 
 bool Held::MayRun() const { return m_list == nullptr || !m_list->IsAbandoned(); }
 
+bool HeldList::IsEmpty() const {
+  const std::lock_guard<std::mutex> lock(m_mutex);
+  return m_first == nullptr;
+}
+
+bool HeldList::IsOwnThread() const {
+  const std::lock_guard<std::mutex> lock(m_mutex);
+  return (m_first == nullptr && m_drops == 0) || m_thread == std::this_thread::get_id();
+}
+
 void HeldList::Add(Held& held) {
+  const std::lock_guard<std::mutex> lock(m_mutex);
+  m_thread = std::this_thread::get_id();
   held.m_list = this;
   held.m_previous = nullptr;
   held.m_next = m_first;
@@ -28,38 +40,48 @@ void HeldList::Add(Held& held) {
 }
 
 void HeldList::Remove(Held& held) {
+  std::unique_lock<std::mutex> lock(m_mutex);
   (held.m_previous != nullptr ? held.m_previous->m_next : m_first) = held.m_next;
   if (held.m_next != nullptr) {
     held.m_next->m_previous = held.m_previous;
   }
   held.m_list = nullptr;
   held.m_previous = held.m_next = nullptr;
-  if (m_first == nullptr && m_isAbandoned && m_drops == 0) {
+  const bool isUnused = IsUnused();
+  lock.unlock();
+  if (isUnused) {
     delete this;
   }
 }
 
 void HeldList::DropAll() {
+  std::unique_lock<std::mutex> lock(m_mutex);
   ++m_drops;
   while (m_first != nullptr) {
     Held& held = *m_first;
+    lock.unlock();
     Remove(held);
     held.Drop();
+    lock.lock();
   }
   --m_drops;
-  if (m_isAbandoned && m_drops == 0) {
+  const bool isUnused = IsUnused();
+  lock.unlock();
+  if (isUnused) {
     delete this;
   }
 }
 
 void HeldList::Abandon() {
-  if (!IsOwnThread() && !IsEmpty()) {
-    LogWarning("another thread than the loop's has destroyed a scope; what it held does not run any more");
-    m_isAbandoned = true;
-    return;
-  }
+  std::unique_lock<std::mutex> lock(m_mutex);
+  const bool isForeign = (m_first != nullptr || m_drops > 0) && m_thread != std::this_thread::get_id();
   m_isAbandoned = true;
-  DropAll();
+  lock.unlock();
+  if (isForeign) {
+    LogWarning("another thread than the loop's has destroyed a scope; what it held does not run any more");
+  } else {
+    DropAll();
+  }
 }
 
 }  // namespace detail
@@ -75,13 +97,21 @@ void Scope::Clear() {
     return;
   }
   if (!m_list->IsOwnThread()) {
-    detail::LogWarning("another thread than the loop's wants to clear a scope: refused");
+    detail::LogForeignThread("clearing a scope");
     return;
   }
   m_list->DropAll();
 }
 
 bool Scope::IsEmpty() const { return m_list == nullptr || m_list->IsEmpty(); }
+
+bool Scope::MayHold() const {
+  if (m_list == nullptr || m_list->IsOwnThread()) {
+    return true;
+  }
+  detail::LogForeignThread("a place in a scope");
+  return false;
+}
 
 void Scope::Hold(detail::Held& held) {
   if (m_list == nullptr) {

@@ -33,23 +33,30 @@ Service::Service(detail::Backend& backend) : m_backend(&backend) {}
 
 Service::~Service() {
   if (!m_backend->IsOwnThread("the end of a service object")) {
-    return;  // it stays as it is: its loop's thread may be in it
+    m_backend->CloseByLoop();  // whose thread may be in it
+    return;
   }
   m_backend->Close();
   m_backend->Unref();
 }
 
-Availability Service::Now() const { return m_backend->Now(); }
+Availability Service::Now() const {
+  return m_backend->IsOwnThread("the availability of the service") ? m_backend->Now() : Availability::Unknown;
+}
 
-void Service::SetDeadline(std::chrono::milliseconds time) { m_backend->SetDeadline(time); }
-
-void Service::Subscribe(const detail::EventKind& kind, Scope& scope, detail::Subscription* subscription) {
-  if (!m_backend->IsOwnThread("an event")) {
-    subscription->Drop();
-    return;
+void Service::SetDeadline(std::chrono::milliseconds time) {
+  if (m_backend->IsOwnThread("another deadline")) {
+    m_backend->SetDeadline(time);
   }
-  scope.Hold(*subscription);
-  m_backend->Subscribe(kind, *subscription);
+}
+
+bool Service::MaySubscribe(const Scope& scope) const {
+  return m_backend->IsOwnThread("events") && scope.MayHold();
+}
+
+void Service::Subscribe(const detail::EventKind& kind, Scope& scope, detail::Subscription& subscription) {
+  scope.Hold(subscription);
+  m_backend->Subscribe(kind, subscription);
 }
 
 }  // namespace v0

@@ -14,6 +14,10 @@ Subscription::~Subscription() {
 }
 
 void Subscription::Run(const void* event) {
+  if (!MayRun()) {
+    Drop();
+    return;
+  }
   ++m_runs;
   RunGuarded("the callback of an event", [&] { Deliver(event); });
   --m_runs;
@@ -83,9 +87,7 @@ void Subscribers::Take(const void* event) {
   while (walk.next != nullptr && walk.next->m_number <= newest) {
     Subscription& subscription = *walk.next;
     walk.next = subscription.m_nextOfKind;
-    if (subscription.MayRun()) {
-      subscription.Run(event);
-    }
+    subscription.Run(event);
   }
   m_walks = walk.outer;
 }

@@ -15,7 +15,10 @@ Timer::Timer(Service& service) : Timer(service.End()) {}
 Timer::Timer(detail::Backend& backend) : m_backend(&backend) { backend.Ref(); }
 
 Timer::~Timer() {
-  Stop();
+  if (m_timer != nullptr) {
+    m_backend->IsOwnThread("the end of a timer");  // there is no way to refuse that
+    m_backend->StopTimer(m_timer);
+  }
   m_backend->Unref();
 }
 
@@ -29,7 +32,7 @@ void Timer::Start(std::chrono::milliseconds time, std::function<void()> callback
 }
 
 void Timer::Stop() {
-  if (m_timer != nullptr) {
+  if (m_timer != nullptr && m_backend->IsOwnThread("stopping a timer")) {
     m_backend->StopTimer(std::exchange(m_timer, nullptr));
   }
 }
@@ -37,7 +40,7 @@ void Timer::Stop() {
 void Timer::OnWake(void* data) {
   Timer& self = *static_cast<Timer*>(data);
   self.m_timer = nullptr;
-  if (self.m_backend->IsOpen()) {
+  if (self.m_backend->IsOpen() && self.m_backend->IsOwnThread("a timer of a service that it has not made")) {
     const detail::BackendRef alive(*self.m_backend);
     const std::function<void()> callback = std::move(self.m_callback);
     detail::RunGuarded("the callback of a timer", callback);

@@ -2,6 +2,7 @@
 #define BTASYNC_POLLLOOP_H
 
 #include <poll.h>
+#include <pthread.h>
 
 #include <cstddef>
 #include <vector>
@@ -25,7 +26,8 @@ inline namespace v0 {
 ///     …
 ///   }
 ///
-/// Belongs to the thread that makes it. Prepare and Dispatch take turns.
+/// Belongs to the thread that makes it: what another one calls is refused, and logged. Prepare and Dispatch
+/// take turns.
 class BTASYNC_API PollLoop {
  public:
   PollLoop();
@@ -37,13 +39,18 @@ class BTASYNC_API PollLoop {
   _GMainContext* Context() const { return m_context; }
   /// Appends what is to be polled, and shortens timeoutMs, in milliseconds, where something is due earlier.
   void Prepare(std::vector<pollfd>& fds, int& timeoutMs);
-  /// After poll(), with the same vector: calls what is due.
+  /// After poll(), with the same vector: calls what is due. What stands behind the appended ones does not
+  /// matter.
   void Dispatch(const std::vector<pollfd>& fds);
 
  private:
+  bool IsOwnThread(const char* what) const;
+
   _GMainContext* m_context;
+  pthread_t m_thread;
   int m_priority = 0;
   std::size_t m_first = 0;  ///< of the appended ones
+  std::size_t m_count = 0;
 };
 
 }  // namespace v0

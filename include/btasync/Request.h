@@ -1,6 +1,9 @@
 #ifndef BTASYNC_REQUEST_H
 #define BTASYNC_REQUEST_H
 
+#include <pthread.h>
+
+#include <atomic>
 #include <chrono>
 #include <memory>
 #include <optional>
@@ -27,7 +30,8 @@ struct Reply {
   Failure failure = Failure();
 };
 
-/// A call under way. It lives as long as somebody waits for its answer or has a handle on it.
+/// A call under way. It lives as long as somebody waits for its answer or has a handle on it. All of it
+/// belongs to the thread of the loop, but for its references and HasEnded.
 class BTASYNC_API PendingCall : public Held {
  public:
   void Ref() { ++m_references; }
@@ -37,7 +41,9 @@ class BTASYNC_API PendingCall : public Held {
   /// thrown there goes further.
   void Complete(Reply& reply);
   bool HasEnded() const { return m_hasEnded; }
-  /// Ends it with Reason::Cancelled, by the loop.
+  /// Whether anybody still wants what it asks for: it has neither ended nor been cancelled.
+  bool IsWanted() const { return !m_hasEnded && !m_isCancelled; }
+  /// Ends it with Reason::Cancelled, by the loop, even if its answer comes first.
   void Cancel();
   void Drop() override;
   /// What works for it when it is more than one service call; null for nothing any more. It is dropped if the
@@ -56,9 +62,11 @@ class BTASYNC_API PendingCall : public Held {
   friend class Backend;
   void End();
 
-  int m_references = 1;
-  bool m_hasEnded = false;
-  Backend* m_backend = nullptr;  ///< from the moment of sending until its end
+  std::atomic<int> m_references{1};
+  std::atomic<bool> m_hasEnded{false};
+  bool m_isCancelled = false;
+  pthread_t m_thread = pthread_t();  ///< the loop's; from the moment of sending
+  Backend* m_backend = nullptr;      ///< from the moment of sending until its end
   PendingCall* m_nextCall = nullptr;
   PendingCall* m_previousCall = nullptr;
   Held* m_work = nullptr;
@@ -88,7 +96,8 @@ class BTASYNC_API Outgoing {
   ~Outgoing();
 
   void SetDeadline(std::chrono::milliseconds time);
-  /// Whether it may be sent. Another thread than the loop's is refused, and logged.
+  /// Whether it may be sent. Another thread than the loop's is refused, and so is a second time; both are
+  /// logged.
   bool MayBeSent() const;
   /// Sends it, and takes a reference of the call over. The call gets the answer, or why there is none, once,
   /// by the loop; never before this returns.
@@ -103,7 +112,7 @@ class BTASYNC_API Outgoing {
 
  private:
   friend class Backend;
-  Backend* m_backend;
+  Backend* m_backend;  ///< null once it has been sent
   const char* m_method;
   const Plan* m_plan = nullptr;
   _GVariant* m_arguments;
@@ -196,7 +205,7 @@ class [[nodiscard]] Request {
   /// once the scope or the service object is gone. An exception that it throws is logged and goes no further.
   template <typename Function>
   Call Then(Scope& scope, Function completion) && {
-    if (!m_outgoing.MayBeSent()) {
+    if (!m_outgoing.MayBeSent() || !scope.MayHold()) {
       return Call();
     }
     auto* const call = new detail::Completion<T, Function>(m_decode, std::move(completion));

@@ -39,8 +39,9 @@ class BTASYNC_API Held {
 /// cleared. Give each screen one, as its *last* member: it is then gone before anything that the callbacks
 /// use.
 ///
-/// Belongs to the thread of the service's loop. May be destroyed inside a callback that it holds. If another
-/// thread destroys it, an error is logged; nothing that it holds begins to run after that.
+/// Belongs to the thread of the service's loop while it holds something. May be destroyed inside a callback
+/// that it holds. If another thread destroys it, an error is logged; nothing that it holds begins to run
+/// after that.
 class BTASYNC_API Scope {
  public:
   Scope() = default;
@@ -52,6 +53,9 @@ class BTASYNC_API Scope {
   void Clear();
   bool IsEmpty() const;
 
+  /// For the library: whether this thread may give it something to hold. It may not while the scope holds
+  /// what belongs to another one, which is logged.
+  bool MayHold() const;
   /// For the library: takes something in.
   void Hold(detail::Held& held);
 

@@ -116,24 +116,29 @@ class BTASYNC_API Service {
   explicit Service(_GMainContext* context = nullptr);
   Service(const Service&) = delete;
   Service& operator=(const Service&) = delete;
-  /// Drops what is under way: no completion and no event runs any more.
+  /// Drops what is under way: no completion and no event runs any more. If another thread destroys it, an
+  /// error is logged, and nothing begins to run after that.
   ~Service();
 
-  /// What is known now.
+  /// What is known now; Unknown to another thread than the loop's.
   Availability Now() const;
   /// Calls back by the loop: soon, with what is known then, and at each change, before the calls that fail by
   /// it.
   template <typename Function>
   void OnAvailability(Scope& scope, Function callback) {
-    Subscribe(detail::KindOf<Availability>(), scope,
-              new detail::AvailabilitySubscription<Function>(*this, std::move(callback)));
+    if (MaySubscribe(scope)) {
+      Subscribe(detail::KindOf<Availability>(), scope,
+                *new detail::AvailabilitySubscription<Function>(*this, std::move(callback)));
+    }
   }
   /// Calls back, by the loop, for each event of a kind: service.On<PowerChanged>(scope, [](const
   /// PowerChanged& event) { … }). The bus delivers only what somebody has subscribed.
   template <typename Event, typename Function>
   void On(Scope& scope, Function callback) {
-    Subscribe(detail::KindOf<Event>(), scope,
-              new detail::EventSubscription<Event, Function>(std::move(callback)));
+    if (MaySubscribe(scope)) {
+      Subscribe(detail::KindOf<Event>(), scope,
+                *new detail::EventSubscription<Event, Function>(std::move(callback)));
+    }
   }
   /// The deadline of requests that name none; at first 25 seconds.
   void SetDeadline(std::chrono::milliseconds time);
@@ -385,7 +390,8 @@ class BTASYNC_API Service {
   detail::Backend& End() const { return *m_backend; }
 
  private:
-  void Subscribe(const detail::EventKind& kind, Scope& scope, detail::Subscription* subscription);
+  bool MaySubscribe(const Scope& scope) const;
+  void Subscribe(const detail::EventKind& kind, Scope& scope, detail::Subscription& subscription);
 
   detail::Backend* m_backend;
 };

@@ -16,7 +16,8 @@ import sources
 # What the compiler adds.
 NOT_IN_SOURCES = re.compile(r"^(vtable|typeinfo|typeinfo name|VTT|non-virtual thunk) (for|to) ")
 # GLib's functions that wait, or that run a loop inside a call.
-WAITING = re.compile(r"_sync$|^g_main_context_iteration$|^g_main_loop_|^g_bus_get$|^(usleep|nanosleep|sleep|poll|select)$")
+WAITING = re.compile(r"_sync$|^g_main_context_(iteration|wait)$|^g_main_loop_|^g_bus_get$|^(g_thread|pthread)_join$"
+                     r"|^(g_poll|g_usleep|p?poll|p?select|epoll_p?wait|(u|nano|clock_nano)?sleep)$")
 
 
 def symbols(library, *options):
