@@ -7,6 +7,7 @@
 #include <btasync/Service.h>
 
 #include "support/BusDaemon.h"
+#include "support/LogCapture.h"
 #include "support/MainLoop.h"
 #include "support/Recorder.h"
 

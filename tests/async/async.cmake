@@ -30,3 +30,35 @@ if(BT_BUILD_SIMULATION)
   add_dependencies(async_simulated btservice)
 endif()
 include(${CMAKE_CURRENT_LIST_DIR}/contract.cmake)
+
+# Who may be destroyed when, what fails for which reason, and which thread may ask for what.
+bt_add_test(NAME async_lives_test LIBS btasync LABELS async concurrency
+  SOURCES connection_test.cpp failures_test.cpp lives_test.cpp loops_test.cpp threads_test.cpp)
+# The one header in C++20. The headers that other tests precompile are C++17.
+bt_add_test(NAME async_coroutine_test SOURCES coroutine_test.cpp LIBS btasync_testing btasync LABELS async)
+target_compile_features(async_coroutine_test PRIVATE cxx_std_20)
+set_target_properties(async_coroutine_test PROPERTIES DISABLE_PRECOMPILE_HEADERS ON)
+
+bt_add_test(NAME async_walk_test SOURCES walk_test.cpp LIBS btasync_testing btasync LABELS async)
+target_compile_features(async_walk_test PRIVATE cxx_std_20)
+set_target_properties(async_walk_test PROPERTIES DISABLE_PRECOMPILE_HEADERS ON)
+
+# The same walk under valgrind's memcheck. What GLib never frees is reachable to the end: its types, names and threads.
+find_program(BT_VALGRIND valgrind)
+mark_as_advanced(BT_VALGRIND)
+if(BT_VALGRIND AND NOT BT_SANITIZE AND NOT CMAKE_CROSSCOMPILING)
+  add_test(NAME async_memcheck/TheWalkTouchesNothingThatIsGoneAndLeavesNothing
+    COMMAND ${CMAKE_COMMAND} -E env BTTEST_IN_SANDBOX=1 BTTEST_WALK_SEED=4 BTTEST_WALK_STEPS=500 G_SLICE=always-malloc
+            ${CMAKE_SOURCE_DIR}/script/sandbox --service empty
+            ${BT_VALGRIND} --quiet --error-exitcode=9 --num-callers=30 --leak-check=full
+            --show-leak-kinds=definite,indirect --errors-for-leak-kinds=definite,indirect $<TARGET_FILE:async_walk_test>)
+  set_tests_properties(async_memcheck/TheWalkTouchesNothingThatIsGoneAndLeavesNothing PROPERTIES
+    TIMEOUT 300 LABELS async)
+endif()
+
+find_package(Qt5Core 5.15 QUIET)
+if(Qt5Core_FOUND)
+  bt_add_test(NAME async_qt_test SOURCES qt_loop_test.cpp LIBS btasync Qt5::Core LABELS async)
+  target_compile_definitions(async_qt_test PRIVATE QT_NO_KEYWORDS)  # one of which is a name in GLib's headers
+  set_target_properties(async_qt_test PROPERTIES DISABLE_PRECOMPILE_HEADERS ON)
+endif()

@@ -1,0 +1,435 @@
+// Coroutines that a scope holds.
+
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <btasync/Coroutine.h>
+#include <btasync/testing/FakeService.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/LogCapture.h"
+#include "tests/async/AsyncFixture.h"
+
+namespace {
+
+using namespace btasync;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// A local of a coroutine, which says when it is destroyed.
+struct Local {
+  explicit Local(std::vector<std::string>& log) : log(log) {}
+  Local(const Local&) = delete;
+  Local& operator=(const Local&) = delete;
+  ~Local() { log.emplace_back("destroyed"); }
+  std::vector<std::string>& log;
+};
+
+class CoroutineTest : public testing::Test {
+ public:
+  FakeService service;
+  std::unique_ptr<Scope> scope = std::make_unique<Scope>();
+  std::vector<std::string> log;
+
+  Job Dial(std::string number) {
+    const Local local(log);
+    log.push_back("dials " + number);
+    const Answer<> answer = co_await service.DialCall(number);
+    log.emplace_back(answer ? "accepted" : answer.Refused() ? "refused" : ToText(answer.Why().reason));
+  }
+};
+
+TEST_F(CoroutineTest, RunsUntilItWaitsAndGoesOnByTheLoop) {
+  service.WillAccept(&Service::DialCall).Once();
+  Dial("110").StartIn(*scope);
+  EXPECT_THAT(log, ElementsAre("dials 110"));
+  EXPECT_FALSE(scope->IsEmpty());
+  service.Settle();
+  EXPECT_THAT(log, ElementsAre("dials 110", "accepted", "destroyed"));
+  EXPECT_TRUE(scope->IsEmpty());
+}
+
+TEST_F(CoroutineTest, GetsARefusalAndAFailureAsAValue) {
+  service.WillRefuse(&Service::DialCall);
+  Dial("110").StartIn(*scope);
+  service.Settle();
+  service.WillFail(&Service::DialCall, Reason::ServiceGone);
+  Dial("112").StartIn(*scope);
+  service.Settle();
+  EXPECT_THAT(log,
+              ElementsAre("dials 110", "refused", "destroyed", "dials 112", "service gone", "destroyed"));
+}
+
+TEST_F(CoroutineTest, DoesNothingUnlessItIsStarted) {
+  { const Job job = Dial("110"); }
+  EXPECT_THAT(log, IsEmpty());
+}
+
+TEST_F(CoroutineTest, IsDestroyedWhereItWaitsWhenItsScopeGoes) {
+  service.WillAccept(&Service::DialCall);
+  Dial("110").StartIn(*scope);
+  scope.reset();
+  EXPECT_THAT(log, ElementsAre("dials 110", "destroyed"));
+  service.Settle();
+  EXPECT_EQ(log.size(), 2u);
+}
+
+TEST_F(CoroutineTest, WaitsForSeveralThingsOneAfterTheOther) {
+  service.WillAccept(&Service::SetPower).Emits(PowerChanged{BT_POWER_ON});
+  service.WillAnswer(&Service::GetPowerStatus, BT_POWER_ON);
+  [](CoroutineTest& test) -> Job {
+    Next<PowerChanged> changed(test.service,
+                               [](const PowerChanged& event) { return event.status == BT_POWER_ON; });
+    const Answer<> answer = co_await test.service.SetPower(true).Within(5s);
+    test.log.emplace_back(answer ? "accepted" : "not");
+    const PowerChanged event = co_await changed;
+    test.log.push_back("changed to " + std::to_string(event.status));
+    co_await Sleep(test.service, 200ms);
+    test.log.emplace_back("slept");
+    const Answer<PowerStatus> status = co_await test.service.GetPowerStatus();
+    test.log.push_back("is " + std::to_string(*status));
+  }(*this)
+                                 .StartIn(*scope);
+  service.Settle();
+  EXPECT_THAT(log, ElementsAre("accepted", "changed to " + std::to_string(BT_POWER_ON)));
+  service.Advance(199ms);
+  EXPECT_EQ(log.size(), 2u);
+  service.Advance(1ms);
+  EXPECT_THAT(log, ElementsAre("accepted", "changed to " + std::to_string(BT_POWER_ON), "slept",
+                               "is " + std::to_string(BT_POWER_ON)));
+  EXPECT_TRUE(scope->IsEmpty());
+}
+
+TEST_F(CoroutineTest, NextGivesTheEventsThatFitOneByOne) {
+  [](CoroutineTest& test) -> Job {
+    Next<SignalChanged> next(test.service, [](const SignalChanged& event) {
+      if (event.bars == 5) {
+        throw std::runtime_error("a fault of the application");
+      }
+      return event.bars != 0;
+    });
+    for (int i = 0; i < 2; ++i) {
+      const SignalChanged event = co_await next;
+      test.log.push_back(std::to_string(event.bars));
+    }
+    const SignalChanged last = co_await Next<SignalChanged>(test.service);
+    test.log.push_back("last " + std::to_string(last.bars));
+  }(*this)
+                                 .StartIn(*scope);
+  bttest::LogCapture complaints;
+  const auto emit = [this](int bars) {
+    service.Emit(SignalChanged{bars});
+    service.Settle();
+  };
+  emit(0);
+  EXPECT_THAT(log, IsEmpty());
+  emit(5);
+  EXPECT_THAT(complaints.Complaints(), ElementsAre(HasSubstr("a fault of the application")));
+  EXPECT_THAT(log, IsEmpty());
+  emit(1);
+  emit(2);
+  emit(0);
+  EXPECT_THAT(log, ElementsAre("1", "2", "last 0"));
+  EXPECT_TRUE(scope->IsEmpty());
+}
+
+/// What a coroutine may wait for, by turns.
+class WaitingTest : public CoroutineTest, public testing::WithParamInterface<const char*> {
+ public:
+  WaitingTest() { service.WillAccept(&Service::DialCall); }
+
+  Job Wait() {
+    const Local local(log);
+    const std::string what = GetParam();
+    if (what == "Request") {
+      co_await service.DialCall("110");
+    } else if (what == "Sleep") {
+      co_await Sleep(service, 5ms);
+    } else {
+      co_await Next<PowerChanged>(service);
+    }
+    log.emplace_back("goes on");
+  }
+  /// Waits, after it has done something that destroys its scope.
+  Job Ruin(std::function<void()> what) {
+    co_await Sleep(service, 0ms);
+    what();
+    log.emplace_back("ruined");
+    const std::string kind = GetParam();
+    const Local local(log);
+    if (kind == "Request") {
+      co_await service.DialCall("110");
+    } else if (kind == "Sleep") {
+      co_await Sleep(service, 5ms);
+    } else {
+      Next<PowerChanged> next(service);
+      co_await next;
+    }
+    log.emplace_back("goes on");
+  }
+  void Happen() {
+    service.Emit(PowerChanged{BT_POWER_ON});
+    service.Advance(10ms);
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(For, WaitingTest, testing::Values("Request", "Sleep", "Next"),
+                         [](const auto& test) { return std::string(test.param); });
+
+TEST_P(WaitingTest, GoesOn) {
+  Wait().StartIn(*scope);
+  EXPECT_THAT(log, IsEmpty());
+  Happen();
+  EXPECT_THAT(log, ElementsAre("goes on", "destroyed"));
+  EXPECT_TRUE(scope->IsEmpty());
+}
+
+TEST_P(WaitingTest, IsDestroyedWithItsScope) {
+  Wait().StartIn(*scope);
+  service.Settle();
+  if (std::string(GetParam()) == "Request") {
+    scope->Clear();
+    Wait().StartIn(*scope);
+    log.clear();
+  }
+  scope.reset();
+  EXPECT_THAT(log, ElementsAre("destroyed"));
+  Happen();
+  EXPECT_EQ(log.size(), 1u);
+}
+
+TEST_P(WaitingTest, IsDestroyedByACallback) {
+  Timer timer(service);
+  timer.Start(0ms, [this] { scope->Clear(); });
+  Wait().StartIn(*scope);
+  service.Settle();
+  Happen();
+  EXPECT_THAT(log, ElementsAre("destroyed"));
+}
+
+TEST_P(WaitingTest, MayDestroyItsScopeAndEndsWhereItWaitsNext) {
+  Ruin([this] { scope.reset(); }).StartIn(*scope);
+  Happen();
+  EXPECT_THAT(log, ElementsAre("ruined", "destroyed"));
+  EXPECT_THAT(service.Requests(), IsEmpty()) << "it does not send what it would wait for";
+  Happen();
+  EXPECT_EQ(log.size(), 2u);
+}
+
+TEST_P(WaitingTest, MayDestroyItsScopeBeforeItFirstWaits) {
+  [](WaitingTest& test) -> Job {
+    test.scope.reset();
+    const Local local(test.log);
+    co_await Sleep(test.service, 0ms);
+    test.log.emplace_back("goes on");
+  }(*this)
+                               .StartIn(*scope);
+  EXPECT_THAT(log, ElementsAre("destroyed"));
+  Happen();
+  EXPECT_EQ(log.size(), 1u);
+}
+
+TEST_P(WaitingTest, MayDestroyItsScopeAndEnd) {
+  [](WaitingTest& test) -> Job {
+    const Local local(test.log);
+    co_await Sleep(test.service, 0ms);
+    test.scope.reset();
+  }(*this)
+                               .StartIn(*scope);
+  Happen();
+  EXPECT_THAT(log, ElementsAre("destroyed"));
+}
+
+TEST_P(WaitingTest, NeverGoesOnOnceTheServiceIsGone) {
+  auto other = std::make_unique<FakeService>();
+  other->WillAccept(&Service::DialCall);
+  [](FakeService& service, std::vector<std::string>& log, std::string what) -> Job {
+    const Local local(log);
+    if (what == "Request") {
+      co_await service.DialCall("110");
+    } else if (what == "Sleep") {
+      co_await Sleep(service, 5ms);
+    } else {
+      co_await Next<PowerChanged>(service);
+    }
+    log.emplace_back("goes on");
+  }(*other, log, GetParam())
+                                                                                   .StartIn(*scope);
+  other.reset();
+  EXPECT_THAT(log, IsEmpty());
+  EXPECT_FALSE(scope->IsEmpty());
+  scope.reset();
+  EXPECT_THAT(log, ElementsAre("destroyed"));
+}
+
+TEST_P(WaitingTest, MayDestroyTheServiceAndStaysUntilItsScopeGoes) {
+  auto other = std::make_unique<FakeService>();
+  [](std::unique_ptr<FakeService>& service, std::vector<std::string>& log,
+     std::string what) -> Job {
+    const Local local(log);
+    Request<> request = service->DialCall("110");
+    Sleep sleep(*service, 5ms);
+    Next<PowerChanged> next(*service);
+    co_await Sleep(*service, 0ms);
+    service.reset();
+    log.emplace_back("ruined");
+    if (what == "Request") {
+      co_await std::move(request);
+    } else if (what == "Sleep") {
+      co_await std::move(sleep);
+    } else {
+      co_await next;
+    }
+    log.emplace_back("goes on");
+  }(other, log, GetParam())
+                              .StartIn(*scope);
+  other->Advance(10ms);
+  EXPECT_EQ(other, nullptr);
+  EXPECT_THAT(log, ElementsAre("ruined"));
+  scope.reset();
+  EXPECT_THAT(log, ElementsAre("ruined", "destroyed"));
+}
+
+TEST_F(CoroutineTest, MayWaitForWhatOthersOwn) {
+  auto next = std::make_unique<Next<PowerChanged>>(service);
+  const auto wait = [](CoroutineTest& test, Next<PowerChanged>& next) -> Job {
+    const Local local(test.log);
+    co_await next;
+    test.log.emplace_back("goes on");
+  };
+  wait(*this, *next).StartIn(*scope);
+  scope->Clear();
+  EXPECT_THAT(log, ElementsAre("destroyed"));
+  service.Emit(PowerChanged{BT_POWER_ON});
+  service.Settle();
+  EXPECT_EQ(log.size(), 1u);
+  wait(*this, *next).StartIn(*scope);
+  EXPECT_THAT(log, ElementsAre("destroyed", "goes on", "destroyed")) << "with the event that came before";
+  log.clear();
+  wait(*this, *next).StartIn(*scope);
+  next.reset();
+  service.Emit(PowerChanged{BT_POWER_ON});
+  service.Settle();
+  EXPECT_THAT(log, IsEmpty());
+  scope.reset();
+  EXPECT_THAT(log, ElementsAre("destroyed"));
+}
+
+TEST_F(CoroutineTest, MayBeDestroyedByTheConditionOfItsEvent) {
+  [](CoroutineTest& test) -> Job {
+    const Local local(test.log);
+    Next<PowerChanged> next(test.service, [&test, text = std::string("captured")](const PowerChanged&) {
+      test.scope.reset();
+      EXPECT_EQ(text, "captured");
+      return true;
+    });
+    co_await next;
+    test.log.emplace_back("goes on");
+  }(*this)
+                                 .StartIn(*scope);
+  service.Emit(PowerChanged{BT_POWER_ON});
+  service.Settle();
+  EXPECT_THAT(log, ElementsAre("destroyed"));
+}
+
+TEST_F(CoroutineTest, AnExceptionIsLoggedAndGoesNoFurther) {
+  bttest::LogCapture complaints;
+  const auto fail = [](CoroutineTest& test, bool waits) -> Job {
+    const Local local(test.log);
+    if (waits) {
+      co_await Sleep(test.service, 0ms);
+    }
+    throw std::runtime_error("a fault of the application");
+  };
+  EXPECT_NO_THROW(fail(*this, false).StartIn(*scope));
+  EXPECT_THAT(log, ElementsAre("destroyed"));
+  fail(*this, true).StartIn(*scope);
+  EXPECT_NO_THROW(service.Settle());
+  EXPECT_THAT(log, ElementsAre("destroyed", "destroyed"));
+  EXPECT_TRUE(scope->IsEmpty());
+  EXPECT_THAT(complaints.Complaints(),
+              ElementsAre(HasSubstr("a coroutine has thrown an exception: a fault"),
+                          HasSubstr("a coroutine has thrown an exception: a fault")));
+}
+
+TEST_F(CoroutineTest, IsRefusedToAnotherThreadThanItsScopes) {
+  Dial("110").StartIn(*scope);
+  bttest::LogCapture complaints;
+  std::thread([this] { Dial("112").StartIn(*scope); }).join();
+  EXPECT_THAT(log, ElementsAre("dials 110"));
+  std::thread([this] {
+    Scope own;
+    Dial("113").StartIn(own);
+    EXPECT_FALSE(own.IsEmpty());
+  }).join();
+  EXPECT_THAT(log, ElementsAre("dials 110", "dials 113", "destroyed")) << "its request is not sent";
+  EXPECT_THAT(complaints.Complaints(),
+              ElementsAre(HasSubstr("another thread"),
+                          HasSubstr("another thread than the loop's asks for DialCall")));
+}
+
+TEST_F(CoroutineTest, DoesNotGoOnOnceAnotherThreadHasDestroyedItsScope) {
+  service.WillAccept(&Service::DialCall);
+  Dial("110").StartIn(*scope);
+  bttest::LogCapture complaints;
+  std::thread([this] { scope.reset(); }).join();
+  EXPECT_THAT(complaints.Complaints(), ElementsAre(HasSubstr("has destroyed a scope")));
+  EXPECT_THAT(log, ElementsAre("dials 110"));
+  service.Settle();
+  EXPECT_THAT(log, ElementsAre("dials 110", "destroyed")) << "by the loop";
+}
+
+/// Against a bus.
+class CoroutineOnTheBusTest : public testing::Test {
+ public:
+  bttest::BusDaemon bus;
+  bttest::Recorder recorder;
+  Service service;
+  Scope scope;
+};
+
+TEST_F(CoroutineOnTheBusTest, AsksListensAndSleeps) {
+  recorder.SetReply("GetPowerStatus", g_variant_new("(y)", BT_POWER_ON));
+  bool isDone = false;
+  [](CoroutineOnTheBusTest& test, bool& isDone) -> Job {
+    Next<SignalChanged> next(test.service);
+    const Answer<PowerStatus> status = co_await test.service.GetPowerStatus();
+    EXPECT_EQ(*status, BT_POWER_ON);
+    test.recorder.Emit("OnBtSignalChanged", g_variant_new("(y)", 4));
+    const SignalChanged event = co_await next;
+    EXPECT_EQ(event.bars, 4);
+    co_await Sleep(test.service, 1ms);
+    test.recorder.DieOn("SetPower");
+    const Answer<> answer = co_await test.service.SetPower(false);
+    EXPECT_TRUE(answer.Failed() && answer.Why().reason == Reason::ServiceGone);
+    isDone = true;
+  }(*this, isDone)
+                                                       .StartIn(scope);
+  EXPECT_TRUE(bttest::RunUntil([&] { return isDone; }));
+}
+
+TEST_F(CoroutineOnTheBusTest, IsDestroyedWhileItsRequestIsUnderWay) {
+  std::vector<std::string> log;
+  recorder.Hang("SetPower");
+  [](Service& service, std::vector<std::string>& log) -> Job {
+    const Local local(log);
+    co_await service.SetPower(true);
+    log.emplace_back("goes on");
+  }(service, log)
+                                                             .StartIn(scope);
+  ASSERT_TRUE(bttest::WaitFor(service, Availability::Present));
+  ASSERT_TRUE(recorder.WaitForCalls(1));
+  scope.Clear();
+  EXPECT_THAT(log, ElementsAre("destroyed"));
+  recorder.Release("SetPower");
+  EXPECT_TRUE(bttest::Wait(service.GetPowerStatus()).Accepted());
+  EXPECT_EQ(log.size(), 1u);
+}
+
+}  // namespace
