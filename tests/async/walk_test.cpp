@@ -386,7 +386,7 @@ class Walk {
       case 9:
         if (m_mirrors.size() < kMost) {
           m_mirrors.push_back(std::make_unique<Mirror>(
-              service, PART_ADAPTER | PART_PAIRED | PART_CALLS, [this](const State&, unsigned parts) {
+              service, Chance(2) ? ~0U : PART_CALLS, [this](const State&, unsigned parts) {
                 EXPECT_EQ(m_inCall, 0) << "inside the calling function";
                 EXPECT_NE(parts, 0u);
                 ActInCallback();
