@@ -23,7 +23,7 @@ bt_add_test(NAME async_race
   LIBS btasync
   LABELS async concurrency)
 if(BT_BUILD_SIMULATION)
-  bt_add_test(NAME async_simulated SOURCES lists_simulated_test.cpp ../fuzz/Records.cpp LIBS btasync LABELS async)
+  bt_add_test(NAME async_simulated SOURCES lists_simulated_test.cpp outcomes_simulated_test.cpp ../fuzz/Records.cpp LIBS btasync LABELS async)
   target_compile_definitions(async_simulated PRIVATE
     BTTEST_WORLD="${CMAKE_SOURCE_DIR}/tests/system/service_values_world.json"
     BTTEST_BIG_WORLD="${CMAKE_SOURCE_DIR}/service/simulation/worlds/big-phonebook.json")
