@@ -62,15 +62,15 @@ void FakeBackend::Advance(std::chrono::milliseconds time) {
   const std::int64_t end = m_nowMs + time.count();
   int atOnce = 0;
   while (IsOpen() && !m_jobs.empty() && m_jobs.begin()->first.first <= end) {
-    auto node = m_jobs.extract(m_jobs.begin());
-    if (node.key().first > m_nowMs) {
-      m_nowMs = node.key().first;
+    if (m_jobs.begin()->first.first > m_nowMs) {
+      m_nowMs = m_jobs.begin()->first.first;
       atOnce = 0;
     }
     if (++atOnce > kMostAtOnce) {
       throw std::logic_error(
           "FakeService: what is due makes something else due at the same moment, without end");
     }
+    auto node = m_jobs.extract(m_jobs.begin());
     node.mapped().run();
   }
   m_nowMs = end;
