@@ -23,7 +23,8 @@ struct RecorderTest : testing::Test {
 
 TEST_F(RecorderTest, ExportsExactlyTheDescribedInterface) {
   OwnedError error;
-  const OwnedVariant reply = client.Call("Introspect", nullptr, error, "org.freedesktop.DBus.Introspectable");
+  const OwnedVariant reply =
+      client.Call("Introspect", nullptr, error.Out(), "org.freedesktop.DBus.Introspectable");
   ThrowIfSet(error, "introspection");
   const char* xml = nullptr;
   g_variant_get(reply.get(), "(&s)", &xml);
