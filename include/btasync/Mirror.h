@@ -21,7 +21,8 @@ class MirrorKeeper;
 ///
 /// Some of the state is in no answer: whether a search or a download runs, the network and the battery, the
 /// profiles that are connected, what can be done with the calls. For these it asks the service once, each
-/// time that it comes, for a report, which every application hears (Service::GetBluetoothServiceStatus).
+/// time that it comes, for a report, which every application hears (Service::GetBluetoothServiceStatus); and
+/// once more when such a part is wanted later, for all that are wanted in one turn of the loop.
 ///
 /// A question that fails while the service is there is asked again after some seconds; its part is not fresh
 /// so long.
@@ -44,6 +45,8 @@ class BTASYNC_API Mirror {
   ~Mirror();
 
   const State& Now() const;
+  /// Wants further parts, from now on. Those that it has stay as they are.
+  void Want(unsigned parts);
   /// Asks again for these parts, for what no event reports: the order of the paired devices after
   /// Service::MovePairedDevice.
   void Refresh(unsigned parts);

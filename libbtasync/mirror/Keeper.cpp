@@ -5,6 +5,18 @@
 namespace btasync {
 inline namespace v0 {
 namespace detail {
+namespace {
+
+using MakePart = std::unique_ptr<MirrorPart> (*)(MirrorKeeper&);
+constexpr std::pair<Part, MakePart> kParts[] = {
+    {PART_ADAPTER, MakeAdapterPart},   {PART_FOUND, MakeFoundPart},       {PART_PAIRED, MakePairedPart},
+    {PART_PAIRING, MakePairingPart},   {PART_CALLS, MakeCallsPart},       {PART_AUDIO, MakeAudioPart},
+    {PART_NETWORK, MakeNetworkPart},   {PART_MUSIC, MakeMusicPart},       {PART_MODES, MakeModesPart},
+    {PART_POSITION, MakePositionPart}, {PART_CONTACTS, MakeContactsPart}, {PART_FAVORITES, MakeFavoritesPart},
+    {PART_LOGS, MakeLogsPart},         {PART_DOWNLOAD, MakeDownloadPart}, {PART_MESSAGES, MakeMessagesPart},
+};
+
+}  // namespace
 
 State& MirrorPart::Now() { return m_keeper.m_state; }
 
@@ -18,22 +30,7 @@ MirrorKeeper::MirrorKeeper(Service& service, unsigned parts, Mirror::Changed cha
       m_changed(std::make_shared<Mirror::Changed>(std::move(changed))),
       m_telling(service),
       m_reportAgain(service) {
-  using Make = std::unique_ptr<MirrorPart> (*)(MirrorKeeper&);
-  static constexpr std::pair<Part, Make> kParts[] = {
-      {PART_ADAPTER, MakeAdapterPart},   {PART_FOUND, MakeFoundPart},
-      {PART_PAIRED, MakePairedPart},     {PART_PAIRING, MakePairingPart},
-      {PART_CALLS, MakeCallsPart},       {PART_AUDIO, MakeAudioPart},
-      {PART_NETWORK, MakeNetworkPart},   {PART_MUSIC, MakeMusicPart},
-      {PART_MODES, MakeModesPart},       {PART_POSITION, MakePositionPart},
-      {PART_CONTACTS, MakeContactsPart}, {PART_FAVORITES, MakeFavoritesPart},
-      {PART_LOGS, MakeLogsPart},         {PART_DOWNLOAD, MakeDownloadPart},
-      {PART_MESSAGES, MakeMessagesPart},
-  };
-  for (const auto& [part, make] : kParts) {
-    if ((parts & part) != 0) {
-      m_parts.push_back(make(*this));
-    }
-  }
+  Want(parts);
   service.OnAvailability(m_scope, [this](Availability now) { OnAvailability(now); });
 }
 
@@ -59,7 +56,9 @@ void MirrorKeeper::OnAvailability(Availability now) {
 }
 
 void MirrorKeeper::AskForReport() {
-  // It is answered after the last event of the report.
+  // It is answered after the last event of the report. One that is under way may have told its first events
+  // before a part was there.
+  m_report.Clear();
   m_service.GetBluetoothServiceStatus().Within(kMirrorAsksWithin).Then(m_report, [this](Answer<> answer) {
     if (answer.Failed()) {
       m_reportAgain.Start(kMirrorAsksAgainAfter, [this] { AskForReport(); });
@@ -69,6 +68,23 @@ void MirrorKeeper::AskForReport() {
       part->Reported();
     }
   });
+}
+
+void MirrorKeeper::Want(unsigned parts) {
+  const bool isThere = m_state.service == Availability::Present;
+  for (const auto& [part, make] : kParts) {
+    if ((parts & part) == 0 || (m_wantedParts & part) != 0) {
+      continue;
+    }
+    m_wantedParts |= part;
+    m_parts.push_back(make(*this));
+    if (isThere) {
+      m_parts.back()->Ask();
+      if (m_parts.back()->NeedsReport()) {
+        m_reportAgain.Start(std::chrono::milliseconds(0), [this] { AskForReport(); });
+      }
+    }
+  }
 }
 
 void MirrorKeeper::Refresh(unsigned parts) {
@@ -100,6 +116,8 @@ Mirror::Mirror(Service& service, unsigned parts, Changed changed)
 Mirror::~Mirror() = default;
 
 const State& Mirror::Now() const { return m_keeper->Now(); }
+
+void Mirror::Want(unsigned parts) { m_keeper->Want(parts); }
 
 void Mirror::Refresh(unsigned parts) { m_keeper->Refresh(parts); }
 

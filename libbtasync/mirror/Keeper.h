@@ -63,6 +63,7 @@ class MirrorKeeper {
   const State& Now() const { return m_state; }
   /// For the parts.
   State& Own() { return m_state; }
+  void Want(unsigned parts);
   void Refresh(unsigned parts);
 
  private:
@@ -78,6 +79,7 @@ class MirrorKeeper {
   std::shared_ptr<Mirror::Changed> m_changed;
   State m_state;
   unsigned m_changedParts = 0;
+  unsigned m_wantedParts = 0;
   std::vector<std::unique_ptr<MirrorPart>> m_parts;
   Timer m_telling;
   Timer m_reportAgain;

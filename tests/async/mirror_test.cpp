@@ -143,6 +143,37 @@ TEST_F(MirrorTest, KnowsEverythingOnceItHasAsked) {
   EXPECT_THAT(fake.Requests(), Contains("GetBluetoothServiceStatus()").Times(1));
 }
 
+TEST_F(MirrorTest, WantsFurtherPartsLater) {
+  const auto mirror = Settled(PART_SERVICE);
+  EXPECT_FALSE(fake.IsAwaited<CallStatusChanged>());
+  mirror->Want(PART_CALLS);
+  mirror->Want(PART_NETWORK | PART_CALLS);
+  mirror->Want(PART_MUSIC);
+  EXPECT_TRUE(fake.IsAwaited<CallStatusChanged>());
+  EXPECT_FALSE(mirror->Now().calls.fresh);
+  fake.Settle();
+  EXPECT_TRUE(mirror->Now().calls.fresh);
+  EXPECT_TRUE(mirror->Now().network.fresh);
+  EXPECT_TRUE(mirror->Now().music.fresh);
+  EXPECT_THAT(fake.Requests(), Contains("CurrentCalls()").Times(1));
+  EXPECT_THAT(fake.Requests(), Contains("GetBluetoothServiceStatus()").Times(1)) << "every client hears it";
+  fake.ForgetRequests();
+  mirror->Want(PART_CALLS | PART_MUSIC);
+  fake.Settle();
+  EXPECT_THAT(fake.Requests(), IsEmpty());
+}
+
+TEST_F(MirrorTest, HearsTheWholeReportOfAPartThatIsWantedDuringOne) {
+  const auto mirror = Mirrored(PART_NETWORK);
+  fake.WillHang(&Service::GetBluetoothServiceStatus).Once();
+  fake.Settle();
+  mirror->Want(PART_DOWNLOAD);
+  fake.Settle();
+  EXPECT_TRUE(mirror->Now().download.fresh);
+  EXPECT_TRUE(mirror->Now().network.fresh);
+  EXPECT_THAT(fake.Requests(), Contains("GetBluetoothServiceStatus()").Times(2));
+}
+
 TEST_F(MirrorTest, AsksAndSubscribesOnlyWhatIsWanted) {
   const auto mirror = Mirrored(PART_CALLS);
   fake.Settle();
