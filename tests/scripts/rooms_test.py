@@ -21,6 +21,7 @@ ROOMS = {
     "libbluetooth": "include/bluetooth protocol platform ipc",
     "include/btasync": "include/bluetooth",
     "libbtasync": "include/bluetooth include/btasync glib protocol ipc/ShareMemory/Segment",
+    "qt": "include/btasync",
     "service/time": "",
     "service/stack": "include/bluetooth",
     "service/files": "protocol service/time",
