@@ -40,7 +40,7 @@ ROOMS = {
     "tools/btctl": "include/bluetooth glib protocol",
     "examples": "include/bluetooth include/btasync",
     "examples/power_only_service": "include/bluetooth service/app",  # no application, but a stack
-    "bench": "include/bluetooth glib protocol ipc service/frontend/segments service/phonebook",
+    "bench": "include/bluetooth include/btasync glib protocol ipc service/frontend/segments service/phonebook",
 }
 # Folders of the tree without rules: they may include everything.
 FREE = ("packaging", "tests")

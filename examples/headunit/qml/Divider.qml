@@ -1,0 +1,7 @@
+import QtQuick
+import HeadUnit
+
+Rectangle {
+    implicitHeight: 1
+    color: Theme.line
+}

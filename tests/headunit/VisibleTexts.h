@@ -1,0 +1,12 @@
+#ifndef TESTS_HEADUNIT_VISIBLETEXTS_H
+#define TESTS_HEADUNIT_VISIBLETEXTS_H
+
+#include <QStringList>
+
+class QQuickItem;
+
+/// What is wrong with the texts that are visible below an item: those that are cut, unless they are marked as
+/// coming from outside, and those that stand out of what they are in. seen counts the texts.
+QStringList faultsOfVisibleTexts(const QQuickItem& root, int& seen);
+
+#endif
