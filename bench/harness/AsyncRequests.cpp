@@ -28,13 +28,13 @@ void CallBare(GDBusConnection* connection, const char* method, GVariant* argumen
       G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
       [](GObject* source, GAsyncResult* result, gpointer data) {
         auto& call = *static_cast<Call*>(data);
-        GError* error = nullptr;
-        GVariant* const values = g_dbus_connection_call_finish(G_DBUS_CONNECTION(source), result, &error);
+        OwnedError error;
+        const OwnedVariant values(
+            g_dbus_connection_call_finish(G_DBUS_CONNECTION(source), result, error.Out()));
         if (values == nullptr) {
           throw std::runtime_error(error->message);
         }
-        call.read(values);
-        g_variant_unref(values);
+        call.read(values.get());
         call.isDone = true;
       },
       &call);
@@ -90,13 +90,13 @@ const std::array<AsyncRequest, 3> kAsyncRequests{{
     {"GetMediaInfo", GetMediaInfoBare, [](btasync::Service& service) { Ask(service.GetMediaInfo()); }},
 }};
 
-GDBusConnection* NewConnection() {
-  GError* error = nullptr;
-  GDBusConnection* const connection = g_dbus_connection_new_for_address_sync(
+OwnedObject<GDBusConnection> NewConnection() {
+  OwnedError error;
+  OwnedObject<GDBusConnection> connection(g_dbus_connection_new_for_address_sync(
       g_getenv("DBUS_SESSION_BUS_ADDRESS"),
       static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                         G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-      nullptr, nullptr, &error);
+      nullptr, nullptr, error.Out()));
   if (connection == nullptr) {
     throw std::runtime_error(error->message);
   }

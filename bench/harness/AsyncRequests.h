@@ -8,6 +8,8 @@
 
 #include <btasync/Service.h>
 
+#include "glib/Owned.h"
+
 // The requests of libbtasync that are measured, and the same by g_dbus_connection_call alone. Each runs the
 // default loop until the answer is there, in the form in which an application uses it.
 
@@ -21,7 +23,7 @@ struct AsyncRequest {
 extern const std::array<AsyncRequest, 3> kAsyncRequests;
 
 /// A connection of its own, as the library has one.
-GDBusConnection* NewConnection();
+OwnedObject<GDBusConnection> NewConnection();
 /// Runs the loop until the service is there.
 void WaitUntilPresent(const btasync::Service& service);
 

@@ -31,18 +31,17 @@ int main(int argc, char** argv) {
     const AsyncRequest& request = Find(argv[2]);
     const int times = std::atoi(argv[3]);
     // Both ways have both: what they need by their mere existence is in both.
-    GDBusConnection* const connection = NewConnection();
+    const OwnedObject<GDBusConnection> connection = NewConnection();
     btasync::Service service;
     WaitUntilPresent(service);
     const bool isBare = std::string(argv[1]) == "bare";
     for (int i = 0; i < times; ++i) {
       if (isBare) {
-        request.bare(connection);
+        request.bare(connection.get());
       } else {
         request.throughLibrary(service);
       }
     }
-    g_object_unref(connection);
     return EXIT_SUCCESS;
   } catch (const std::exception& exception) {
     std::fprintf(stderr, "bt_bench_async: %s\n", exception.what());

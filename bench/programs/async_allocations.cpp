@@ -53,19 +53,18 @@ long AllocationsOf(Ask ask) {
 // for the answer or puts its own books in order.
 int main() {
   try {
-    GDBusConnection* const connection = NewConnection();
+    const OwnedObject<GDBusConnection> connection = NewConnection();
     btasync::Service service;
     WaitUntilPresent(service);
     for (const AsyncRequest& request : kAsyncRequests) {
       long bare = std::numeric_limits<long>::max();
       long throughLibrary = bare;
       for (int i = 0; i < kRounds; ++i) {
-        bare = std::min(bare, AllocationsOf([&] { request.bare(connection); }));
+        bare = std::min(bare, AllocationsOf([&] { request.bare(connection.get()); }));
         throughLibrary = std::min(throughLibrary, AllocationsOf([&] { request.throughLibrary(service); }));
       }
       std::printf("%ld %ld\n", bare, throughLibrary);
     }
-    g_object_unref(connection);
     return EXIT_SUCCESS;
   } catch (const std::exception& exception) {
     std::fprintf(stderr, "bt_bench_async_allocations: %s\n", exception.what());
