@@ -1,5 +1,6 @@
 #include "libbtasync/BusBackend.h"
 
+#include <atomic>
 #include <iterator>
 #include <utility>
 
@@ -45,7 +46,7 @@ struct GlibTimer {
 }  // namespace
 
 struct BusBackend::Link {
-  int references;
+  std::atomic<int> references;
   BusBackend* backend;  ///< null once the connection is not its any more
 
   Link* Ref() {
@@ -140,7 +141,8 @@ void BusBackend::OnConnected(GObject*, GAsyncResult* result, gpointer data) {
   if (link->backend != nullptr) {
     BusBackend& self = *link->backend;
     if (!self.IsOwnThread("the loop of a service that it has not made")) {
-      return;  // all of it, the link too, is the other thread's
+      Link::Unref(link);
+      return;  // all else is the other thread's
     }
     const BackendRef alive(self);
     self.m_attempt.reset();

@@ -34,8 +34,8 @@ struct Local {
 class CoroutineTest : public testing::Test {
  public:
   FakeService service;
-  std::unique_ptr<Scope> scope = std::make_unique<Scope>();
   std::vector<std::string> log;
+  std::unique_ptr<Scope> scope = std::make_unique<Scope>();
 
   Job Dial(std::string number) {
     const Local local(log);
