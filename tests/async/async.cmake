@@ -11,7 +11,8 @@ bt_add_test(NAME async_test
     outcome_test.cpp
     pairing_screen_test.cpp
   LIBS btasync_testing btasync
-  LABELS async)
+  LABELS async
+  SEPARATE)
 bt_add_test(NAME async_corpus
   SOURCES lists_corpus_test.cpp ../fuzz/Expectation.cpp ../fuzz/GuardedMemory.cpp ../fuzz/Records.cpp
   LIBS btasync

@@ -73,9 +73,9 @@ def main():
     faults = list(check_methods(source_dir)) + list(check_signals(source_dir))
     for fault in faults:
         print(fault)
-    counts = [len(sources.methods(source_dir)), len(sources.signals(source_dir))]
-    print(f"{counts[0]} methods, {counts[1]} signals, {len(EXCEPTIONS)} exceptions")
-    return 1 if faults or counts != [100, 58] else 0
+    methods, signals = sources.methods(source_dir), sources.signals(source_dir)
+    print(f"{len(methods)} methods, {len(signals)} signals, {len(EXCEPTIONS)} exceptions")
+    return 0 if methods and signals and not faults else 1
 
 
 if __name__ == "__main__":
