@@ -95,11 +95,15 @@ ServiceBus::ServiceBus(Events events) : m_events(std::move(events)) {}
 ServiceBus::~ServiceBus() {
   m_return.reset();
   if (m_connection != nullptr) {
-    // What was sent last shall arrive, unless the bus does not take it.
+    // What was sent last shall arrive, unless the bus does not take it. The name goes with the connection:
+    // given up before, it would cost an answer of the bus, of whose absence GLib complains on the standard
+    // error.
     const Deadline deadline(m_connection.get(), kTimeToTakeTheLast);
-    GiveUpName();
+    m_closedHandler.reset();
     m_intake.reset();
     g_dbus_connection_flush_sync(m_connection.get(), nullptr, nullptr);
+    g_dbus_connection_close_sync(m_connection.get(), nullptr, nullptr);
+    m_nameId.reset();
   }
   Release();
 }

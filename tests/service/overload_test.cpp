@@ -240,6 +240,7 @@ TEST(OverloadTest, TheServiceCanBeEndedWhileTheBusStandsStill) {
   service.Bus().Signal(SIGSTOP);
   service.Process().Signal(SIGTERM);
   EXPECT_EQ(service.Process().Wait(), 0);
+  EXPECT_EQ(service.Process().Errors().find("GLib"), std::string::npos) << service.Process().Errors();
   service.Bus().Signal(SIGCONT);
 }
 
