@@ -1,6 +1,5 @@
 # The readers of the lists against what a service should not write, and against random lists.
 add_library(bt_fuzz_support OBJECT
-  fuzz/DecoderChecks.cpp
   fuzz/Expectation.cpp
   fuzz/GuardedMemory.cpp
   fuzz/ListChecks.cpp
@@ -8,17 +7,19 @@ add_library(bt_fuzz_support OBJECT
   fuzz/ListWorld.cpp
   fuzz/LogCount.cpp
   fuzz/QuietService.cpp
-  fuzz/Records.cpp
-  ${CMAKE_SOURCE_DIR}/libbtasync/SegmentDecoder.cpp)
+  fuzz/Records.cpp)
 target_include_directories(bt_fuzz_support PUBLIC ${CMAKE_CURRENT_LIST_DIR}/..)
 target_link_libraries(bt_fuzz_support PUBLIC bt_internal PRIVATE bt_warnings)
 
 bt_add_test(NAME fuzz_test
   SOURCES
-    decoder_test.cpp
     mutated_segments_test.cpp
     racing_writer_test.cpp
     round_trip_test.cpp
   LIBS bt_fuzz_support
   LABELS fuzz)
 target_compile_definitions(fuzz_test PRIVATE BTTEST_LIST_CORPUS="${CMAKE_CURRENT_LIST_DIR}/corpus/lists")
+if(BT_BUILD_ASYNC)
+  target_sources(fuzz_test PRIVATE fuzz/decoder_test.cpp fuzz/DecoderChecks.cpp
+                                   ${CMAKE_SOURCE_DIR}/libbtasync/SegmentDecoder.cpp)
+endif()
