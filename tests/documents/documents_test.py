@@ -40,6 +40,7 @@ RUNNERS = {
 }
 # What the demo shows, by a word of the command that starts it.
 SHOWN_BY_DEMO = {"btctl": r"power +o(n|ff)", "your-application": "arguments: arguments",
+                 "pairing_screen": r"library:  +/.*libbtasync\.so\.0\.\d+\.\d+",
                  "demo": r"library:  +/.*libbt\.so\.1\.0\.0"}
 CTRL_C = {"found_devices": "found "}  # examples that run until Ctrl-C, and what they print before
 ANSWERS_OF_CONTROLS = {"LeaveBus": "()", "DelayAnswers": "()", "FailAnswers": "()", "EmitSignal": "()"}
