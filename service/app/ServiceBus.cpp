@@ -49,6 +49,16 @@ void Cut(GDBusConnection* connection) {
   }
 }
 
+/// Closes a connection and waits until GLib, which hears of the end on a thread of its own, knows it as
+/// closed.
+void Close(GDBusConnection* connection) {
+  constexpr int kMostLooks = 1000;
+  g_dbus_connection_close_sync(connection, nullptr, nullptr);
+  for (int looks = 0; looks < kMostLooks && g_dbus_connection_is_closed(connection) == FALSE; ++looks) {
+    g_usleep(1000);
+  }
+}
+
 /// Cuts a connection if this lives for too long: what waits for the bus then fails.
 class Deadline {
  public:
@@ -96,13 +106,12 @@ ServiceBus::~ServiceBus() {
   m_return.reset();
   if (m_connection != nullptr) {
     // What was sent last shall arrive, unless the bus does not take it. The name goes with the connection:
-    // given up before, it would cost an answer of the bus, of whose absence GLib complains on the standard
-    // error.
+    // GLib would give it up by a call, and complain on the standard error if the bus ended meanwhile.
     const Deadline deadline(m_connection.get(), kTimeToTakeTheLast);
     m_closedHandler.reset();
     m_intake.reset();
     g_dbus_connection_flush_sync(m_connection.get(), nullptr, nullptr);
-    g_dbus_connection_close_sync(m_connection.get(), nullptr, nullptr);
+    Close(m_connection.get());
     m_nameId.reset();
   }
   Release();

@@ -220,7 +220,7 @@ class TheCommandLine(InACheckout):
         for command in of_runner("btctl", "sh"):
             script = "btservice --no-state --world one-phone &\nservice=$!\nphone=00:1A:7D:DA:71:13\n" + PHONE_IS_THERE
             script += f"{'btctl power off && ' if 'power on' in command.text else ''}{command.text}\n"
-            script += "status=$?; kill $service; exit $status\n"
+            script += "status=$?; kill $service; wait $service; exit $status\n"
             status, output = self.checkout.run_in_sandbox(script)
             self.assert_runs(command, (status, output))
             if " jq " in command.text:
