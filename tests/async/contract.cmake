@@ -24,15 +24,15 @@ if(BT_BUILD_SIMULATION)
   add_dependencies(async_parity btservice)
 endif()
 
-add_test(NAME async_coverage/EachMethodAndEachSignalIsUsedOnce
-  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/coverage_test.py ${CMAKE_SOURCE_DIR})
-add_test(NAME async_public_headers/EachCompilesOnItsOwnAndNeedsNothingButTheStandardLibrary
-  COMMAND Python3::Interpreter ${CMAKE_SOURCE_DIR}/tests/contract/public_headers_test.py ${CMAKE_CXX_COMPILER}
+bt_add_source_test(NAME async_coverage/EachMethodAndEachSignalIsUsedOnce
+  Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/coverage_test.py ${CMAKE_SOURCE_DIR})
+bt_add_source_test(NAME async_public_headers/EachCompilesOnItsOwnAndNeedsNothingButTheStandardLibrary
+  Python3::Interpreter ${CMAKE_SOURCE_DIR}/tests/contract/public_headers_test.py ${CMAKE_CXX_COMPILER}
           ${CMAKE_SOURCE_DIR}/include btasync c++17 Coroutine.h=c++20)
-add_test(NAME async_documents/SayWhatTheSourcesSay
-  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/documents_test.py ${CMAKE_CXX_COMPILER} ${CMAKE_SOURCE_DIR})
-add_test(NAME async_wrong_types/DoNotCompile
-  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/wrong_types_test.py ${CMAKE_CXX_COMPILER} ${CMAKE_SOURCE_DIR}
+bt_add_source_test(NAME async_documents/SayWhatTheSourcesSay
+  Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/documents_test.py ${CMAKE_CXX_COMPILER} ${CMAKE_SOURCE_DIR})
+bt_add_source_test(NAME async_wrong_types/DoNotCompile
+  Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/wrong_types_test.py ${CMAKE_CXX_COMPILER} ${CMAKE_SOURCE_DIR}
           ${CMAKE_BINARY_DIR}/libbtasync/generated ${GIO_INCLUDE_DIRS})
 if(NOT BT_SANITIZE)  # which adds names of its own
   add_test(NAME async_exports/TheLibraryExportsItsHeadersAndNothingThatLibbtDoes
@@ -43,11 +43,11 @@ add_test(NAME async_soname/TheLibraryIsLibbtasyncSo010WithTheSonameLibbtasyncSo0
   COMMAND sh -c "test -f $<TARGET_FILE_DIR:btasync>/libbtasync.so.0.1.0 && readelf -d $<TARGET_FILE:btasync> | grep -q 'SONAME.*\\[libbtasync\\.so\\.0\\]'")
 
 # A list for each size of a pointer: this build's, and that of the head unit.
-add_test(NAME async_layout/IsThatOfTheList
-  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/layout.py ${CMAKE_CXX_COMPILER} ${CMAKE_SOURCE_DIR})
+bt_add_source_test(NAME async_layout/IsThatOfTheList
+  Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/layout.py ${CMAKE_CXX_COMPILER} ${CMAKE_SOURCE_DIR})
 find_program(BT_ARMHF_CXX arm-linux-gnueabihf-g++)
 mark_as_advanced(BT_ARMHF_CXX)
 if(BT_ARMHF_CXX)
-  add_test(NAME async_layout/IsThatOfTheListOn32BitArm
-    COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/layout.py ${BT_ARMHF_CXX} ${CMAKE_SOURCE_DIR})
+  bt_add_source_test(NAME async_layout/IsThatOfTheListOn32BitArm
+    Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/layout.py ${BT_ARMHF_CXX} ${CMAKE_SOURCE_DIR})
 endif()

@@ -19,11 +19,11 @@ bt_add_test(NAME contract_missing_texts SOURCES missing_texts_test.cpp)
 
 add_test(NAME contract_exports/TheLibraryExportsWhatTheSourcesSayAndNothingElse
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/exports_test.py $<TARGET_FILE:bt> ${CMAKE_SOURCE_DIR})
-add_test(NAME contract_public_headers/EachCompilesOnItsOwnAsCxx11AndNeedsNothingButTheStandardLibrary
-  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/public_headers_test.py ${CMAKE_CXX_COMPILER}
+bt_add_source_test(NAME contract_public_headers/EachCompilesOnItsOwnAsCxx11AndNeedsNothingButTheStandardLibrary
+  Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/public_headers_test.py ${CMAKE_CXX_COMPILER}
           ${CMAKE_SOURCE_DIR}/include bluetooth c++11)
-add_test(NAME contract_enumerations/EveryValueFitsInOneByteAndCountingStartsAtZero
-  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/enumerations_test.py ${CMAKE_SOURCE_DIR}/include)
+bt_add_source_test(NAME contract_enumerations/EveryValueFitsInOneByteAndCountingStartsAtZero
+  Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/enumerations_test.py ${CMAKE_SOURCE_DIR}/include)
 add_test(NAME contract_soname/TheLibraryIsLibbtSo100WithTheSonameLibbtSo1
   COMMAND sh -c "test -f $<TARGET_FILE_DIR:bt>/libbt.so.1.0.0 && readelf -d $<TARGET_FILE:bt> | grep -q 'SONAME.*\\[libbt\\.so\\.1\\]'")
 

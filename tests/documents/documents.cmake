@@ -5,6 +5,6 @@ if(BT_BUILD_SIMULATION AND BT_BUILD_TOOLS AND NOT BT_SANITIZE AND NOT CMAKE_CROS
     add_test(NAME documents/${test}
       COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/documents_test.py ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR}
               ${test})
-    set_tests_properties(documents/${test} PROPERTIES TIMEOUT 300)
+    set_tests_properties(documents/${test} PROPERTIES TIMEOUT 300 COST 60)  # begins before the short ones
   endforeach()
 endif()

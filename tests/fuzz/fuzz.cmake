@@ -10,6 +10,7 @@ add_library(bt_fuzz_support OBJECT
   fuzz/Records.cpp)
 target_include_directories(bt_fuzz_support PUBLIC ${CMAKE_CURRENT_LIST_DIR}/..)
 target_link_libraries(bt_fuzz_support PUBLIC bt_internal PRIVATE bt_warnings)
+target_compile_options(bt_fuzz_support PRIVATE -O2)  # these run for longer than they compile
 
 bt_add_test(NAME fuzz_test
   SOURCES
@@ -18,6 +19,7 @@ bt_add_test(NAME fuzz_test
     round_trip_test.cpp
   LIBS bt_fuzz_support
   LABELS fuzz)
+target_compile_options(fuzz_test PRIVATE -O2)
 target_compile_definitions(fuzz_test PRIVATE BTTEST_LIST_CORPUS="${CMAKE_CURRENT_LIST_DIR}/corpus/lists")
 if(BT_BUILD_ASYNC)
   target_sources(fuzz_test PRIVATE fuzz/decoder_test.cpp fuzz/DecoderChecks.cpp

@@ -1,14 +1,14 @@
 # What the scripts' help texts and the documents promise about the scripts.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 foreach(promise Help Options UnknownOptions Groups Dependencies Sections Documents)
-  add_test(NAME scripts_help/${promise}
-    COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/help_test.py ${CMAKE_SOURCE_DIR} TheHelp.test_${promise})
+  bt_add_source_test(NAME scripts_help/${promise}
+    Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/help_test.py ${CMAKE_SOURCE_DIR} TheHelp.test_${promise})
 endforeach()
 
 # The rooms of the tree, and which may know which.
-add_test(NAME rooms/EachKnowsOnlyThoseThatItMay
-  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/rooms_test.py ${CMAKE_SOURCE_DIR})
+bt_add_source_test(NAME rooms/EachKnowsOnlyThoseThatItMay
+  Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/rooms_test.py ${CMAKE_SOURCE_DIR})
 
 # The one way to own what GLib makes.
-add_test(NAME owned/NothingIsReleasedByHand
-  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/owned_test.py ${CMAKE_SOURCE_DIR})
+bt_add_source_test(NAME owned/NothingIsReleasedByHand
+  Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/owned_test.py ${CMAKE_SOURCE_DIR})

@@ -13,5 +13,5 @@ bt_add_test(NAME unit_bench_report SOURCES bench_report_test.cpp ../../bench/har
             LIBS nlohmann_json::nlohmann_json)
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
-add_test(NAME unit_mutate/FaultsAreWhatTheHelpOfScriptMutateSays
-  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/mutate_test.py ${CMAKE_SOURCE_DIR})
+bt_add_source_test(NAME unit_mutate/FaultsAreWhatTheHelpOfScriptMutateSays
+  Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/mutate_test.py ${CMAKE_SOURCE_DIR})
