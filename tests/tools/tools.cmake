@@ -35,3 +35,15 @@ if(BT_BUILD_SIMULATION)
             --count 300 --seed 1)
   set_tests_properties(tools_shell_drive/RoughHandlingInATerminal PROPERTIES TIMEOUT ${BT_TEST_TIMEOUT})
 endif()
+
+if(BT_RUNS_WHAT_IT_BUILDS AND NOT CMAKE_CROSSCOMPILING)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  foreach(test IsMadeFromTheCommandsOfThisBuild IsAScriptOfItsShell OfBashOffersEveryCommandAndOption
+          OfBashOffersTheWordsOfValues OfZshOffersTheSameAsThatOfBash OfZshSaysWhatAnArgumentIs WorksWhileSomebodyTypes
+          KnowsANewCommandAndANewWordByItself)
+    add_test(NAME tools_shell_completion/${test}
+      COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/shell_completion_test.py ${CMAKE_SOURCE_DIR}
+              ${CMAKE_BINARY_DIR} TheCompletion.test_${test})
+    set_tests_properties(tools_shell_completion/${test} PROPERTIES TIMEOUT ${BT_TEST_TIMEOUT})
+  endforeach()
+endif()

@@ -12,16 +12,13 @@
 
 #include "btctl/base/Failure.h"
 #include "btctl/base/Nearest.h"
+#include "btctl/cli/Usage.h"
 #include "btctl/commands/FromText.h"
 #include "btctl/composed/AllCommands.h"
 #include "glib/Owned.h"
 
 namespace btctl {
 namespace {
-
-constexpr const char* kDescription =
-    "Controls Bluetooth through the Bluetooth service of the head unit.\n"
-    "Without a command, it takes commands line by line, with completion if it is at a terminal.";
 
 std::string ExitCodeHelp() {
   std::string text = "Exit codes:\n";
@@ -58,16 +55,6 @@ std::string Wrapped(const std::string& help) {
     wrapped += line + "\n";
   }
   return wrapped;
-}
-
-/// What the help calls the value of an option: SECONDS for --seconds.
-std::string NameOfValue(const Argument& argument) {
-  if (argument.name == "--match") {
-    return "NAME=VALUE";
-  }
-  std::string name = argument.Thing();
-  std::transform(name.begin(), name.end(), name.begin(), g_ascii_toupper);
-  return name;
 }
 
 constexpr char kGuard = '\001';
@@ -118,15 +105,12 @@ class Parser {
     m_app.footer(ExitCodeHelp());
     m_app.fallthrough();
     m_app.require_subcommand(0, 1);
-    m_app.add_flag("--json", m_options.json, "Print JSON, one object per line");
-    m_app
-        .add_option("--timeout", m_timeout,
-                    "Give up after SECONDS, 0 for never (default 30; none for monitor, wait, scan, contacts "
-                    "download)")
-        ->type_name("SECONDS");
-    m_app.add_flag("--no-wait", m_doesNotWait, "Do not wait for the result of a request");
-    m_app.add_flag("--verbose", m_options.verbose, "Print the library's log on standard error");
-    m_app.set_version_flag("--version", "btctl " BTCTL_VERSION);
+    m_app.set_help_flag("-h,--help", HelpOf("--help"));
+    m_app.add_flag("--json", m_options.json, HelpOf("--json"));
+    m_app.add_option("--timeout", m_timeout, HelpOf("--timeout"))->type_name("SECONDS");
+    m_app.add_flag("--no-wait", m_doesNotWait, HelpOf("--no-wait"));
+    m_app.add_flag("--verbose", m_options.verbose, HelpOf("--verbose"));
+    m_app.set_version_flag("--version", "btctl " BTCTL_VERSION, HelpOf("--version"));
     for (const Command& command : AllCommands()) {
       if (isWanted(command)) {
         AddCommand(command);

@@ -1,9 +1,8 @@
 #include "btctl/cli/Completion.h"
 
-#include <set>
-
 #include <glib.h>
 
+#include "btctl/cli/Usage.h"
 #include "btctl/composed/AllCommands.h"
 #include "btctl/events/Event.h"
 #include "btctl/sim/ControlHelp.h"
@@ -16,7 +15,6 @@ using Names = std::set<std::string>;
 using Words = std::vector<std::string>;
 
 const Names kShellWords{"clear", "exit", "help", "quit", "watch"};
-const Names kGlobalOptions{"--help", "--json", "--no-wait", "--timeout", "--verbose"};
 
 bool IsOption(const std::string& word) { return word.rfind("--", 0) == 0; }
 
@@ -99,36 +97,22 @@ const Argument* NextArgument(const Command& command, const Words& rest) {
 }
 
 Names ValuesOf(const Argument& argument, const KnownNames& known) {
-  Names values;
   switch (argument.meaning) {
     case Meaning::ADDRESS:
       return known.Addresses();
     case Meaning::NUMBER:
     case Meaning::CONTACT:
       return known.Contacts();
-    case Meaning::WORD:
-      for (const EnumWord& word : argument.words->Words()) {
-        values.insert(word.text);
-      }
-      break;
-    case Meaning::EVENT:
-      for (const EventDescription& event : AllEvents()) {
-        values.insert(event.name);
-      }
-      break;
-    case Meaning::CONTROL:
-      for (const std::string& control : NamesOfControls()) {
-        values.insert(control);
-      }
-      break;
     default:
-      break;
+      return FixedValuesOf(argument);
   }
-  return values;
 }
 
 Names OptionsOf(const Line& line) {
-  Names options = kGlobalOptions;
+  Names options;
+  for (const GlobalOption& option : kGlobalOptions) {
+    options.insert(option.name);
+  }
   if (line.command != nullptr) {
     for (const Argument& argument : line.command->arguments) {
       if (argument.IsOption()) {
@@ -161,6 +145,30 @@ Names Candidates(const Words& before, const std::string& start, const KnownNames
 }
 
 }  // namespace
+
+std::set<std::string> FixedValuesOf(const Argument& argument) {
+  Names values;
+  switch (argument.meaning) {
+    case Meaning::WORD:
+      for (const EnumWord& word : argument.words->Words()) {
+        values.insert(word.text);
+      }
+      break;
+    case Meaning::EVENT:
+      for (const EventDescription& event : AllEvents()) {
+        values.insert(event.name);
+      }
+      break;
+    case Meaning::CONTROL:
+      for (const std::string& control : NamesOfControls()) {
+        values.insert(control);
+      }
+      break;
+    default:
+      break;
+  }
+  return values;
+}
 
 std::vector<std::string> Complete(const std::vector<std::string>& before, const std::string& start,
                                   const KnownNames& known) {
