@@ -1,0 +1,12 @@
+# The manual pages as readers and their programs find them.
+if(NOT TARGET bt_manual)
+  return()
+endif()
+foreach(test MandocHasNothingToSay ManHasNothingToSay EveryCommandAndOptionIsExplained EveryRequestAndEventIsExplained
+        EveryValueAndMemberIsNamed TheHelpOfTheServiceIsThere EachReferenceIsThere WhatIsNamedIsInTheSources
+        TheExampleIsThatOfTheReadme)
+  add_test(NAME manual/${test}
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/manual_test.py ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR}
+            ThePages.test_${test})
+  set_tests_properties(manual/${test} PROPERTIES TIMEOUT ${BT_TEST_TIMEOUT})
+endforeach()
