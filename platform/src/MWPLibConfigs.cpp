@@ -34,10 +34,15 @@ std::string FindInstalledConfigFile() {
 // Found while the library is loaded: its name may be relative to the directory in which the process is now.
 const std::string g_installedConfigFile = FindInstalledConfigFile();
 
-/// Asked for at every use, so that a process may change its environment.
+/// Asked for at every use, so that a process may change its environment. A file of the user goes before the
+/// installed one, if it is there.
 std::string ConfigFile() {
   const char* const file = std::getenv("MWP_CONFIG_FILE");
-  return file != nullptr && *file != '\0' ? file : g_installedConfigFile;
+  if (file != nullptr && *file != '\0') {
+    return file;
+  }
+  const OwnedText own(g_build_filename(g_get_user_config_dir(), "libbt", "defaults.ini", nullptr));
+  return g_file_test(own.get(), G_FILE_TEST_EXISTS) != FALSE ? own.get() : g_installedConfigFile;
 }
 
 class KeyFileConfigs : public MWPLibConfigs {

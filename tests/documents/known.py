@@ -7,7 +7,6 @@ NOT_COMMANDS = {
     "btservice: car.json:12: devices[0].phone.signal: expected a whole number from 0 to 5, got 7": "a message; checked below",
     "book.vcf:6: expected a property such as TEL:112, got 'this is no line'; this card is skipped": "a message; checked below",
     "time/        the clock that a stack lives by: the wall's, a faster one, or one driven by a test": "a list of folders",
-    "[Unit]": "a unit of systemd",
     "[process][file:source][func:function][line:number]Warn:Log system not init.": "the form of a line of the log",
     "com_zelk_linux_bluetooth_call_set_power_sync: Failed to call dbus method. Reason: ....": "the form of a line of the log",
     "[category-8]": "the form of a file",

@@ -62,6 +62,18 @@ TEST_F(PlatformConfigs, WithoutTheEnvironmentTheDefaultsLieWhereTheLibraryLies) 
   EXPECT_TRUE(log.Records().empty());
 }
 
+TEST_F(PlatformConfigs, AFileOfTheUserGoesBeforeTheInstalledOne) {
+  setenv("XDG_CONFIG_HOME", (directory.Path() / "config").c_str(), 1);
+  unsetenv("MWP_CONFIG_FILE");
+  std::filesystem::create_directories(directory.Path() / "config/libbt");
+  WriteFile(directory.Path() / "config/libbt/defaults.ini", "[setting]\nvolume=7\n");
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/volume"), 7);
+  WriteFile(file, "[setting]\nvolume=8\n");
+  setenv("MWP_CONFIG_FILE", file.c_str(), 1);
+  EXPECT_EQ(GetLibConfigs()->GetInt("/setting/volume"), 8);
+  EXPECT_TRUE(log.Records().empty());
+}
+
 TEST_F(PlatformConfigs, APathIsAGroupAndAKey) {
   WriteFile(file, "[setting]\nvolume=-12\n[setting/deep]\nvolume=3\n");
   EXPECT_EQ(GetLibConfigs()->GetInt("/setting/volume"), -12);

@@ -15,7 +15,8 @@ class MWPLibConfigs {
 /// The configuration store of this process; never null, never deleted.
 ///
 /// The stand-in reads a key file, in which the path "/group/key" is the key of that group: the file named by
-/// the environment variable MWP_CONFIG_FILE, else the installed one.
+/// the environment variable MWP_CONFIG_FILE, else libbt/defaults.ini in $XDG_CONFIG_HOME (~/.config) if it is
+/// there, else the installed one.
 MWPLibConfigs* GetLibConfigs();
 
 #endif
