@@ -8,3 +8,10 @@ if(BT_BUILD_SIMULATION AND BT_BUILD_TOOLS AND NOT BT_SANITIZE AND NOT CMAKE_CROS
     set_tests_properties(documents/${test} PROPERTIES TIMEOUT 300 COST 60)  # begins before the short ones
   endforeach()
 endif()
+
+# What SECURITY.md says of each reader is what a test shows.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+add_test(NAME documents/EachTestThatSecurityNamesIsThere
+  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/security_test.py ${CMAKE_SOURCE_DIR})
+add_test(NAME documents/TheChangelogHasItsForm
+  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/changelog_test.py ${CMAKE_SOURCE_DIR})
