@@ -26,8 +26,9 @@ inline namespace v0 {
 ///     …
 ///   }
 ///
-/// Belongs to the thread that makes it: what another one calls is refused, and logged. Prepare and Dispatch
-/// take turns.
+/// Belongs to the thread that makes it: what another one calls is refused, and logged. Each Dispatch belongs
+/// to the last Prepare. A loop that finds that it need not wait may call Prepare again instead of Dispatch;
+/// a callback may run a turn of its own.
 class BTASYNC_API PollLoop {
  public:
   PollLoop();
@@ -39,8 +40,8 @@ class BTASYNC_API PollLoop {
   _GMainContext* Context() const { return m_context; }
   /// Appends what is to be polled, and shortens timeoutMs, in milliseconds, where something is due earlier.
   void Prepare(std::vector<pollfd>& fds, int& timeoutMs);
-  /// After poll(), with the same vector: calls what is due. What stands behind the appended ones does not
-  /// matter.
+  /// After poll(), with the vector of the last Prepare: calls what is due. What stands behind the appended
+  /// ones does not matter.
   void Dispatch(const std::vector<pollfd>& fds);
 
  private:

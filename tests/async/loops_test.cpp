@@ -130,6 +130,52 @@ TEST_F(LoopsTest, APollKeepsTheShorterTime) {
   loop.Dispatch(fds);
 }
 
+TEST_F(LoopsTest, APollMayBePreparedAgainInsteadOfDispatched) {
+  PollLoop loop;
+  Service service(loop.Context());
+  Scope scope;
+  bool isAnswered = false;
+  service.GetPowerStatus().Then(scope, [&](Answer<PowerStatus> answer) { isAnswered = answer.Accepted(); });
+  EXPECT_TRUE(bttest::WaitUntil([&] {
+    std::vector<pollfd> fds;
+    int timeoutMs = 0;
+    for (int i = 0; i < 3; ++i) {
+      fds.clear();
+      loop.Prepare(fds, timeoutMs);
+    }
+    poll(fds.data(), fds.size(), 0);
+    loop.Dispatch(fds);
+    return isAnswered;
+  }));
+}
+
+TEST_F(LoopsTest, ACallbackMayRunATurnOfAPollOfItsOwn) {
+  PollLoop loop;
+  Service service(loop.Context());
+  Scope scope;
+  const auto turn = [&] {
+    std::vector<pollfd> fds;
+    int timeoutMs = 0;
+    loop.Prepare(fds, timeoutMs);
+    poll(fds.data(), fds.size(), 0);
+    loop.Dispatch(fds);
+  };
+  std::vector<std::string> order;
+  service.GetPowerStatus().Then(scope, [&](Answer<PowerStatus>) {
+    service.GetCallCount().Then(scope, [&](Answer<unsigned>) { order.emplace_back("inner"); });
+    EXPECT_TRUE(bttest::WaitUntil([&] {
+      turn();
+      return !order.empty();
+    }));
+    order.emplace_back("outer");
+  });
+  EXPECT_TRUE(bttest::WaitUntil([&] {
+    turn();
+    return order.size() == 2;
+  }));
+  EXPECT_THAT(order, ElementsAre("inner", "outer"));
+}
+
 TEST_F(LoopsTest, APollThatIsGivenTheWrongThingLogsIt) {
   bttest::LogCapture log;
   PollLoop loop;

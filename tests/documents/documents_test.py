@@ -40,8 +40,9 @@ RUNNERS = {
 }
 # What the demo shows, by a word of the command that starts it.
 SHOWN_BY_DEMO = {"btctl": r"power +o(n|ff)", "your-application": "arguments: arguments",
-                 "pairing_screen": r"library:  +/.*libbtasync\.so\.0\.\d+\.\d+",
+                 **dict.fromkeys(("pairing_screen", "dial", "poll_loop"), r"library:  +/.*libbtasync\.so\.0\.\d+\.\d+"),
                  "demo": r"library:  +/.*libbt\.so\.1\.0\.0"}
+TYPED = {"btctl": "status\nquit\n", "poll_loop": "on\nquit\n"}  # at the program that it starts
 CTRL_C = {"found_devices": "found "}  # examples that run until Ctrl-C, and what they print before
 ANSWERS_OF_CONTROLS = {"LeaveBus": "()", "DelayAnswers": "()", "FailAnswers": "()", "EmitSignal": "()"}
 
@@ -114,7 +115,7 @@ class TheDemo(InACheckout):
         commands_by_text = {command.text: command for command in of_runner("demo") if self.is_built(command.text)}
         running = {text: self.checkout.start(text) for text in commands_by_text}
         for text, process in running.items():
-            process.write("status\nquit\n" if "btctl" in text else "")
+            process.write(next((typed for name, typed in TYPED.items() if name in text), ""))
             shown = next((shown for name, shown in CTRL_C.items() if name in text), None)
             if shown:
                 self.assertTrue(process.wait_for(shown), process.output())
