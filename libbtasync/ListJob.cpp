@@ -1,6 +1,5 @@
 #include "libbtasync/ListJob.h"
 
-#include <string>
 #include <utility>
 
 #include "protocol/Segments.h"
@@ -33,28 +32,20 @@ void ListPlan::Start(BusBackend& backend, GVariant* arguments, int timeoutMs, Pe
 
 ListJob::ListJob(BusBackend& backend, const ListPlan& plan, GVariant* arguments, int timeoutMs,
                  PendingCall& call)
-    : m_alive(backend),
-      m_backend(backend),
+    : PlanJob(backend, plan.Name(), timeoutMs, call),
       m_plan(plan),
       m_arguments(arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr),
-      m_deadlineMs(backend.TimeMs() + timeoutMs),
-      m_call(call),
-      m_deadline(backend),
       m_turn(plan.Segment(), backend.Context(), [this] { Publish(); }) {
   m_question.argument = ArgumentOf(m_arguments.get());
-  m_deadline.Start(std::chrono::milliseconds(timeoutMs), [this] {
-    Fail(Failure{Reason::TimedOut,
-                 std::string(m_plan.Name()) +
-                     (m_turn.HasCome() ? ": the deadline has passed"
-                                       : ": other requests for the same place were not done in time")});
-  });
 }
 
-ListJob::~ListJob() { m_call.Unref(); }
+void ListJob::OnDeadline() {
+  Fail(Reason::TimedOut, m_turn.HasCome() ? "the deadline has passed"
+                                          : "other requests for the same place were not done in time");
+}
 
 void ListJob::Ask(Outgoing outgoing, void (ListJob::*onReply)(Reply& reply)) {
-  const std::chrono::milliseconds left(m_deadlineMs - m_backend.TimeMs());
-  m_step.Ask(std::move(outgoing), left, [this, onReply](Reply& reply) { (this->*onReply)(reply); });
+  m_step.Ask(std::move(outgoing), TimeLeft(), [this, onReply](Reply& reply) { (this->*onReply)(reply); });
 }
 
 void ListJob::Look(std::function<void(ListLooks& looks)> look, void (ListJob::*onLooked)()) {
@@ -64,14 +55,14 @@ void ListJob::Look(std::function<void(ListLooks& looks)> look, void (ListJob::*o
     return;
   }
   m_errand.Run(
-      m_backend.Context(), [looks = m_looks, look = std::move(look)] { look(*looks); },
+      Bus().Context(), [looks = m_looks, look = std::move(look)] { look(*looks); },
       [this, onLooked] { (this->*onLooked)(); });
 }
 
 void ListJob::Publish() {
   ++m_attempts;
   m_looks = m_plan.NewLooks();
-  Ask(m_plan.Publish(m_backend, m_arguments.get()), &ListJob::OnPublished);
+  Ask(m_plan.Publish(Bus(), m_arguments.get()), &ListJob::OnPublished);
 }
 
 void ListJob::OnPublished(Reply& reply) {
@@ -86,13 +77,13 @@ void ListJob::OnPublished(Reply& reply) {
     m_looks->Refuse();
     Reply refusal;
     m_looks->PutInto(refusal);
-    Finish(refusal);
+    Finish(refusal, m_looks);
   } else {
     Fail(answer.Why());
   }
 }
 
-void ListJob::OnLookedFirst() { Ask(m_plan.Count(m_backend, m_arguments.get()), &ListJob::OnCounted); }
+void ListJob::OnLookedFirst() { Ask(m_plan.Count(Bus(), m_arguments.get()), &ListJob::OnCounted); }
 
 void ListJob::OnCounted(Reply& reply) {
   if (reply.values == nullptr) {
@@ -115,23 +106,7 @@ void ListJob::OnLookedAgain() {
   }
   Reply reply;
   m_looks->PutInto(reply);
-  Finish(reply);
-}
-
-void ListJob::Finish(Reply& reply) {
-  const std::shared_ptr<ListLooks> lender = m_looks;
-  PendingCall& call = m_call;
-  call.Ref();
-  call.SetWork(nullptr);
-  delete this;
-  call.Complete(reply);
-  call.Unref();
-}
-
-void ListJob::Fail(Failure failure) {
-  Reply reply;
-  reply.failure = std::move(failure);
-  Finish(reply);
+  Finish(reply, m_looks);
 }
 
 }  // namespace detail

@@ -1,14 +1,13 @@
 #ifndef LIBBTASYNC_LISTJOB_H
 #define LIBBTASYNC_LISTJOB_H
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 
 #include "glib/Owned.h"
-#include "libbtasync/BusBackend.h"
 #include "libbtasync/Errand.h"
 #include "libbtasync/ListPlan.h"
+#include "libbtasync/PlanJob.h"
 #include "libbtasync/SegmentTurn.h"
 #include "libbtasync/Step.h"
 
@@ -16,17 +15,16 @@ namespace btasync {
 inline namespace v0 {
 namespace detail {
 
-/// A request for a list that is under way. Belongs to its call: it goes when the call ends, whatever it is
-/// doing.
-class ListJob final : public Held {
+/// A request for a list that is under way.
+class ListJob final : public PlanJob {
  public:
   /// Takes over a reference of the call, and the arguments if they are floating.
   ListJob(BusBackend& backend, const ListPlan& plan, GVariant* arguments, int timeoutMs, PendingCall& call);
-  void Drop() override { delete this; }
 
  private:
-  ~ListJob() override;
+  ~ListJob() override = default;
 
+  void OnDeadline() override;
   void Publish();
   void OnPublished(Reply& reply);
   void OnLookedFirst();
@@ -37,17 +35,9 @@ class ListJob final : public Held {
   void Ask(Outgoing outgoing, void (ListJob::*onReply)(Reply& reply));
   /// Does something with the segment, off the loop's thread if that may take long.
   void Look(std::function<void(ListLooks& looks)> look, void (ListJob::*onLooked)());
-  /// Ends the request, and this.
-  void Finish(Reply& reply);
-  void Fail(Failure failure);
 
-  const BackendRef m_alive;
-  BusBackend& m_backend;
   const ListPlan& m_plan;
   const OwnedVariant m_arguments;
-  const std::int64_t m_deadlineMs;
-  PendingCall& m_call;
-  Timer m_deadline;
   std::shared_ptr<ListLooks> m_looks;
   ListQuestion m_question;
   Step m_step;
