@@ -73,7 +73,7 @@ class PairingScreen {
           if (paired) {
             Connect(address);
           } else {
-            End(paired.Refused() ? "the device cannot be paired" : WordsFor(paired.Why()));
+            End(paired.Refused() ? WordsFor(paired.RefusedBy()) : WordsFor(paired.Why()));
           }
         });
   }
@@ -128,6 +128,21 @@ class PairingScreen {
       m_found.clear();
       m_question.reset();
       Show("Bluetooth is not there yet");
+    }
+  }
+
+  /// by: the event that reported it; null if the service did not even begin.
+  static std::string WordsFor(const btasync::PairChanged* by) {
+    switch (by != nullptr ? by->reason : btasync::BT_PAIR_REASON_NONE) {
+      case btasync::BT_PAIR_REASON_AUTHENTICATION:
+        return "the PIN is wrong";
+      case btasync::BT_PAIR_REASON_REJECTED_REMOTE:
+        return "it was refused on the device";
+      case btasync::BT_PAIR_REASON_TIMEOUT:
+      case btasync::BT_PAIR_REASON_UNREACHABLE:
+        return "the device does not answer";
+      default:
+        return "the device cannot be paired";
     }
   }
 

@@ -65,7 +65,8 @@ void FollowedRequest::TakeEvent(const void* event) {
   }
   m_more->Stop();
   m_verdict = judgement->verdict;
-  m_event = m_handling.copy(event);
+  m_decisive = judgement->decisive;
+  m_events[judgement->about] = m_handling.copy(event);
   if (m_verdict != Verdict::NotYet && judgement->unlessMoreComes.count() > 0) {
     m_more->Start(judgement->unlessMoreComes, [this] { EndIfDecided(); });
   }
@@ -78,6 +79,7 @@ void FollowedRequest::TakeAnswer(const Answer<>& answer) {
     EndIfDecided();
   } else if (answer.Refused()) {
     m_verdict = Verdict::Missed;
+    m_events.clear();  // they are about what another one asked for
     EndByVerdict();
   } else if (answer.Why().reason == Reason::TimedOut) {
     OnDeadline();
@@ -111,8 +113,8 @@ void FollowedRequest::EndIfDecided() {
 }
 
 void FollowedRequest::EndByVerdict() {
-  const std::shared_ptr<const void> event = std::move(m_event);
-  m_handling.complete(*m_call, m_verdict == Verdict::Reached ? event.get() : nullptr);
+  const std::shared_ptr<const void> event = m_events[m_decisive];
+  m_handling.complete(*m_call, m_verdict == Verdict::Reached, event.get());
 }
 
 void FollowedRequest::Fail(Failure failure) {

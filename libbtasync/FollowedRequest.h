@@ -2,6 +2,7 @@
 #define LIBBTASYNC_FOLLOWEDREQUEST_H
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -18,6 +19,10 @@ struct Judgement {
   Verdict verdict;
   /// It holds only if nothing else comes for so long.
   std::chrono::milliseconds unlessMoreComes{0};
+  /// Of a request that has several ends, such as that for two profiles: which of them the event is about, and
+  /// which of them has brought the verdict.
+  int about = 0;
+  int decisive = 0;
 };
 
 /// A request, and the event that ends it.
@@ -54,7 +59,8 @@ class FollowedRequest final : public Composition {
   std::optional<Timer> m_more;  ///< while more may come
   bool m_isAccepted = false;
   Verdict m_verdict = Verdict::NotYet;
-  std::shared_ptr<const void> m_event;  ///< that has brought the verdict
+  std::map<int, std::shared_ptr<const void>> m_events;  ///< the last one about each end (Judgement::about)
+  int m_decisive = 0;                                   ///< which of them has brought the verdict
   Scope m_scope;
 };
 

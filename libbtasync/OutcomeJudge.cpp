@@ -80,17 +80,30 @@ std::optional<Judgement> OutcomeJudge::Judge(const ComparedValues& event) {
   if (!std::all_of(m_outcome.ours.begin(), m_outcome.ours.end(), meets)) {
     return std::nullopt;
   }
-  m_verdicts[m_profilePlace ? event[*m_profilePlace].number : 0] = VerdictOn(event);
+  const int about = m_profilePlace ? event[*m_profilePlace].number : 0;
+  m_verdicts[about] = VerdictOn(event);
   const auto any = [&](Verdict verdict) {
     return std::any_of(m_verdicts.begin(), m_verdicts.end(),
                        [&](const auto& entry) { return entry.second == verdict; });
   };
-  if (any(Verdict::NotYet)) {
-    return Judgement{Verdict::NotYet};
+  Judgement judgement{any(Verdict::NotYet)   ? Verdict::NotYet
+                      : any(Verdict::Missed) ? Verdict::Missed
+                                             : Verdict::Reached};
+  judgement.about = about;
+  judgement.decisive = DecisiveFor(judgement.verdict, about);
+  if (judgement.verdict != Verdict::NotYet && m_verdicts.size() < (m_profilePlace ? 2U : 1U)) {
+    judgement.unlessMoreComes = kOtherProfileComesWithin;
   }
-  const bool isComplete = m_verdicts.size() == (m_profilePlace ? 2U : 1U);
-  return Judgement{any(Verdict::Missed) ? Verdict::Missed : Verdict::Reached,
-                   isComplete ? std::chrono::seconds(0) : kOtherProfileComesWithin};
+  return judgement;
+}
+
+int OutcomeJudge::DecisiveFor(Verdict verdict, int newest) const {
+  if (m_verdicts.at(newest) == verdict) {
+    return newest;
+  }
+  return std::find_if(m_verdicts.begin(), m_verdicts.end(),
+                      [&](const auto& entry) { return entry.second == verdict; })
+      ->first;
 }
 
 }  // namespace detail

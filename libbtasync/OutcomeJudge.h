@@ -64,6 +64,8 @@ class OutcomeJudge {
  private:
   bool Meets(const ComparedValues& event, const OutcomeCondition& condition) const;
   Verdict VerdictOn(const ComparedValues& event) const;
+  /// The profile that has brought a verdict of all: that of the newest event, if it agrees.
+  int DecisiveFor(Verdict verdict, int newest) const;
 
   const RequestOutcome& m_outcome;
   const ComparedValues m_arguments;

@@ -46,9 +46,10 @@ class [[nodiscard]] Answer {
  public:
   Answer(T value) : m_value(std::move(value)) {}
   Answer(Refusal) : m_isRefused(true) {}
+  Answer(Refusal, T by) : m_value(std::move(by)), m_isRefused(true) {}
   Answer(Failure failure) : m_failure(std::move(failure)) {}
 
-  bool Accepted() const { return m_value.has_value(); }
+  bool Accepted() const { return m_value.has_value() && !m_isRefused; }
   bool Refused() const { return m_isRefused; }
   bool Failed() const { return !Accepted() && !Refused(); }
   /// Accepted(). An Answer<bool> has none: whether it is there and whether it is true would look the same.
@@ -64,7 +65,10 @@ class [[nodiscard]] Answer {
   T* operator->() { return &*m_value; }
   const T* operator->() const { return &*m_value; }
   /// The value, or other if there is none.
-  T ValueOr(T other) const { return m_value ? *m_value : std::move(other); }
+  T ValueOr(T other) const { return Accepted() ? *m_value : std::move(other); }
+  /// Of an outcome (Outcome.h): the event by which the service reported that it has failed, such as the
+  /// PairChanged that has the reason. Null if the request itself was refused, or nothing was.
+  const T* RefusedBy() const { return m_isRefused && m_value ? &*m_value : nullptr; }
   /// The failure; only if Failed().
   const Failure& Why() const { return m_failure; }
 

@@ -19,8 +19,10 @@ inline namespace v0 {
 /// It subscribes the event, sends the request, and ends once:
 /// - accepted, with the event by which the service reports that it is done, once the service has accepted the
 ///   request too. The event may come before the answer.
-/// - refused, if the service refuses the request, or if the event reports a failure. (What the failure was:
-///   subscribe the event, too.)
+/// - refused, if the service refuses the request, or if the event reports a failure. Answer::RefusedBy is
+/// that
+///   event then: of PairDevice with the reason (PairFailedReson), of ConnectDevice with what became of the
+///   connection, of DownloadPhoneBook with whether it was stopped, failed or refused.
 /// - failed, as every request; with TimedOut if the event does not come in time; with ServiceGone or NoBus if
 ///   the service or the bus goes in between. What was begun may still be done then.
 ///
@@ -41,8 +43,8 @@ namespace detail {
 struct EventHandling {
   const EventKind* kind;
   std::shared_ptr<const void> (*copy)(const void* event);
-  /// Completes a call with the event, or as refused if that is null.
-  void (*complete)(PendingCall& call, const void* event);
+  /// Completes a call as accepted with the event, or as refused by it; by nothing if it is null.
+  void (*complete)(PendingCall& call, bool isAccepted, const void* event);
 };
 
 template <typename Event>
@@ -51,10 +53,11 @@ EventHandling HandlingOf() {
           [](const void* event) -> std::shared_ptr<const void> {
             return std::make_shared<const Event>(*static_cast<const Event*>(event));
           },
-          [](PendingCall& call, const void* event) {
+          [](PendingCall& call, bool isAccepted, const void* event) {
             Answer<Event> answer{Refusal()};
             if (event != nullptr) {
-              answer = Answer<Event>(*static_cast<const Event*>(event));
+              const Event& own = *static_cast<const Event*>(event);
+              answer = isAccepted ? Answer<Event>(own) : Answer<Event>(Refusal(), own);
             }
             Reply reply;
             reply.answer = &answer;

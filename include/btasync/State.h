@@ -81,6 +81,8 @@ struct PairingState {
   bool fresh = false;
   std::optional<Address> underWay;        ///< the device that is being paired
   std::optional<PairRequested> question;  ///< that waits for a person; gone once the pairing ends
+  /// The last pairing, if it failed, with its reason. None once another one begins, or the service goes.
+  std::optional<PairChanged> failed;
 };
 
 /// A call, with the meaning that btservice gives the items of a slot.

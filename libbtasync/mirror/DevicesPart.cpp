@@ -1,6 +1,8 @@
 // The paired devices with their connections, and a pairing that is under way.
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "libbtasync/mirror/Keeper.h"
 #include "libbtasync/mirror/Question.h"
@@ -99,6 +101,7 @@ class PairingPart final : public MirrorPart {
     On<PairRequested>([this](const PairRequested& event) {
       Here().underWay = event.address;
       Here().question = event;
+      Here().failed.reset();
       Note();
     });
     On<PairChanged>([this](const PairChanged& event) {
@@ -109,9 +112,13 @@ class PairingPart final : public MirrorPart {
           Here().question.reset();
         }
         Here().underWay = event.address;
+        Here().failed.reset();
         Note();
       } else if (!isAnothers) {
         Clear();
+        if (event.status == BT_PAIR_FAILED || event.status == BT_PAIR_PAIRED) {
+          SetFailed(event.status == BT_PAIR_FAILED ? std::optional(event) : std::nullopt);
+        }
       }
     });
   }
@@ -121,11 +128,18 @@ class PairingPart final : public MirrorPart {
   void Reported() override { Set(Here().fresh, true); }
   void Gone() override {
     Clear();
+    SetFailed(std::nullopt);
     Set(Here().fresh, false);
   }
 
  private:
   PairingState& Here() { return Now().pairing; }
+  void SetFailed(std::optional<PairChanged> failed) {
+    if (failed || Here().failed) {
+      Here().failed = std::move(failed);
+      Note();
+    }
+  }
   void Clear() {
     if (Here().underWay || Here().question) {
       Here().underWay.reset();

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <btasync/Coroutine.h>
+#include <btasync/Outcome.h>
 #include <btasync/testing/FakeService.h>
 
 #include <gmock/gmock.h>
@@ -139,23 +140,69 @@ TEST_F(CoroutineTest, NextGivesTheEventsThatFitOneByOne) {
   EXPECT_TRUE(scope->IsEmpty());
 }
 
+TEST_F(CoroutineTest, WaitsForARequestAndTheEventThatEndsIt) {
+  const Address phone("00:1A:7D:DA:71:13");
+  service.WillAccept(&Service::Pair)
+      .Emits(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_TIMEOUT, phone}, 2s)
+      .Once();
+  service.WillAccept(&Service::Pair).Emits(PairChanged{BT_PAIR_PAIRED, BT_PAIR_REASON_NONE, phone}).After(1s);
+  service.WillHang(&Service::Connect);
+  service.WillRefuse(&Service::DialCall);
+  [](CoroutineTest& test, Address phone) -> Job {
+    const Answer<PairChanged> failed = co_await PairDevice(test.service, phone);
+    test.log.push_back(failed.Refused() ? "refused for " + std::to_string(failed.RefusedBy()->reason)
+                                        : "not");
+    const Answer<PairChanged> paired = co_await PairDevice(test.service, phone);
+    test.log.push_back(paired ? "paired with " + paired->address.ToText() : "not");
+    const Answer<ConnectionChanged> connected = co_await ConnectDevice(test.service, phone).Within(3s);
+    test.log.emplace_back(connected.Failed() ? ToText(connected.Why().reason) : "not");
+    // One of its own, whose condition captures what has to be destroyed.
+    const std::string number = "a number that does not fit into the text itself";
+    auto own = Follow<CallStatusChanged>(test.service, test.service.DialCall(number),
+                                         [number](const CallStatusChanged&) { return Verdict::NotYet; });
+    const Answer<CallStatusChanged> dialed = co_await std::move(own);
+    test.log.emplace_back(dialed.Refused() && dialed.RefusedBy() == nullptr ? "refused" : "not");
+  }(*this, phone)
+                                                .StartIn(*scope);
+  service.Advance(1999ms);
+  EXPECT_THAT(log, IsEmpty());
+  service.Advance(1ms);
+  EXPECT_THAT(log, ElementsAre("refused for " + std::to_string(BT_PAIR_REASON_TIMEOUT)));
+  service.Advance(1s);
+  EXPECT_EQ(log.back(), "paired with 00:1A:7D:DA:71:13") << "the event came before the answer";
+  service.Advance(3s);
+  EXPECT_THAT(log, testing::SizeIs(4));
+  EXPECT_EQ(log[2], "timed out");
+  EXPECT_EQ(log[3], "refused");
+  EXPECT_TRUE(scope->IsEmpty());
+  EXPECT_FALSE(service.IsAwaited<PairChanged>() || service.IsAwaited<ConnectionChanged>() ||
+               service.IsAwaited<CallStatusChanged>());
+}
+
+/// Waits for what is named, in whichever service.
+Job WaitFor(std::string what, Service& service, std::vector<std::string>& log) {
+  const Local local(log);
+  if (what == "Request") {
+    co_await service.DialCall("110");
+  } else if (what == "Outcome") {
+    co_await SwitchPower(service, true);
+  } else if (what == "Sleep") {
+    co_await Sleep(service, 5ms);
+  } else {
+    co_await Next<PowerChanged>(service);
+  }
+  log.emplace_back("goes on");
+}
+
 /// What a coroutine may wait for, by turns.
 class WaitingTest : public CoroutineTest, public testing::WithParamInterface<const char*> {
  public:
-  WaitingTest() { service.WillAccept(&Service::DialCall); }
-
-  Job Wait() {
-    const Local local(log);
-    const std::string what = GetParam();
-    if (what == "Request") {
-      co_await service.DialCall("110");
-    } else if (what == "Sleep") {
-      co_await Sleep(service, 5ms);
-    } else {
-      co_await Next<PowerChanged>(service);
-    }
-    log.emplace_back("goes on");
+  WaitingTest() {
+    service.WillAccept(&Service::DialCall);
+    service.WillAccept(&Service::SetPower);
   }
+
+  Job Wait() { return WaitFor(GetParam(), service, log); }
   /// Waits, after it has done something that destroys its scope.
   Job Ruin(std::function<void()> what) {
     co_await Sleep(service, 0ms);
@@ -165,6 +212,8 @@ class WaitingTest : public CoroutineTest, public testing::WithParamInterface<con
     const Local local(log);
     if (kind == "Request") {
       co_await service.DialCall("110");
+    } else if (kind == "Outcome") {
+      co_await SwitchPower(service, true);
     } else if (kind == "Sleep") {
       co_await Sleep(service, 5ms);
     } else {
@@ -179,7 +228,7 @@ class WaitingTest : public CoroutineTest, public testing::WithParamInterface<con
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(For, WaitingTest, testing::Values("Request", "Sleep", "Next"),
+INSTANTIATE_TEST_SUITE_P(For, WaitingTest, testing::Values("Request", "Outcome", "Sleep", "Next"),
                          [](const auto& test) { return std::string(test.param); });
 
 TEST_P(WaitingTest, GoesOn) {
@@ -249,18 +298,8 @@ TEST_P(WaitingTest, MayDestroyItsScopeAndEnd) {
 TEST_P(WaitingTest, NeverGoesOnOnceTheServiceIsGone) {
   auto other = std::make_unique<FakeService>();
   other->WillAccept(&Service::DialCall);
-  [](FakeService& service, std::vector<std::string>& log, std::string what) -> Job {
-    const Local local(log);
-    if (what == "Request") {
-      co_await service.DialCall("110");
-    } else if (what == "Sleep") {
-      co_await Sleep(service, 5ms);
-    } else {
-      co_await Next<PowerChanged>(service);
-    }
-    log.emplace_back("goes on");
-  }(*other, log, GetParam())
-                                                                                   .StartIn(*scope);
+  other->WillAccept(&Service::SetPower);
+  WaitFor(GetParam(), *other, log).StartIn(*scope);
   other.reset();
   EXPECT_THAT(log, IsEmpty());
   EXPECT_FALSE(scope->IsEmpty());
@@ -274,6 +313,7 @@ TEST_P(WaitingTest, MayDestroyTheServiceAndStaysUntilItsScopeGoes) {
      std::string what) -> Job {
     const Local local(log);
     Request<> request = service->DialCall("110");
+    Outcome<PowerChanged> outcome = SwitchPower(*service, true);
     Sleep sleep(*service, 5ms);
     Next<PowerChanged> next(*service);
     co_await Sleep(*service, 0ms);
@@ -281,6 +321,8 @@ TEST_P(WaitingTest, MayDestroyTheServiceAndStaysUntilItsScopeGoes) {
     log.emplace_back("ruined");
     if (what == "Request") {
       co_await std::move(request);
+    } else if (what == "Outcome") {
+      co_await std::move(outcome);
     } else if (what == "Sleep") {
       co_await std::move(sleep);
     } else {
@@ -411,6 +453,24 @@ TEST_F(CoroutineOnTheBusTest, AsksListensAndSleeps) {
     isDone = true;
   }(*this, isDone)
                                                        .StartIn(scope);
+  EXPECT_TRUE(bttest::RunUntil([&] { return isDone; }));
+}
+
+TEST_F(CoroutineOnTheBusTest, WaitsForAnOutcome) {
+  recorder.SetReply("SetPower", g_variant_new("(i)", 1));
+  bool isDone = false;
+  [](CoroutineOnTheBusTest& test, bool& isDone) -> Job {
+    const Answer<PowerChanged> power = co_await SwitchPower(test.service, true);
+    EXPECT_TRUE(power && power->status == BT_POWER_ON);
+    test.recorder.DieOn("SetPower");
+    const Answer<PowerChanged> dead = co_await SwitchPower(test.service, false);
+    EXPECT_TRUE(dead.Failed() && dead.Why().reason == Reason::ServiceGone);
+    isDone = true;
+  }(*this, isDone)
+                                                       .StartIn(scope);
+  ASSERT_TRUE(bttest::RunUntil([&] { return recorder.WaitForCalls(1, {}); }));
+  EXPECT_FALSE(isDone);
+  recorder.Emit("OnOpenBtStatusChanged", g_variant_new("(y)", BT_POWER_ON));
   EXPECT_TRUE(bttest::RunUntil([&] { return isDone; }));
 }
 

@@ -4,12 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include <btasync/Outcome.h>
 #include <btasync/testing/FakeService.h>
+
+#include "support/LogCapture.h"
 
 namespace {
 
@@ -100,6 +103,71 @@ TEST_F(OutcomeTest, IsRefusedByTheServiceOrByAnEventOfFailure) {
   EXPECT_THAT(Ends(), IsEmpty());
   Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_REJECTED_REMOTE, kAda});
   EXPECT_THAT(Ends(), ElementsAre("refused"));
+}
+
+TEST_F(OutcomeTest, HasTheEventOfAFailureWithItsReason) {
+  fake.WillAccept(&Service::Pair);
+  std::optional<Answer<PairChanged>> paired;
+  const auto pair = [&] {
+    PairDevice(fake, kAda).Then(scope, [&](const Answer<PairChanged>& answer) { paired.emplace(answer); });
+    fake.Settle();
+  };
+  pair();
+  Emit(PairChanged{BT_PAIR_PAIRING, BT_PAIR_REASON_NONE, kAda});
+  Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_AUTHENTICATION, kAda});
+  ASSERT_TRUE(paired && paired->Refused());
+  EXPECT_FALSE(paired->Accepted() || paired->Failed() || *paired);
+  ASSERT_NE(paired->RefusedBy(), nullptr);
+  EXPECT_EQ(paired->RefusedBy()->reason, BT_PAIR_REASON_AUTHENTICATION);
+  EXPECT_EQ(paired->ValueOr(PairChanged{BT_PAIR_PAIRED, BT_PAIR_REASON_NONE, kBen}).address, kBen)
+      << "the event is no value";
+
+  pair();
+  Emit(PairChanged{BT_PAIR_PAIRED, BT_PAIR_REASON_NONE, kAda});
+  ASSERT_TRUE(paired->Accepted());
+  EXPECT_EQ(paired->RefusedBy(), nullptr);
+
+  fake.WillHang(&Service::Pair);
+  pair();
+  Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_TIMEOUT, kAda});
+  fake.AnswerNow(&Service::Pair, Refusal());
+  fake.Settle();
+  ASSERT_TRUE(paired->Refused());
+  EXPECT_EQ(paired->RefusedBy(), nullptr) << "the event was about a pairing of somebody else";
+}
+
+TEST_F(OutcomeTest, OfTwoProfilesHasTheEventOfTheOneThatFailed) {
+  fake.WillAccept(&Service::Connect);
+  const auto connect = [&](const std::vector<std::pair<ProfileId, ConnStatus>>& events) {
+    std::optional<Answer<ConnectionChanged>> connected;
+    ConnectDevice(fake, kAda).Then(scope, [&](const Answer<ConnectionChanged>& answer) {
+      connected.emplace(answer);
+    });
+    fake.Settle();
+    for (const auto& [profile, status] : events) {
+      Emit(ConnectionChanged{kAda, profile, status});
+    }
+    fake.Advance(seconds(1));
+    const ConnectionChanged* const event = !connected              ? nullptr
+                                           : connected->Accepted() ? &**connected
+                                                                   : connected->RefusedBy();
+    return event == nullptr ? "none" : std::to_string(event->profile) + " " + std::to_string(event->status);
+  };
+  const auto text = [](ProfileId profile, ConnStatus status) {
+    return std::to_string(profile) + " " + std::to_string(status);
+  };
+  const ProfileId hfp = BT_PROFILE_HFP;
+  const ProfileId a2dp = BT_PROFILE_A2DP;
+  EXPECT_EQ(connect({{hfp, BT_CONN_FAILED}, {a2dp, BT_CONN_CONNECTED}}), text(hfp, BT_CONN_FAILED));
+  EXPECT_EQ(connect({{hfp, BT_CONN_CONNECTED}, {a2dp, BT_CONN_LINK_LOST}}), text(a2dp, BT_CONN_LINK_LOST));
+  EXPECT_EQ(connect({{hfp, BT_CONN_FAILED}, {a2dp, BT_CONN_DISCONNECTED}}), text(a2dp, BT_CONN_DISCONNECTED));
+  EXPECT_EQ(connect({{hfp, BT_CONN_FAILED},
+                     {hfp, BT_CONN_CONNECTING},
+                     {a2dp, BT_CONN_FAILED},
+                     {hfp, BT_CONN_CONNECTED}}),
+            text(a2dp, BT_CONN_FAILED))
+      << "the first profile has got over its failure";
+  EXPECT_EQ(connect({{hfp, BT_CONN_CONNECTED}, {a2dp, BT_CONN_CONNECTED}}), text(a2dp, BT_CONN_CONNECTED));
 }
 
 TEST_F(OutcomeTest, IsMatchedByTheArguments) {
@@ -333,6 +401,22 @@ TEST_F(OutcomeTest, MayBeginTheNextOneAtItsEnd) {
   EXPECT_THAT(Ends(), ElementsAre("accepted"));
 }
 
+TEST_F(OutcomeTest, AnExceptionOfWhatJudgesIsLoggedAndTheEventDoesNotCount) {
+  fake.WillAccept(&Service::SwitchCalls);
+  bttest::LogCapture log;
+  Note(Follow<CallsChanged>(fake, fake.SwitchCalls(BT_CALL_RELEASE_HELD), [](const CallsChanged& event) {
+    if (event.callCount == 0) {
+      throw std::runtime_error("a fault of the application");
+    }
+    return Verdict::Reached;
+  }));
+  Emit(CallsChanged{0});
+  EXPECT_THAT(Ends(), IsEmpty());
+  EXPECT_THAT(log.Complaints(), ElementsAre(HasSubstr("a fault of the application")));
+  Emit(CallsChanged{1});
+  EXPECT_THAT(Ends(), ElementsAre("accepted"));
+}
+
 TEST_F(OutcomeTest, MayBeOfOnesOwn) {
   fake.WillAccept(&Service::SwitchCalls);
   const auto swap = [&] {
@@ -348,9 +432,13 @@ TEST_F(OutcomeTest, MayBeOfOnesOwn) {
   EXPECT_THAT(Ends(), IsEmpty());
   Emit(CallActionChanged{BT_CALL_RELEASE_HELD, false});
   EXPECT_THAT(Ends(), ElementsAre("accepted"));
-  Note(swap());
+  bool isThere = false;
+  swap().Then(scope, [&](const Answer<CallActionChanged>& answer) {
+    isThere = answer.RefusedBy() != nullptr && answer.RefusedBy()->possible;
+  });
+  fake.Settle();
   Emit(CallActionChanged{BT_CALL_RELEASE_HELD, true});
-  EXPECT_THAT(Ends(), ElementsAre("refused"));
+  EXPECT_TRUE(isThere) << "it has the event of its failure";
 }
 
 }  // namespace

@@ -88,6 +88,23 @@ TEST_F(PairingScreenTest, EndsWhenTheUserSaysNo) {
   EXPECT_FALSE(screen->IsBusy());
 }
 
+TEST_F(PairingScreenTest, SaysWhyTheDeviceCannotBePaired) {
+  const auto pair = [this](PairFailedReson reason) {
+    fake.WillAccept(&Service::Pair).Emits(PairChanged{BT_PAIR_FAILED, reason, kAda}).Once();
+    screen->Pair(kAda);
+    fake.Settle();
+    return screen->Status();
+  };
+  EXPECT_EQ(pair(BT_PAIR_REASON_AUTHENTICATION), "the PIN is wrong");
+  EXPECT_EQ(pair(BT_PAIR_REASON_REJECTED_REMOTE), "it was refused on the device");
+  EXPECT_EQ(pair(BT_PAIR_REASON_UNREACHABLE), "the device does not answer");
+  EXPECT_EQ(pair(BT_PAIR_REASON_LIST_FULL), "the device cannot be paired");
+  fake.WillRefuse(&Service::Pair).Once();
+  screen->Pair(kAda);
+  fake.Settle();
+  EXPECT_EQ(screen->Status(), "the device cannot be paired");
+}
+
 TEST_F(PairingScreenTest, WithdrawsTheQuestionWhenNobodyAnswers) {
   screen->Pair(kAda);
   fake.Settle();
