@@ -27,8 +27,8 @@ class MirrorKeeper;
 /// A question that fails while the service is there is asked again after some seconds; its part is not fresh
 /// so long.
 ///
-/// Belongs to the thread of the service's loop. May outlive the service object: the state then changes no
-/// more.
+/// Belongs to the thread of the service's loop: what another one asks for is refused, and logged. May outlive
+/// the service object: the state then changes no more.
 class BTASYNC_API Mirror {
  public:
   /// Called by the loop, once a turn, with all parts that have changed since the last time. The state is
@@ -44,6 +44,7 @@ class BTASYNC_API Mirror {
   Mirror& operator=(const Mirror&) = delete;
   ~Mirror();
 
+  /// Of another thread than the loop's: an empty state.
   const State& Now() const;
   /// Wants further parts, from now on. Those that it has stay as they are.
   void Want(unsigned parts);

@@ -34,6 +34,11 @@ MirrorKeeper::MirrorKeeper(Service& service, unsigned parts, Mirror::Changed cha
   service.OnAvailability(m_scope, [this](Availability now) { OnAvailability(now); });
 }
 
+const State& MirrorKeeper::Now() const {
+  static const State nothing;
+  return m_backend->IsOwnThread("the state of a mirror") ? m_state : nothing;
+}
+
 void MirrorKeeper::OnAvailability(Availability now) {
   m_state.service = now;
   Note(PART_SERVICE);
@@ -71,6 +76,9 @@ void MirrorKeeper::AskForReport() {
 }
 
 void MirrorKeeper::Want(unsigned parts) {
+  if (!m_backend->IsOwnThread("parts of a mirror")) {
+    return;
+  }
   const bool isThere = m_state.service == Availability::Present;
   for (const auto& [part, make] : kParts) {
     if ((parts & part) == 0 || (m_wantedParts & part) != 0) {
@@ -88,7 +96,8 @@ void MirrorKeeper::Want(unsigned parts) {
 }
 
 void MirrorKeeper::Refresh(unsigned parts) {
-  if (m_state.service != Availability::Present || !m_backend->IsOpen()) {
+  if (!m_backend->IsOwnThread("parts of a mirror") || m_state.service != Availability::Present ||
+      !m_backend->IsOpen()) {
     return;
   }
   for (const auto& part : m_parts) {

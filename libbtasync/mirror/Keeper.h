@@ -60,7 +60,8 @@ class MirrorKeeper {
  public:
   MirrorKeeper(Service& service, unsigned parts, Mirror::Changed changed);
 
-  const State& Now() const { return m_state; }
+  /// Of another thread than the loop's: a state of nothing.
+  const State& Now() const;
   /// For the parts.
   State& Own() { return m_state; }
   void Want(unsigned parts);

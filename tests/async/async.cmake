@@ -13,11 +13,17 @@ bt_add_test(NAME async_test
   LIBS btasync_testing btasync
   LABELS async
   SEPARATE)
+# What decides about outcomes is no part of the library's face, and is compiled in.
+bt_add_test(NAME async_witness
+  SOURCES outcome_witness_test.cpp ${CMAKE_SOURCE_DIR}/libbtasync/OutcomeJudge.cpp
+  LIBS btasync
+  LABELS async)
 bt_add_test(NAME async_corpus
   SOURCES lists_corpus_test.cpp ../fuzz/Expectation.cpp ../fuzz/GuardedMemory.cpp ../fuzz/Records.cpp
   LIBS btasync
   LABELS async fuzz)
 target_compile_definitions(async_corpus PRIVATE BTTEST_LIST_CORPUS="${CMAKE_SOURCE_DIR}/tests/fuzz/corpus/lists")
+bt_add_test(NAME async_thread SOURCES lists_thread_test.cpp LIBS btasync ${CMAKE_DL_LIBS} LABELS async)
 # The lists that a thread of GLib's decodes. It is run under ThreadSanitizer too.
 bt_add_test(NAME async_race
   SOURCES lists_race_test.cpp ../system/tsan_options.cpp

@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
 """Compares the interface description with libbtasync: each method is called by exactly one member of Service, the one
-that the header names, and each signal becomes exactly one structure of Events.h.
+that the header names, and each signal becomes exactly one structure of Events.h. No two requests have the same name.
 
 Usage: coverage_test.py SOURCE_DIR
 """
 
 import collections
+import pathlib
+import re
 import sys
 
 import sources
@@ -44,6 +46,18 @@ def check_methods(source_dir):
             yield f"{name} is called by more than one member: {', '.join(users[name])}"
 
 
+def check_names(source_dir):
+    """FakeService tells requests apart by their names: those of service calls, and of lists the members'."""
+    names = sources.methods(source_dir)
+    for file in sorted(pathlib.Path(source_dir, "libbtasync").glob("Service*.cpp")):
+        plans = re.findall(r"^constexpr \w+PlanOf<[^;]*?>\s+k(\w+)\(\s*\"(\w+)\"", file.read_text(), re.M)
+        yield from (f"{file.name}: the plan k{plan} is named {name}" for plan, name in plans if name != plan)
+        names += [name for _, name in plans]
+    missing = sorted(set(sources.LISTS) - set(names))
+    yield from (f"no plan is named {name}" for name in missing)
+    yield from (f"{count} requests are named {name}" for name, count in collections.Counter(names).items() if count > 1)
+
+
 def check_signals(source_dir):
     signals = sources.signals(source_dir)
     structures = sources.structures(source_dir)
@@ -70,7 +84,7 @@ def check_signals(source_dir):
 
 def main():
     source_dir = sys.argv[1]
-    faults = list(check_methods(source_dir)) + list(check_signals(source_dir))
+    faults = [*check_methods(source_dir), *check_names(source_dir), *check_signals(source_dir)]
     for fault in faults:
         print(fault)
     methods, signals = sources.methods(source_dir), sources.signals(source_dir)

@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/LogCapture.h"
+
 namespace {
 
 using namespace btasync;
@@ -399,10 +401,42 @@ TEST_F(MirrorTest, KeepsThePairingAndItsQuestion) {
   fake.Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_BUSY, kOther});
   fake.Settle();
   EXPECT_TRUE(mirror->Now().pairing.question) << "another device's pairing";
+  EXPECT_FALSE(mirror->Now().pairing.failed);
   fake.Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_TIMEOUT, kPhone});
   fake.Settle();
   EXPECT_FALSE(mirror->Now().pairing.question);
   EXPECT_FALSE(mirror->Now().pairing.underWay);
+}
+
+TEST_F(MirrorTest, KeepsWhyAPairingFailedUntilTheNextOneBeginsOrTheServiceGoes) {
+  const auto mirror = Settled(PART_PAIRING);
+  const auto& failed = mirror->Now().pairing.failed;
+  const auto fail = [&] {
+    fake.Emit(PairChanged{BT_PAIR_PAIRING, BT_PAIR_REASON_NONE, kPhone});
+    fake.Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_REJECTED_REMOTE, kPhone});
+    fake.Settle();
+    ASSERT_TRUE(failed);
+    EXPECT_EQ(failed->reason, BT_PAIR_REASON_REJECTED_REMOTE);
+    EXPECT_EQ(failed->address, kPhone);
+  };
+  ASSERT_NO_FATAL_FAILURE(fail());
+  fake.Emit(PairChanged{BT_PAIR_PAIRING, BT_PAIR_REASON_NONE, kOther});
+  fake.Settle();
+  EXPECT_FALSE(failed);
+  fake.Emit(PairChanged{BT_PAIR_PAIRED, BT_PAIR_REASON_NONE, kOther});
+  ASSERT_NO_FATAL_FAILURE(fail());
+  fake.Emit(PairRequested{kOther, "123456", false, BT_PAIR_REQUEST_CONFIRMATION});
+  fake.Settle();
+  EXPECT_FALSE(failed) << "a device asks to be paired";
+  fake.Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_TIMEOUT, kOther});
+  ASSERT_NO_FATAL_FAILURE(fail());
+  fake.Emit(PairChanged{BT_PAIR_PAIRED, BT_PAIR_REASON_NONE, kOther});
+  fake.Settle();
+  EXPECT_FALSE(failed) << "whose beginning was not seen";
+  ASSERT_NO_FATAL_FAILURE(fail());
+  fake.SetAvailability(Availability::Absent);
+  fake.Settle();
+  EXPECT_FALSE(failed);
 }
 
 TEST_F(MirrorTest, FollowsTheCalls) {
@@ -537,6 +571,23 @@ TEST_F(MirrorTest, MayBeDestroyedByWhatItCalls) {
   mirror = std::make_unique<Mirror>(fake, kAllParts, [&](const State&, unsigned) { mirror.reset(); });
   fake.Settle();
   EXPECT_EQ(mirror, nullptr);
+}
+
+TEST_F(MirrorTest, AnExceptionOfWhatItCallsIsLoggedAndItGoesOn) {
+  bttest::LogCapture log;
+  int calls = 0;
+  Mirror mirror(fake, PART_ADAPTER, [&](const State&, unsigned) {
+    ++calls;
+    throw std::runtime_error("a fault of the application");
+  });
+  fake.Settle();
+  const int before = calls;
+  EXPECT_GE(before, 1);
+  fake.Emit(PowerChanged{BT_POWER_OFF});
+  EXPECT_NO_THROW(fake.Settle());
+  EXPECT_EQ(calls, before + 1);
+  EXPECT_EQ(mirror.Now().adapter.power, BT_POWER_OFF);
+  EXPECT_THAT(log.Complaints(), AllOf(SizeIs(calls), Each(testing::HasSubstr("a fault of the application"))));
 }
 
 TEST_F(MirrorTest, TellsNothingOnceItIsGone) {

@@ -25,34 +25,66 @@ const Address kAda{"00:1A:7D:DA:71:13"};
 
 bool IsNumber(const std::string& type) { return type == "y" || type == "b" || type == "i"; }
 
-TEST(OutcomeTable, FitsTheInterface) {
-  for (const RequestOutcome& outcome : outcomes::kAll) {
-    SCOPED_TRACE(outcome.method);
-    const bttest::Arguments arguments = BluetoothInterface().Method(outcome.method).in;
-    const bttest::Arguments values = BluetoothInterface().Signal(outcome.signal).arguments;
-    if (outcome.ifFirstIs != kAnyFirst) {
-      ASSERT_FALSE(arguments.empty());
-      EXPECT_TRUE(IsNumber(arguments[0].signature));
-    }
-    for (const OutcomeConditions* conditions : {&outcome.ours, &outcome.success, &outcome.failure}) {
-      for (const OutcomeCondition& condition : *conditions) {
-        ASSERT_LT(condition.place, values.size());
-        const std::string& type = values[condition.place].signature;
-        if (condition.kind == OutcomeCondition::Kind::VALUE) {
-          EXPECT_TRUE(IsNumber(type)) << type;
-          EXPECT_TRUE(type != "b" || condition.value == 0 || condition.value == 1);
-          continue;
+/// What of a row cannot be, by the interface description.
+std::vector<std::string> FaultsIn(const RequestOutcome& outcome) {
+  const bttest::Arguments arguments = BluetoothInterface().Method(outcome.method).in;
+  const bttest::Arguments values = BluetoothInterface().Signal(outcome.signal).arguments;
+  std::vector<std::string> faults;
+  if (outcome.ifFirstIs != kAnyFirst && (arguments.empty() || !IsNumber(arguments[0].signature))) {
+    faults.emplace_back("the first argument is no number");
+  }
+  for (const OutcomeConditions* conditions : {&outcome.ours, &outcome.success, &outcome.failure}) {
+    for (const OutcomeCondition& condition : *conditions) {
+      if (condition.place >= values.size()) {
+        faults.emplace_back("the signal has no such value");
+        continue;
+      }
+      const std::string& type = values[condition.place].signature;
+      if (condition.kind == OutcomeCondition::Kind::VALUE) {
+        if (!IsNumber(type)) {
+          faults.push_back("a number is compared with " + type);
+        } else if (type == "b" && condition.value != 0 && condition.value != 1) {
+          faults.emplace_back("a boolean is neither 0 nor 1");
         }
-        ASSERT_LT(condition.argument, arguments.size());
-        const std::string& argument = arguments[condition.argument].signature;
-        EXPECT_TRUE(type == argument || (IsNumber(type) && IsNumber(argument)))
-            << type << " and " << argument;
-        if (condition.kind == OutcomeCondition::Kind::PROFILE) {
-          EXPECT_EQ(type, "y");
-        }
+        continue;
+      }
+      if (condition.argument >= arguments.size()) {
+        faults.emplace_back("the request has no such argument");
+        continue;
+      }
+      const std::string& argument = arguments[condition.argument].signature;
+      if (type != argument && !(IsNumber(type) && IsNumber(argument))) {
+        faults.push_back(type + " is compared with " + argument);
+      }
+      if (condition.kind == OutcomeCondition::Kind::PROFILE && type != "y") {
+        faults.push_back("a profile is no " + type);
       }
     }
   }
+  return faults;
+}
+
+TEST(OutcomeTable, FitsTheInterface) {
+  for (const RequestOutcome& outcome : outcomes::kAll) {
+    EXPECT_THAT(FaultsIn(outcome), IsEmpty()) << outcome.method;
+  }
+}
+
+TEST(OutcomeTable, WouldNotFitTheInterfaceWithAWrongRow) {
+  using namespace outcomes;
+  const auto expect = [](const RequestOutcome& wrong, const std::string& fault) {
+    EXPECT_THAT(FaultsIn(wrong), testing::ElementsAre(fault)) << wrong.method;
+  };
+  expect({"DialCall", 1, "OnCallStatusChanged", {}, {}, {}}, "the first argument is no number");
+  expect({"RedialCall", 0, "OnCallStatusChanged", {}, {}, {}}, "the first argument is no number");
+  expect({"Pair", kAnyFirst, "OnPairStatusChanged", {}, {Is(3, 0)}, {}}, "the signal has no such value");
+  expect({"Pair", kAnyFirst, "OnPairStatusChanged", {}, {}, {Is(2, 0)}}, "a number is compared with s");
+  expect({"ClearContact", kAnyFirst, "OnDeletePhoneBookChanged", {}, {Is(0, 2)}, {}},
+         "a boolean is neither 0 nor 1");
+  expect({"Pair", kAnyFirst, "OnPairStatusChanged", {IsArgument(2, 2)}, {}, {}},
+         "the request has no such argument");
+  expect({"Pair", kAnyFirst, "OnPairStatusChanged", {IsArgument(0, 0)}, {}, {}}, "y is compared with s");
+  expect({"Connect", kAnyFirst, "OnConnectStatusChanged", {IsProfile(0, 0)}, {}, {}}, "a profile is no s");
 }
 
 TEST(OutcomeTable, HasEachRequestOnce) {

@@ -3,6 +3,7 @@
 #include <memory>
 #include <thread>
 
+#include <btasync/Mirror.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -88,6 +89,7 @@ TEST_F(ThreadsTest, TheEndOfAScopeAfterWhichNothingOfItRuns) {
   service->On<PowerChanged>(*scope, [captured](const PowerChanged&) { ADD_FAILURE(); });
   service->OnAvailability(*scope, [captured](Availability) { ADD_FAILURE(); });
   Refuses([this] { scope.reset(); });
+  Settle();  // the bus knows by now what was subscribed
   recorder.Emit("OnOpenBtStatusChanged", g_variant_new("(y)", BT_POWER_ON));
   Settle();
   RunPending();
@@ -130,6 +132,19 @@ TEST_F(ThreadsTest, Timers) {
   other->Start(0ms, [] { ADD_FAILURE(); });
   Refuses([&] { other.reset(); });
   Settle();
+}
+
+TEST_F(ThreadsTest, Mirrors) {
+  recorder.SetReply("GetPowerStatus", g_variant_new("(y)", BT_POWER_ON));
+  Mirror mirror(*service, PART_ADAPTER, [](const State&, unsigned) {});
+  ASSERT_TRUE(RunUntil([&] { return mirror.Now().adapter.power == BT_POWER_ON; }));
+  Settle();
+  recorder.TakeCalls();
+  Refuses([&] { EXPECT_EQ(mirror.Now().adapter.power, BT_POWER_OFF); });
+  Refuses([&] { mirror.Want(PART_MUSIC); });
+  Refuses([&] { mirror.Refresh(PART_ADAPTER); });
+  Settle();
+  EXPECT_THAT(recorder.TakeCallTexts(), ElementsAre("GetPowerStatus()")) << "but what has settled it";
 }
 
 TEST_F(ThreadsTest, AScopeThatHoldsWhatBelongsToAnotherLoop) {
