@@ -38,6 +38,7 @@ ROOMS = {
     "service/simulation": "glib protocol platform service/app service/phonebook service/reports service/stack "
                           "service/time",
     "tools/btctl": "include/bluetooth glib protocol",
+    "tools/btctl/composed/Devices": "include/bluetooth include/btasync tools/btctl",  # what libbt does not have
     "examples": "include/bluetooth include/btasync",
     "examples/power_only_service": "include/bluetooth service/app",  # no application, but a stack
     "bench": "include/bluetooth include/btasync glib protocol ipc service/frontend/segments service/phonebook",

@@ -33,7 +33,7 @@ const std::vector<CommandRow>& CommandRows() {
       {{"auto-connect", "on"}, {"SetAutoConnect(true,)"}},
       {{"profiles", "enable"}, {"EnableProfile()"}},
       {{"profiles", "disable", kPhone}, {"DisableProfile('00:1A:7D:DA:71:13',)"}},
-      {{"devices", "list", "--seconds", "0"}, {"GetBluetoothServiceStatus()"}},
+      {{"devices", "list"}, {"GetBluetoothServiceStatus()", "GetPowerStatus()"}},
       {{"devices", "name", kPhone}, {"GetRemotePairDeviceName('00:1A:7D:DA:71:13',)"}},
       {{"devices", "delete", kPhone}, {"DeletePairDevice('00:1A:7D:DA:71:13', true)"}},
       {{"devices", "delete-all"}, {"DeletePairDeviceList()"}},

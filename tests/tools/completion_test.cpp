@@ -68,6 +68,7 @@ TEST_F(Completion, OfEventsGoesOn) {
 TEST_F(Completion, OffersACommandThatIsAGroupAsWell) {
   EXPECT_THAT(Of({"scan"}, ""), ElementsAre("clear", "start", "stop"));
   EXPECT_THAT(Of({"scan"}, "--s"), ElementsAre("--seconds"));
+  EXPECT_THAT(Of({"devices", "list"}, "--s"), ElementsAre("--scan"));
 }
 
 TEST_F(Completion, OfTheSimulationOffersItsControlsAndThenAddresses) {

@@ -154,7 +154,7 @@ TEST_F(ARefusal, InTheShellDoesNotShowTheQuestionsThatItTakes) {
   EXPECT_TRUE(terminal.WaitFor("'connect ADDRESS' connects a paired device.")) << terminal.Screen();
   ASSERT_TRUE(terminal.WaitFor("btctl> "));
   terminal.Type("devices list\n");
-  ASSERT_TRUE(terminal.WaitFor("nothing to list")) << terminal.Screen();
+  ASSERT_TRUE(terminal.WaitFor("Ada's phone")) << terminal.Screen();
   EXPECT_THAT(terminal.Screen(), Not(HasSubstr("OnBtCapabilityChanged")));
 }
 

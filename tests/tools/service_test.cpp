@@ -1,6 +1,7 @@
 // btctl and the simulated service: from switching on to a call and the phone book, and all of it broken.
 
 #include <csignal>
+#include <map>
 
 #include <gmock/gmock.h>
 
@@ -21,6 +22,41 @@ TEST_F(WithSimulation, SwitchesPairsAndConnects) {
   EXPECT_THAT(Output({"devices", "list"}), HasSubstr(kPhone));
   EXPECT_EQ(Output({"disconnect", kPhone, "--profile", "hfp"}), std::string(kPhone) + " hfp disconnected\n");
   EXPECT_EQ(Output({"power", "off"}), "off\n");
+}
+
+TEST_F(WithSimulation, ListsDevicesThatArePairedConnectedOrFound) {
+  Start(Quiet("two-phones"));
+  Output({"capability", "set", "auto-connect", "off"});
+  Output({"power", "off"});
+  Output({"power", "on"});
+  Output({"connect", kPhone, "--profile", "hfp"});
+  const auto known = [&](const Words& words) {
+    std::map<std::string, Json> devices;
+    for (Json& device : RunBtctl(words).Objects()) {
+      std::string address = device["address"];
+      devices[std::move(address)] = std::move(device);
+    }
+    return devices;
+  };
+  auto devices = known({"devices", "list", "--json"});
+  ASSERT_EQ(devices.size(), 2U);
+  EXPECT_EQ(devices[kPhone]["name"], "Ada's phone");
+  EXPECT_TRUE(devices[kPhone]["paired"] && devices[kPhone]["connected"] && !devices[kPhone]["found"]);
+  EXPECT_THAT(devices[kPhone]["profiles"].dump(), HasSubstr("\"hfp\""));
+  const std::string other = "00:1A:7D:DA:71:14";
+  EXPECT_TRUE(devices[other]["paired"] && !devices[other]["connected"]);
+
+  Output({"devices", "delete", other});
+  EXPECT_EQ(known({"devices", "list", "--json"}).count(other), 0U);
+  ASSERT_TRUE(WaitUntil([&] {
+    devices = known({"devices", "list", "--scan", "0.5", "--json"});
+    return devices.count(other) == 1;
+  }));
+  EXPECT_TRUE(devices[other]["found"] && !devices[other]["paired"]);
+  EXPECT_TRUE(devices[kPhone]["connected"]);
+  EXPECT_EQ(RunBtctl({"scan", "stop"}).code, 1) << "the search has ended with the command";
+  Output({"power", "off"});
+  EXPECT_EQ(RunBtctl({"devices", "list", "--scan", "1", "--json"}).Error()["cause"], "adapter-off");
 }
 
 TEST_F(WithSimulation, DownloadsAndShowsThePhoneBookAndDialsAContactByName) {

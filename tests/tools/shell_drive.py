@@ -29,7 +29,7 @@ ANSWERS_WITHIN = 15  # seconds
 
 LINES = [
     "power status", "status", "call dial 110", "call hangup", "call accept", "call list", "contacts count",
-    "contacts list --json", "contacts list", "call dial 'ada arndt'", "devices list --seconds 0", "sim list-devices",
+    "contacts list --json", "contacts list", "call dial 'ada arndt'", "devices list", "devices list --scan 0.1", "sim list-devices",
     "sim get-time --json", "words Call", "help", "? call", "help watch", "watch off", "watch on", "watch", "clear",
     "--version", "monitor --seconds 0.02", "capability list", "attribute list --json", "music info", "music next",
     "call redial --verbose", "wait OnScanStatusChanged --timeout 0.05", "scan --seconds 0.02", "scan stop",

@@ -15,8 +15,8 @@ bt_add_test(NAME tools_parts_test
   LIBS bt_tools_support)
 
 bt_add_test(NAME tools_btctl_test
-  SOURCES bad_worlds_test.cpp command_rows.cpp commands_test.cpp coverage_test.cpp derived_rows.cpp json_test.cpp
-          outcome_test.cpp
+  SOURCES bad_worlds_test.cpp command_rows.cpp commands_test.cpp coverage_test.cpp derived_rows.cpp devices_test.cpp
+          json_test.cpp outcome_test.cpp
   LIBS bt_tools_support)
 target_compile_definitions(tools_btctl_test PRIVATE BT_PUBLIC_HEADERS="${CMAKE_SOURCE_DIR}/include/bluetooth")
 

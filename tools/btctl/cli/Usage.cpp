@@ -19,6 +19,9 @@ std::string NameOfValue(const Argument& option) {
   if (option.name == "--match") {
     return "NAME=VALUE";
   }
+  if (option.name == "--scan") {
+    return "SECONDS";
+  }
   std::string name = option.Thing();
   std::transform(name.begin(), name.end(), name.begin(), g_ascii_toupper);
   return name;

@@ -18,7 +18,7 @@ std::vector<Command> MakeAll() {
   std::vector<Command> all;
   all.reserve(200);
   for (const auto commands :
-       {OverviewCommands, PowerCommands, ScanCommands, PairCommands, DownloadCommands}) {
+       {OverviewCommands, DeviceCommands, PowerCommands, ScanCommands, PairCommands, DownloadCommands}) {
     Append(all, commands());
   }
   for (const auto requests :

@@ -12,6 +12,7 @@ std::vector<Command> PowerCommands();
 std::vector<Command> PairCommands();
 std::vector<Command> ScanCommands();
 std::vector<Command> OverviewCommands();
+std::vector<Command> DeviceCommands();
 std::vector<Command> DownloadCommands();
 std::vector<Command> EventCommands();
 std::vector<Command> ReferenceCommands();

@@ -16,9 +16,6 @@ namespace {
 using namespace MWPBtType;
 using namespace arg;
 
-/// For how long the service's report is listened to. It has no end that could be seen.
-Argument ReportTime() { return Or(Text("--seconds", "how long to listen to the report"), "0.5"); }
-
 std::string AttributeOf(Context& context, Attribute attribute) {
   const Reply reply = MakeRequest(context.session, Value(), CallOf([attribute] {
                                     std::string value;
@@ -60,33 +57,14 @@ void ShowStatus(Context& context, const Given&) {
                              {"player", ConnectionOf(context, player)}});
 }
 
-/// Asks the service to report its state as events, and passes these on as they arrive.
-void ListenToReport(Context& context, const std::string& seconds, const EventSink& sink) {
-  const EventHub::OwnQuestion own(context.session.Events());
-  const EventHub::Subscription events(context.session.Events(), sink);
-  MakeRequest(context.session, Nothing(), CallOf([] { MWPBtCom().GetBluetoothServiceStatus(); }));
-  const auto atMost = MillisecondsOf(seconds);
-  context.session.WaitUntil([] { return false; }, atMost);
-}
-
+/// Asks the service to report its state as events, and shows these as they arrive.
 void ShowReport(Context& context, const Given& given) {
-  ListenToReport(context, given[0], [&](const Event& event) { context.output.ShowEvent(event); });
-}
-
-/// The library has no list of devices, but the report names each profile that is connected.
-void ListDevices(Context& context, const Given& given) {
-  std::map<std::string, Json> profiles;
-  ListenToReport(context, given[0], [&](const Event& event) {
-    if (event.Name() == "OnConnectStatusChanged" && event.Has("status", "connected")) {
-      profiles[event.Value("address").shown].push_back(event.Value("profile").shown);
-    }
-  });
-  Json devices = Json::array();
-  for (const auto& [address, connected] : profiles) {
-    devices.push_back(
-        {{"address", address}, {"name", NameOfDevice(context, address)}, {"profiles", connected}});
-  }
-  context.output.ShowList("device", devices);
+  const EventHub::OwnQuestion own(context.session.Events());
+  const EventHub::Subscription events(context.session.Events(),
+                                      [&](const Event& event) { context.output.ShowEvent(event); });
+  MakeRequest(context.session, Nothing(), CallOf([] { MWPBtCom().GetBluetoothServiceStatus(); }));
+  const auto atMost = MillisecondsOf(given[0]);
+  context.session.WaitUntil([] { return false; }, atMost);
 }
 
 void ListCapabilities(Context& context, const Given&) {
@@ -117,17 +95,11 @@ std::vector<Command> OverviewCommands() {
       {"status", "Show an overview", {}, {}, Patience::A_WHILE, ShowStatus},
       {"report",
        "Ask the service to report its state as events",
-       {ReportTime()},
+       {Or(Text("--seconds", "how long to listen to the report"), "0.5")},
        {"MWPBtCom::GetBluetoothServiceStatus"},
        Patience::A_WHILE,
        ShowReport,
        true},
-      {"devices list",
-       "Show the devices that are connected",
-       {ReportTime()},
-       {},
-       Patience::A_WHILE,
-       ListDevices},
       {"capability list", "Show all capabilities", {}, {}, Patience::A_WHILE, ListCapabilities},
       {"attribute list", "Show all attributes of the adapter", {}, {}, Patience::A_WHILE, ListAttributes},
   };

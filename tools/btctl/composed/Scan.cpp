@@ -3,6 +3,7 @@
 #include "btctl/base/Failure.h"
 #include "btctl/commands/MakeRequest.h"
 #include "btctl/composed/Composed.h"
+#include "btctl/composed/Search.h"
 
 namespace btctl {
 namespace {
@@ -13,14 +14,21 @@ void EndScan(Context& context) {
   MakeRequest(context.session, Value(), CallOf([] { return MWPBtCom().SetScanAction(0); }));
 }
 
-/// Searches, and shows the events that come meanwhile. None of them names the devices that are found.
+/// Shows the events that come meanwhile. None of them names the devices that are found.
 void Scan(Context& context, const Given& given) {
-  const auto atMost = MillisecondsOf(given[0]);
-  bool hasEnded = false;
-  const EventHub::Subscription events(context.session.Events(), [&](const Event& event) {
+  SearchFor(context, MillisecondsOf(given[0]), [&](const Event& event) {
     if (!context.session.Events().HasOwnQuestion()) {
       context.output.ShowEvent(event);
     }
+  });
+}
+
+}  // namespace
+
+void SearchFor(Context& context, std::chrono::milliseconds atMost, const EventSink& sink) {
+  bool hasEnded = false;
+  const EventHub::Subscription events(context.session.Events(), [&](const Event& event) {
+    sink(event);
     hasEnded = event.Name() == "OnScanStatusChanged" && event.Has("status", "idle");
   });
   try {  // from the request on: it may have reached the service although its answer has not come
@@ -38,8 +46,6 @@ void Scan(Context& context, const Given& given) {
     throw;
   }
 }
-
-}  // namespace
 
 std::vector<Command> ScanCommands() {
   Command command;
