@@ -105,6 +105,6 @@ def special_block_of(element):
     if element.tag == "itemizedlist":
         return "list", [text_of(item) for item in element.findall("listitem")]
     if element.tag == "simplesect":
-        return "terms", [("Returns", text_of(element))]
+        return "text", f"Returns {text_of(element)}."
     return "terms", [(text_of(item.find("parameternamelist")), text_of(item.find("parameterdescription")))
                      for item in element.findall("parameteritem")]

@@ -15,12 +15,18 @@ class MWP_BT_API IMWPBtMessageListener : public IMWPBtListenerBase {
   ~IMWPBtMessageListener() override;
 
   /// A download began, ended or failed.
+  /// @param status the new status
   virtual void OnMessageDownloadStatus(MWPBtType::MsgLoadStatus status);
   /// Progress of a download, in messages.
+  /// @param current messages that have come
+  /// @param total messages in all
   virtual void OnMessageDownloadCountChanged(int current, int total);
   /// Something happened to the message with this handle.
+  /// @param status what happened
+  /// @param handle of the message
   virtual void OnMessageStatusNotify(MWPBtType::MsgStatus status, std::string handle);
   /// Outcome of a change of a message's properties.
+  /// @param status the outcome
   virtual void OnMessageSetPropertyStatus(MWPBtType::SetMsgProStatus status);
 };
 

@@ -13,14 +13,21 @@ class MWP_BT_API IMWPBtPbapListener : public IMWPBtListenerBase {
   ~IMWPBtPbapListener() override;
 
   /// A download began, ended or failed.
+  /// @param status the new status
+  /// @param type what is downloaded
   virtual void OnPBDownloadStatus(MWPBtType::PbapStatus status, MWPBtType::PbapType type);
   /// Progress of a download, in entries.
+  /// @param current entries that have come
+  /// @param total entries in all
   virtual void OnPbDownloadCountChanged(int current, int total);
   /// The call logs changed: read them with MWPBtPbap::GetCallLogList.
   virtual void OnBtCallLogListChanged();
   /// Outcome (1 or 0) of a deletion in the phone book.
+  /// @param success 1 for success, 0 for failure
   virtual void OnDeletePhoneBookChanged(int success);
   /// A contact became a favourite (1) or ceased to be one (0).
+  /// @param contactId MWPTypeContact::nContactId
+  /// @param favorite 1 or 0
   virtual void OnContactFavoriteChanged(int contactId, int favorite);
 };
 

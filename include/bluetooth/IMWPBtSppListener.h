@@ -15,12 +15,21 @@ class MWP_BT_API IMWPBtSppListener : public IMWPBtListenerBase {
   ~IMWPBtSppListener() override;
 
   /// A serial channel was opened (1) or closed (0).
+  /// @param address Bluetooth address of the device
+  /// @param type what the channel is for
+  /// @param connected 1 or 0
   virtual void OnSppConnectStatus(const std::string& address, MWPBtType::SupportType type, int connected);
   /// Bytes arrived. The buffer is valid only during the call: copy what is to be kept.
+  /// @param address Bluetooth address of the device
+  /// @param buffer the bytes, which may hold zeros; property of the library
+  /// @param length number of bytes
   virtual void OnSppReceiveBufferChanged(const std::string& address, char* buffer, int length);
   /// Outcome (1 or 0) of MWPBtSpp::SetHIDCalibration.
+  /// @param success 1 for success, 0 for failure
   virtual void OnHIDCalibration(int success);
   /// The HID link to a device changed; an MWPBtType::ConnStatus.
+  /// @param address Bluetooth address of the device
+  /// @param status the new status
   virtual void OnHIDConnection(std::string address, int status);
 };
 

@@ -19,10 +19,10 @@ struct MWPTypeDevice {
   std::string strAddr;                    ///< Bluetooth address
   std::string strName;                    ///< the name the device gives itself
   std::vector<std::string> vecExtraInfo;  ///< free for the application; the library leaves it empty
-  MWPBtType::SupportType eSupportType = MWPBtType::BT_SUPPORT_NONE;
-  MWPBtType::ProfileId eProfileId = MWPBtType::BT_PROFILE_NONE;            ///< connected profiles
+  MWPBtType::SupportType eSupportType = MWPBtType::BT_SUPPORT_NONE;  ///< what it supports beyond the profiles
+  MWPBtType::ProfileId eProfileId = MWPBtType::BT_PROFILE_NONE;      ///< connected profiles
   MWPBtType::ProfileId eEnableProfileId = MWPBtType::BT_PROFILE_HFP_A2DP;  ///< profiles it may connect
-  MWPBtType::ConnStatus eConnectStatus = MWPBtType::BT_CONN_DISCONNECTED;
+  MWPBtType::ConnStatus eConnectStatus = MWPBtType::BT_CONN_DISCONNECTED;  ///< state of the connection
 };
 
 /// The telephone numbers of one kind in a contact.
@@ -36,7 +36,7 @@ struct MWPTypeContact {
   int nContactId = -1;   ///< the id that MWPBtPbap::DeleteContactById and SetContactFavorite take
   std::string strText1;  ///< btservice: first name
   std::string strText2;  ///< btservice: family name
-  std::list<MWPTypeContactNumber> listNumbers;
+  std::list<MWPTypeContactNumber> listNumbers;  ///< its numbers, by their kind
 };
 
 /// One entry of a call log.
@@ -66,27 +66,27 @@ struct MWPTypeCallSlot {
 /// The current calls. Both slots are read, whatever nCallCount says. btservice puts the active call first,
 /// and counts in nCallCount also a third call, for which there is no slot.
 struct MWPTypeCallInfo {
-  int nCallCount = 0;
-  MWPTypeCallSlot callSlot1;
-  MWPTypeCallSlot callSlot2;
+  int nCallCount = 0;         ///< number of calls; may be above 2
+  MWPTypeCallSlot callSlot1;  ///< the first call
+  MWPTypeCallSlot callSlot2;  ///< the second call
 };
 
 /// The track being played. Everything is text as the player sent it; duration is in milliseconds.
 struct MWPTypeMediaInfo {
-  std::string title;
-  std::string artist;
-  std::string album;
+  std::string title;        ///< name of the track
+  std::string artist;       ///< who plays
+  std::string album;        ///< name of the album
   std::string track;        ///< number of the track
   std::string numOfTracks;  ///< tracks in the album or queue
-  std::string genre;
-  std::string duration;
+  std::string genre;        ///< as the player names it
+  std::string duration;     ///< milliseconds, as decimal text
 };
 
 /// A player setting and its value, each within one byte; the AVRCP attribute and value ids (attribute 1
 /// equaliser, 2 repeat, 3 shuffle, 4 scan).
 struct MWPTypePlayMode {
-  int nType = 0;
-  int nValue = 0;
+  int nType = 0;   ///< AVRCP attribute id
+  int nValue = 0;  ///< AVRCP value id
 };
 
 /// Connection state of the phone or of the player.
@@ -97,14 +97,14 @@ struct MWPTypeConnectionState {
 
 /// A message. No service fills one in: MWPBtMessage only returns default records.
 struct MWPTypeMessage {
-  std::string strText1;
-  int nValue1 = 3;
-  std::string strText2;
-  std::string strText3;
-  std::string strText4;
-  std::string strText5;
-  std::string strText6;
-  int nValue2 = 1;
+  std::string strText1;  ///< not filled in
+  int nValue1 = 3;       ///< not filled in
+  std::string strText2;  ///< not filled in
+  std::string strText3;  ///< not filled in
+  std::string strText4;  ///< not filled in
+  std::string strText5;  ///< not filled in
+  std::string strText6;  ///< not filled in
+  int nValue2 = 1;       ///< not filled in
 };
 
 /// A folder or track found while browsing the player.
@@ -117,24 +117,24 @@ struct MWPTypeMediaItem {
 
 /// A device found by a search.
 struct MWPTypeScanDevice {
-  std::string strAddr;
-  std::string strName;
-  MWPBtType::SupportType eSupportType = MWPBtType::BT_SUPPORT_NONE;
+  std::string strAddr;                                               ///< Bluetooth address
+  std::string strName;                                               ///< the name the device gives itself
+  MWPBtType::SupportType eSupportType = MWPBtType::BT_SUPPORT_NONE;  ///< what it supports
 };
 
 /// A low-energy device found by a search.
 struct MWPTypeBleDevice {
-  std::string strAddr;
-  std::string strName;
+  std::string strAddr;             ///< Bluetooth address
+  std::string strName;             ///< the name the device gives itself
   unsigned char nAddressType = 0;  ///< 0 public, 1 random
   int nRssi = 0;                   ///< signal strength in dBm
 };
 
 /// A GATT service of the connected low-energy device.
 struct MWPTypeGattService {
-  std::string strUuid;
-  unsigned short nStartHandle = 0;
-  unsigned short nEndHandle = 0;
+  std::string strUuid;              ///< UUID of the service
+  unsigned short nStartHandle = 0;  ///< first handle of its attributes
+  unsigned short nEndHandle = 0;    ///< last handle of its attributes
 };
 
 #endif

@@ -3,6 +3,7 @@ if(NOT TARGET bt_manual)
   return()
 endif()
 foreach(test MandocHasNothingToSay ManHasNothingToSay EveryCommandAndOptionIsExplained EveryRequestAndEventIsExplained
+        EveryDeclarationOfTheHeadersIsDocumented EveryParameterIsExplained
         EveryValueAndMemberIsNamed TheHelpOfTheServiceIsThere EachReferenceIsThere WhatIsNamedIsInTheSources
         TheExampleIsThatOfTheReadme)
   add_test(NAME manual/${test}

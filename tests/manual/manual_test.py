@@ -3,6 +3,7 @@
 
 Usage: manual_test.py TREE BUILD [TEST...]
 """
+import functools
 import json
 import os
 import pathlib
@@ -21,6 +22,7 @@ def run(*command, **environment):
                           env={**os.environ, "LC_ALL": "C.UTF-8", **environment})
 
 
+@functools.lru_cache(maxsize=None)
 def shown(page, columns=80):
     """A page as a reader sees it, its lines joined."""
     answer = run("mandoc", "-T", "utf8", "-O", f"width={columns}", PAGES[page])
@@ -73,6 +75,19 @@ class ThePages(unittest.TestCase):
                 for comment, function in comments:
                     first = " ".join(re.sub(r"^ *///", "", comment, flags=re.MULTILINE).split()).split(". ")[0]
                     self.assertRegex(page, rf"{function}\([\w, ]*\) {re.escape(first.split(' - ')[0])}")
+
+    def test_EveryDeclarationOfTheHeadersIsDocumented(self):
+        """With its parameters and its result, as Doxygen sees it."""
+        self.assertEqual((BUILD / "manual/warnings").read_text(), "")
+
+    def test_EveryParameterIsExplained(self):
+        explained = 0
+        for name in FACADES:
+            for header in (f"{name}.h", f"I{name}Listener.h"):
+                for parameter, text in re.findall(r"/// @param (\w+) (.+)", (TREE / "include/bluetooth" / header).read_text()):
+                    self.assertIn(f"{parameter} {text}", shown(f"{name}.3", 200))
+                    explained += 1
+        self.assertGreater(explained, 150)
 
     def test_EveryValueAndMemberIsNamed(self):
         for header, page, pattern in (("MWPBtType.h", "MWPBtType.3", r"^  (\w+) = (\d+),"),
