@@ -150,8 +150,8 @@ TEST_F(CoroutineTest, WaitsForARequestAndTheEventThatEndsIt) {
   service.WillRefuse(&Service::DialCall);
   [](CoroutineTest& test, Address phone) -> Job {
     const Answer<PairChanged> failed = co_await PairDevice(test.service, phone);
-    test.log.push_back(failed.Refused() ? "refused for " + std::to_string(failed.RefusedBy()->reason)
-                                        : "not");
+    test.log.push_back(
+        failed.RefusedBy() != nullptr ? "refused for " + std::to_string(failed.RefusedBy()->reason) : "not");
     const Answer<PairChanged> paired = co_await PairDevice(test.service, phone);
     test.log.push_back(paired ? "paired with " + paired->address.ToText() : "not");
     const Answer<ConnectionChanged> connected = co_await ConnectDevice(test.service, phone).Within(3s);

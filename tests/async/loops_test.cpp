@@ -131,6 +131,7 @@ TEST_F(LoopsTest, APollKeepsTheShorterTime) {
 }
 
 TEST_F(LoopsTest, APollMayBePreparedAgainInsteadOfDispatched) {
+  bttest::LogCapture log;
   PollLoop loop;
   Service service(loop.Context());
   Scope scope;
@@ -142,11 +143,13 @@ TEST_F(LoopsTest, APollMayBePreparedAgainInsteadOfDispatched) {
     for (int i = 0; i < 3; ++i) {
       fds.clear();
       loop.Prepare(fds, timeoutMs);
+      EXPECT_FALSE(fds.empty());
     }
     poll(fds.data(), fds.size(), 0);
     loop.Dispatch(fds);
     return isAnswered;
   }));
+  EXPECT_THAT(log.Complaints(), testing::IsEmpty());
 }
 
 TEST_F(LoopsTest, ACallbackMayRunATurnOfAPollOfItsOwn) {
