@@ -13,7 +13,8 @@ def section(document, heading):
 
 def fenced(document, heading, language):
     """The lines of the first block of code below a heading."""
-    found = re.search(rf"^```{re.escape(language)}\n(.*?)^```$", section_with_code(document, heading), re.MULTILINE | re.DOTALL)
+    found = re.search(rf"^```{re.escape(language)}\n(.*?)^```$", section_with_code(document, heading),
+                      re.MULTILINE | re.DOTALL)
     if not found:
         raise SystemExit(f"{document} has no block of {language} below '{heading}'")
     return found[1].splitlines()

@@ -59,7 +59,8 @@ class Headers:
             if member.get("kind") == "function" and text_of(member.find("type")):
                 compound.functions.append(function_of(member))
             elif member.get("kind") == "variable":
-                compound.values.append(Value(text_of(member.find("name")), text_of(member.find("type")), comment_of(member)))
+                compound.values.append(
+                    Value(text_of(member.find("name")), text_of(member.find("type")), comment_of(member)))
         (self.classes if definition.get("kind") == "class" else self.records)[name] = compound
 
     def add_enumerations(self, definition):

@@ -22,6 +22,8 @@ def library(headers, tree, date):
         ".Sh ENVIRONMENT", *markdown(documents.section(tree / "platform/README.md", "Environment")),
         ".Sh FILES", *items([
             ("Pa etc/libbt/defaults.ini", paragraph("The configured defaults, in the tree in which the library lies.")),
+            ("Pa $XDG_CONFIG_HOME/libbt/defaults.ini", paragraph("A user's own ones in place of these. Without the "
+                                                                 "variable, they are in ~/.config.")),
             ("Pa $XDG_STATE_HOME/libbt/persist.ini", paragraph("The settings. Without the variable, they are in "
                                                                "~/.local/state.")),
             ("Pa /app/bin/btservice", paragraph("The service. The keys of the eight shared segments are made from this "

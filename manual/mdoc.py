@@ -69,7 +69,8 @@ def markdown(text):
         if re.match(r"    ", block):
             parts.append(code(textwrap.dedent(block).splitlines()))
         elif block.startswith("|"):
-            rows = [[plain(cell) for cell in re.split(r"(?<!\\)\|", row.strip().strip("|"))] for row in block.splitlines()]
+            rows = [[plain(cell) for cell in re.split(r"(?<!\\)\|", row.strip().strip("|"))]
+                    for row in block.splitlines()]
             parts.append(items([(term(row[0]), paragraph(row[-1])) for row in rows[2:]]))
         elif re.match(r"- ", block):
             points = re.split(r"\n- ", block[2:])

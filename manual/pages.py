@@ -97,8 +97,8 @@ def enumerations(headers, date):
         *head("MWPBtType", 3, date, "enumerations of the Bluetooth client library"),
         ".Sh SYNOPSIS", *[f".In bluetooth/{header}" for header in sorted({each.header for each in ours})],
         ".Sh DESCRIPTION",
-        *paragraph("Every value travels to and from the Bluetooth service as one byte. A value that is not listed here is "
-                   "passed on as it came: be prepared for it in a switch."),
+        *paragraph("Every value travels to and from the Bluetooth service as one byte. A value that is not listed here "
+                   "is passed on as it came: be prepared for it in a switch."),
         *explained, *see_also([("libbt", 7), ("MWPBtRecords", 3), *[(name, 3) for name in FACADES]]),
     ]
 
@@ -106,7 +106,8 @@ def enumerations(headers, date):
 def records(headers, date):
     explained = []
     for record in headers.records.values():
-        fields = [(f"Va {argument(value.name)} Pq {escaped(value.text)}", comment(value.comment)) for value in record.values]
+        fields = [(f"Va {argument(value.name)} Pq {escaped(value.text)}", comment(value.comment))
+                  for value in record.values]
         explained += [f".Ss struct {record.name}", *comment(record.comment), *items(fields)]
     return [
         *head("MWPBtRecords", 3, date, "records of the Bluetooth client library"),

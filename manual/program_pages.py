@@ -63,7 +63,8 @@ class Btctl:
     def commands(self):
         lines = []
         for heading, commands in self.groups():
-            lines += [macro("Ss", *heading.removesuffix(", ...").split(" ")), *items([self.command(command) for command in commands])]
+            lines += [macro("Ss", *heading.removesuffix(", ...").split(" ")),
+                      *items([self.command(command) for command in commands])]
         return lines
 
     def command(self, command):
@@ -88,8 +89,8 @@ def btctl(description, tree, date):
         *page.commands(),
         ".Ss Requests and their results", *markdown(documents.section(document, "Requests and their results")),
         ".Ss The shell", *markdown(documents.section(document, "The shell")),
-        ".Ss JSON", *paragraph("With `--json`, every line on standard output and on standard error is one JSON object. Its "
-                               "member `kind` identifies it. Members may be added, but none will be removed."),
+        ".Ss JSON", *paragraph("With `--json`, every line on standard output and on standard error is one JSON object. "
+                               "Its member `kind` identifies it. Members may be added, but none will be removed."),
         ".Sh ENVIRONMENT", *items([
             ("Ev DBUS_SESSION_BUS_ADDRESS", paragraph("The session bus on which the Bluetooth service is looked for.")),
             ("Ev NO_COLOR", paragraph("If it is set and not empty, nothing is coloured.")),
@@ -126,10 +127,13 @@ def alternatives(value):
     return " | ".join(f"Ar {argument(each)}" for each in value.split("|"))
 
 
-def option_of(option):
-    short = f"Fl {option['short']} , " if option["short"] else ""
+def long_option_of(option):
     value = f" Ns = Ns {alternatives(option['value'])}" if option["value"] else ""
-    return f"{short}Fl {argument(option['name'][1:])}{value}"
+    return f"Fl {argument(option['name'][1:])}{value}"
+
+
+def option_of(option):
+    return (f"Fl {option['short']} , " if option["short"] else "") + long_option_of(option)
 
 
 def btservice(text, tree, date):
@@ -138,8 +142,7 @@ def btservice(text, tree, date):
     return [
         *head("btservice", 8, date, "simulated Bluetooth service of a head unit"),
         ".Sh SYNOPSIS", ".Nm",
-        *[f".Op Fl {argument(option['name'][1:])}" + (f" Ns = Ns {alternatives(option['value'])}" if option["value"] else "")
-          for option in help_.options if option["name"] not in ("--help", "--version")],
+        *[f".Op {long_option_of(option)}" for option in help_.options if option["name"] not in ("--help", "--version")],
         ".Nm", ".Fl -help | Fl -version",
         ".Sh DESCRIPTION", *joined([paragraph(help_.summary), *[paragraph(each) for each in help_.paragraphs],
                                     markdown(documents.paragraphs(document, "It acquires its bus name"))]),
@@ -151,7 +154,8 @@ def btservice(text, tree, date):
         ]),
         ".Pp", *paragraph("Those of the library concern the service as well: see"), ".Xr libbt 7 .",
         ".Sh FILES", *items([
-            ("Pa ../share/libbt/worlds", paragraph("The shipped worlds, and their schema, from the folder of the program.")),
+            ("Pa ../share/libbt/worlds", paragraph("The shipped worlds, and their schema, from the folder of the "
+                                                   "program.")),
             ("Pa $XDG_STATE_HOME/libbt/btservice.json", paragraph("The state: paired devices and attributes.")),
             ("Pa $XDG_STATE_HOME/libbt/persist.ini", paragraph("The settings, which the library keeps here, too.")),
         ]),

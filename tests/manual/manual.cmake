@@ -1,5 +1,5 @@
 # The manual pages as readers and their programs find them, where all of them are made.
-if(NOT TARGET bt_manual OR NOT BT_BUILD_TOOLS OR NOT BT_BUILD_SIMULATION)
+if(NOT TARGET bt_manual OR NOT TARGET btctl OR NOT TARGET btservice)
   return()
 endif()
 foreach(test MandocHasNothingToSay ManHasNothingToSay EveryCommandAndOptionIsExplained EveryRequestAndEventIsExplained
