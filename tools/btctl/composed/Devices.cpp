@@ -19,13 +19,11 @@
 namespace btctl {
 namespace {
 
-using arg::Or;
-using arg::Text;
-using btasync::Address;
+using namespace arg;
 
 /// A device, and all that was heard of it.
 struct KnownDevice {
-  Address address;
+  btasync::Address address;
   std::string name = {};
   bool isPaired = false;
   bool isFound = false;
@@ -39,7 +37,7 @@ class KnownDevices {
     // In the service's order, and before those that are known already.
     std::vector<KnownDevice> others = std::exchange(m_devices, {});
     for (const MWPTypeDevice& device : paired) {
-      KnownDevice entry{Address(device.strAddr), device.strName, true};
+      KnownDevice entry{btasync::Address(device.strAddr), device.strName, true};
       const auto known = Find(others, entry.address);
       if (known != others.end()) {
         entry.isFound = known->isFound;
@@ -84,11 +82,12 @@ class KnownDevices {
   }
 
  private:
-  static std::vector<KnownDevice>::iterator Find(std::vector<KnownDevice>& devices, const Address& address) {
+  static std::vector<KnownDevice>::iterator Find(std::vector<KnownDevice>& devices,
+                                                 const btasync::Address& address) {
     return std::find_if(devices.begin(), devices.end(),
                         [&](const KnownDevice& device) { return device.address == address; });
   }
-  KnownDevice& Get(const Address& address) {
+  KnownDevice& Get(const btasync::Address& address) {
     const auto known = Find(m_devices, address);
     return known != m_devices.end() ? *known : m_devices.emplace_back(KnownDevice{address});
   }
