@@ -33,9 +33,7 @@ std::string SessionBusAddress() {
 }
 
 /// Takes arguments over if they are floating, and a reference else.
-OwnedVariant Keep(GVariant* arguments) {
-  return OwnedVariant(arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr);
-}
+OwnedVariant Keep(GVariant* arguments) { return arguments != nullptr ? NewRef(arguments) : nullptr; }
 
 struct GlibTimer {
   GSource* source;
@@ -99,17 +97,17 @@ BusBackend::~BusBackend() = default;
 std::int64_t BusBackend::TimeMs() const { return g_get_monotonic_time() / 1000; }
 
 void* BusBackend::StartTimer(int milliseconds, Wake wake, void* data) {
-  auto* const timer = new GlibTimer{g_timeout_source_new(static_cast<guint>(milliseconds)), wake, data};
+  const OwnedSource source(g_timeout_source_new(static_cast<guint>(milliseconds)));
+  auto* const timer = new GlibTimer{source.get(), wake, data};
   g_source_set_callback(
-      timer->source,
+      source.get(),
       [](gpointer data) -> gboolean {
         const auto* const timer = static_cast<GlibTimer*>(data);
         timer->wake(timer->data);
         return G_SOURCE_REMOVE;
       },
       timer, [](gpointer data) { delete static_cast<GlibTimer*>(data); });
-  g_source_attach(timer->source, m_context.get());
-  g_source_unref(timer->source);  // the context's
+  g_source_attach(source.get(), m_context.get());
   return timer;
 }
 
@@ -171,8 +169,9 @@ void BusBackend::TakeConnection(GDBusConnection* connection) {
   g_signal_connect_data(connection, "closed", G_CALLBACK(OnConnectionClosed), m_link->Ref(),
                         Link::UnrefClosure, static_cast<GConnectFlags>(0));
   const AsDefault asDefault(m_context.get());
-  m_nameWatch = g_bus_watch_name_on_connection(connection, kServiceName, G_BUS_NAME_WATCHER_FLAGS_NONE,
-                                               OnNameAppeared, OnNameVanished, m_link->Ref(), Link::Unref);
+  m_nameWatch.reset(g_bus_watch_name_on_connection(connection, kServiceName, G_BUS_NAME_WATCHER_FLAGS_NONE,
+                                                   OnNameAppeared, OnNameVanished, m_link->Ref(),
+                                                   Link::Unref));
   for (const auto& [kind, subscribers] : AllSubscribers()) {
     if (!subscribers->IsEmpty()) {
       SubscribeSignal(*kind);
@@ -197,10 +196,7 @@ void BusBackend::Disconnect() {
   }
   if (m_connection != nullptr) {
     const AsDefault asDefault(m_context.get());
-    g_bus_unwatch_name(std::exchange(m_nameWatch, 0));
-    for (const auto& [kind, id] : m_signals) {
-      g_dbus_connection_signal_unsubscribe(m_connection.get(), id);
-    }
+    m_nameWatch.reset();
     m_signals.clear();
     g_dbus_connection_close(m_connection.get(), nullptr, nullptr, nullptr);
     m_connection.reset();
@@ -242,10 +238,10 @@ void BusBackend::OnClosed() {
 }
 
 void BusBackend::CloseLater() {
-  GSource* const source = g_idle_source_new();
-  g_source_set_priority(source, G_PRIORITY_DEFAULT);
+  const OwnedSource source(g_idle_source_new());
+  g_source_set_priority(source.get(), G_PRIORITY_DEFAULT);
   g_source_set_callback(
-      source,
+      source.get(),
       [](gpointer data) -> gboolean {
         auto* const self = static_cast<BusBackend*>(data);
         self->Close();
@@ -253,8 +249,7 @@ void BusBackend::CloseLater() {
         return G_SOURCE_REMOVE;
       },
       this, nullptr);
-  g_source_attach(source, m_context.get());
-  g_source_unref(source);
+  g_source_attach(source.get(), m_context.get());
 }
 
 // ----- Requests
@@ -347,18 +342,14 @@ void BusBackend::SubscribeSignal(const EventKind& kind) {
     return;
   }
   const AsDefault asDefault(m_context.get());
-  m_signals[&kind] = g_dbus_connection_signal_subscribe(
-      m_connection.get(), kServiceName, kServiceInterface, kind.signal, kServicePath, nullptr,
-      G_DBUS_SIGNAL_FLAGS_NONE, OnSignal, new SignalData{m_link->Ref(), &kind}, SignalData::Free);
+  m_signals[&kind] = OwnedSubscription(
+      m_connection.get(),
+      g_dbus_connection_signal_subscribe(m_connection.get(), kServiceName, kServiceInterface, kind.signal,
+                                         kServicePath, nullptr, G_DBUS_SIGNAL_FLAGS_NONE, OnSignal,
+                                         new SignalData{m_link->Ref(), &kind}, SignalData::Free));
 }
 
-void BusBackend::Unwatch(const EventKind& kind) {
-  const auto signal = m_signals.find(&kind);
-  if (signal != m_signals.end()) {
-    g_dbus_connection_signal_unsubscribe(m_connection.get(), signal->second);
-    m_signals.erase(signal);
-  }
-}
+void BusBackend::Unwatch(const EventKind& kind) { m_signals.erase(&kind); }
 
 void BusBackend::OnSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*,
                           GVariant* values, gpointer data) {

@@ -8,7 +8,7 @@
 
 #include <gio/gio.h>
 
-#include "glib/Owned.h"
+#include "glib/OwnedBus.h"
 #include "libbtasync/Backend.h"
 
 namespace btasync {
@@ -71,9 +71,9 @@ class BusBackend final : public Backend {
   /// Of the attempt to connect, or of the connection.
   Link* m_link = nullptr;
   OwnedObject<GCancellable> m_attempt;
-  guint m_nameWatch = 0;
+  OwnedNameWatchId m_nameWatch;
   bool m_hasAnswered = false;
-  std::map<const EventKind*, guint> m_signals;
+  std::map<const EventKind*, OwnedSubscription> m_signals;
   std::list<Waiting> m_waiting;
   /// Of an attempt, or until the next one. Gone once the service is.
   std::unique_ptr<Timer> m_attemptTimer;

@@ -34,7 +34,7 @@ ListJob::ListJob(BusBackend& backend, const ListPlan& plan, GVariant* arguments,
                  PendingCall& call)
     : PlanJob(backend, plan.Name(), timeoutMs, call),
       m_plan(plan),
-      m_arguments(arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr),
+      m_arguments(arguments != nullptr ? NewRef(arguments) : nullptr),
       m_turn(plan.Segment(), backend.Context(), [this] { Publish(); }) {
   m_question.argument = ArgumentOf(m_arguments.get());
 }

@@ -4,6 +4,7 @@
 
 #include <glib.h>
 
+#include "glib/Owned.h"
 #include "libbtasync/Log.h"
 
 namespace btasync {
@@ -33,7 +34,7 @@ PollLoop::~PollLoop() {
     return;  // the context stays: its thread may be in it
   }
   g_main_context_release(m_context);
-  g_main_context_unref(m_context);
+  const OwnedMainContext last(m_context);  // its header knows nothing of GLib
 }
 
 void PollLoop::Prepare(std::vector<pollfd>& fds, int& timeoutMs) {

@@ -4,6 +4,7 @@
 
 #include <glib.h>
 
+#include "glib/Owned.h"
 #include "libbtasync/Backend.h"
 #include "libbtasync/Log.h"
 
@@ -113,7 +114,7 @@ Outgoing::Outgoing(Outgoing&& other) noexcept
 
 Outgoing::~Outgoing() {
   if (m_arguments != nullptr) {
-    g_variant_unref(g_variant_ref_sink(m_arguments));
+    const OwnedVariant unsent = NewRef(m_arguments);
   }
   if (m_backend != nullptr) {
     m_backend->Unref();

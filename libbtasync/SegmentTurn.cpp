@@ -31,8 +31,8 @@ SegmentTurn::SegmentTurn(ShareMemID id, GMainContext* context, std::function<voi
       m_context(g_main_context_ref(context)),
       m_onTurn(std::move(onTurn)),
       m_source(g_idle_source_new()) {
-  g_source_set_priority(m_source, G_PRIORITY_DEFAULT);
-  g_source_set_callback(m_source, OnTurn, this, nullptr);
+  g_source_set_priority(m_source.get(), G_PRIORITY_DEFAULT);
+  g_source_set_callback(m_source.get(), OnTurn, this, nullptr);
   Queues& queues = AllQueues();
   const std::lock_guard<std::mutex> locked(queues.lock);
   std::list<SegmentTurn*>& queue = queues.ofSegment[m_id];
@@ -53,11 +53,10 @@ SegmentTurn::~SegmentTurn() {
       queue.front()->Wake();
     }
   }
-  g_source_destroy(m_source);
-  g_source_unref(m_source);
+  g_source_destroy(m_source.get());
 }
 
-void SegmentTurn::Wake() { g_source_attach(m_source, m_context.get()); }
+void SegmentTurn::Wake() { g_source_attach(m_source.get(), m_context.get()); }
 
 gboolean SegmentTurn::OnTurn(gpointer data) {
   SegmentTurn& self = *static_cast<SegmentTurn*>(data);

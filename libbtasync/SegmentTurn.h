@@ -36,7 +36,7 @@ class SegmentTurn {
   const OwnedMainContext m_context;
   const std::function<void()> m_onTurn;
   bool m_hasCome = false;
-  GSource* const m_source;
+  const OwnedSource m_source;
 };
 
 }  // namespace detail

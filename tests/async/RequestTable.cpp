@@ -313,7 +313,7 @@ class Member {
         Wait(std::apply([&](const auto&... value) { return (service.*function)(value...); }, parameters)));
   }
 
-  static VariantPtr ArgumentsOf(const std::string& member, const std::string& method, int variety) {
+  static OwnedVariant ArgumentsOf(const std::string& member, const std::string& method, int variety) {
     ParameterSource source(variety);
     const Parameters parameters = Make(source);
     const std::vector<ArgumentMaker> makers = Arranged(
@@ -330,7 +330,7 @@ class Member {
     for (std::size_t i = 0; i < in.size(); ++i) {
       g_variant_builder_add_value(&builder, makers[i](in[i].signature));
     }
-    return Own(g_variant_builder_end(&builder));
+    return OwnedVariant(g_variant_builder_end(&builder));
   }
 
   template <std::size_t place>

@@ -7,7 +7,7 @@
 
 #include <btasync/Service.h>
 
-#include "support/GlibPointers.h"
+#include "glib/Owned.h"
 
 // All members of Service that make one service call, as a table: values for their parameters are made from
 // their types, and what belongs on the bus from the interface description.
@@ -38,7 +38,7 @@ struct RequestRow {
   std::function<Outcome(btasync::Service&, int variety)> ask;
   /// What has to arrive at the service then, a tuple. Throws if the parameters are not the method's
   /// arguments.
-  std::function<VariantPtr(int variety)> arguments;
+  std::function<OwnedVariant(int variety)> arguments;
   /// What a reply of the service, a tuple, has to come to.
   std::function<Outcome(GVariant* reply)> expected;
   /// One call for each parameter and each thing that it must not be.

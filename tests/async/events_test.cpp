@@ -16,10 +16,8 @@ using bttest::Arguments;
 using bttest::BluetoothInterface;
 using bttest::EventRow;
 using bttest::EventTable;
-using bttest::Own;
 using bttest::RunUntil;
 using bttest::ToText;
-using bttest::VariantPtr;
 
 /// Notes all events, as texts.
 class AsyncEvents : public testing::Test {
@@ -55,22 +53,22 @@ class AsyncEvents : public testing::Test {
   }
 
   /// Values of other types than the signal's: each of them exchanged, one too many, one missing.
-  static std::vector<VariantPtr> WrongValues(const Arguments& arguments) {
-    std::vector<VariantPtr> wrong;
+  static std::vector<OwnedVariant> WrongValues(const Arguments& arguments) {
+    std::vector<OwnedVariant> wrong;
     Arguments others = arguments;
     others.push_back({"more", "i"});
-    wrong.push_back(Own(bttest::MakeTuple(others, 0)));
+    wrong.push_back(OwnedVariant(bttest::MakeTuple(others, 0)));
     if (!arguments.empty()) {
       others = arguments;
       others.pop_back();
-      wrong.push_back(Own(bttest::MakeTuple(others, 0)));
+      wrong.push_back(OwnedVariant(bttest::MakeTuple(others, 0)));
     }
     for (std::size_t i = 0; i < arguments.size(); ++i) {
       for (const char* const type : {"s", "y", "b", "i", "u", "v", "(yy)"}) {
         if (type != arguments[i].signature) {
           others = arguments;
           others[i].signature = type;
-          wrong.push_back(Own(bttest::MakeTuple(others, 0)));
+          wrong.push_back(OwnedVariant(bttest::MakeTuple(others, 0)));
         }
       }
     }
@@ -95,7 +93,7 @@ TEST_F(AsyncEvents, CarryEveryValueOfTheirSignal) {
     SCOPED_TRACE(row.structure);
     const Arguments& arguments = BluetoothInterface().Signal(row.signal).arguments;
     for (int variety = 0; variety < bttest::kVarieties; ++variety) {
-      const VariantPtr values = Own(bttest::MakeTuple(arguments, variety));
+      const OwnedVariant values = OwnedVariant(bttest::MakeTuple(arguments, variety));
       noted.clear();
       recorder.Emit(row.signal, values.get());
       ASSERT_TRUE(RunUntil([&] { return !noted.empty(); })) << "of " << ToText(values.get());
@@ -109,10 +107,10 @@ TEST_F(AsyncEvents, AreDroppedIfTheirSignalHasOtherTypesAndDisturbNothingElse) {
     SCOPED_TRACE(row.structure);
     const Arguments& arguments = BluetoothInterface().Signal(row.signal).arguments;
     noted.clear();
-    for (const VariantPtr& wrong : WrongValues(arguments)) {
+    for (const OwnedVariant& wrong : WrongValues(arguments)) {
       recorder.EmitRaw(row.signal, wrong.get());
     }
-    const VariantPtr right = Own(bttest::MakeTuple(arguments, 0));
+    const OwnedVariant right = OwnedVariant(bttest::MakeTuple(arguments, 0));
     recorder.Emit(row.signal, right.get());
     ASSERT_TRUE(RunUntil([&] { return !noted.empty(); }));
     EXPECT_THAT(noted, testing::ElementsAre(Expected(row, right.get())));

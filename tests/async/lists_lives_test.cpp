@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 
+#include "glib/OwnedId.h"
 #include "support/Waiting.h"
 #include "tests/async/ListsFixture.h"
 
@@ -225,8 +226,8 @@ TEST_F(ListLives, ScopesAndServicesMayGoAtAnyPoint) {
   const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
   int answers = 0;
   auto other = std::make_unique<Service>();
-  const guint tick = g_timeout_add(
-      1, [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr);
+  OwnedSourceId tick(g_timeout_add(
+      1, [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr));
   for (int round = 0; round < 400; ++round) {
     auto scope = std::make_unique<Scope>();
     for (int requests = 1 + below(5); requests > 0; --requests) {
@@ -247,7 +248,7 @@ TEST_F(ListLives, ScopesAndServicesMayGoAtAnyPoint) {
       EXPECT_EQ(answers, before);
     }
   }
-  g_source_remove(tick);
+  tick.reset();
   EXPECT_GT(answers, 0);
   EXPECT_TRUE(Wait(service.Contacts())) << "nobody holds the place";
   EXPECT_TRUE(Wait(service.CallLogs(CALL_LOG_ALL)));

@@ -109,8 +109,8 @@ TEST_F(RacingWriters, AndLoopsInTwoThreadsMayReadTheSameLists) {
   SetCount(kFew);
   std::atomic<int> answers{0};
   const auto run = [&answers] {
-    GMainContext* const context = g_main_context_new();
-    g_main_context_push_thread_default(context);
+    const OwnedMainContext context(g_main_context_new());
+    g_main_context_push_thread_default(context.get());
     {
       Service own;
       for (int round = 0; round < 50; ++round) {
@@ -124,7 +124,7 @@ TEST_F(RacingWriters, AndLoopsInTwoThreadsMayReadTheSameLists) {
             ++wanted;
           });
           for (int turns = 0; turns < round % 10; ++turns) {
-            g_main_context_iteration(context, FALSE);
+            g_main_context_iteration(context.get(), FALSE);
           }
         }
         own.Contacts().Then(given, [&](const auto& answer) {
@@ -132,13 +132,12 @@ TEST_F(RacingWriters, AndLoopsInTwoThreadsMayReadTheSameLists) {
           ++wanted;
         });
         while (wanted < 2) {
-          g_main_context_iteration(context, TRUE);
+          g_main_context_iteration(context.get(), TRUE);
         }
         answers += wanted;
       }
     }
-    g_main_context_pop_thread_default(context);
-    g_main_context_unref(context);
+    g_main_context_pop_thread_default(context.get());
   };
   std::thread one(run);
   std::thread other(run);

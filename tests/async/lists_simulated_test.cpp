@@ -13,8 +13,8 @@
 #include <bluetooth/MWPBtPbap.h>
 
 #include "fuzz/Records.h"
+#include "glib/Owned.h"
 #include "protocol/BusNames.h"
-#include "support/GlibPointers.h"
 #include "support/LogCapture.h"
 #include "tests/async/AsyncFixture.h"
 
@@ -161,10 +161,10 @@ class OtherApplication {
   void Run(const std::string& busAddress) {
     const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    const bttest::ConnectionPtr connection(
+    const OwnedObject<GDBusConnection> connection(
         g_dbus_connection_new_for_address_sync(busAddress.c_str(), flags, nullptr, nullptr, nullptr));
     while (!m_stop) {
-      const bttest::VariantPtr answer(g_dbus_connection_call_sync(
+      const OwnedVariant answer(g_dbus_connection_call_sync(
           connection.get(), kServiceName, kServicePath, kServiceInterface, "GetCallLogList",
           g_variant_new("(y)", CALL_LOG_ALL), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
       m_requests += answer != nullptr ? 1 : 0;

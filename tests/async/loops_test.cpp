@@ -29,33 +29,32 @@ class LoopsTest : public testing::Test {
 };
 
 TEST_F(LoopsTest, AContextOfItsOwnOfTheSameThread) {
-  GMainContext* const context = g_main_context_new();
+  const OwnedMainContext context(g_main_context_new());
   {
-    Service service(context);
+    Service service(context.get());
     Scope scope;
     std::optional<PowerStatus> status;
     int events = 0;
     service.On<PowerChanged>(scope, [&](const PowerChanged&) { ++events; });
     service.GetPowerStatus().Then(scope, [&](Answer<PowerStatus> answer) { status = *answer; });
     EXPECT_TRUE(bttest::WaitUntil([&] {
-      bttest::RunPending();  // of the default context, which has no part in this
+      bttest::RunPending();  // of the default context.get(), which has no part in this
       EXPECT_FALSE(status);
-      return g_main_context_pending(context) != FALSE;
+      return g_main_context_pending(context.get()) != FALSE;
     }));
     EXPECT_TRUE(bttest::WaitUntil([&] {
-      g_main_context_iteration(context, FALSE);
+      g_main_context_iteration(context.get(), FALSE);
       return status.has_value();
     }));
     EXPECT_EQ(status, BT_POWER_ON);
     recorder.Emit("OnOpenBtStatusChanged", g_variant_new("(y)", BT_POWER_ON));
     EXPECT_TRUE(bttest::WaitUntil([&] {
-      g_main_context_iteration(context, FALSE);
+      g_main_context_iteration(context.get(), FALSE);
       return events == 1;
     }));
   }
-  while (g_main_context_iteration(context, FALSE)) {
+  while (g_main_context_iteration(context.get(), FALSE)) {
   }
-  g_main_context_unref(context);
 }
 
 TEST_F(LoopsTest, TheLoopOfAnotherThread) {
@@ -195,23 +194,22 @@ TEST_F(LoopsTest, APollThatIsGivenTheWrongThingLogsIt) {
 }
 
 TEST_F(LoopsTest, TwoServicesOnTwoLoopsDoNotDisturbEachOther) {
-  GMainContext* const context = g_main_context_new();
+  const OwnedMainContext context(g_main_context_new());
   {
     Service first;
-    Service second(context);
+    Service second(context.get());
     Scope scope;
     bool isDone = false;
     second.GetPowerStatus().Then(scope, [&](Answer<PowerStatus>) { isDone = true; });
     EXPECT_TRUE(bttest::Wait(first.GetPowerStatus()).Accepted());
     EXPECT_FALSE(isDone);
     EXPECT_TRUE(bttest::WaitUntil([&] {
-      g_main_context_iteration(context, FALSE);
+      g_main_context_iteration(context.get(), FALSE);
       return isDone;
     }));
   }
-  while (g_main_context_iteration(context, FALSE)) {
+  while (g_main_context_iteration(context.get(), FALSE)) {
   }
-  g_main_context_unref(context);
 }
 
 }  // namespace

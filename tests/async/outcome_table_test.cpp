@@ -11,6 +11,7 @@
 
 #include <btasync/Outcome.h>
 
+#include "glib/Owned.h"
 #include "protocol/Outcomes.h"
 #include "support/InterfaceDescription.h"
 #include "tests/async/AsyncFixture.h"
@@ -204,7 +205,7 @@ class EachOutcome : public testing::Test {
       GVariant*& value = values.at(condition->place);
       const bool isSpoilt = spoilt == condition->place;
       const std::string type = g_variant_get_type_string(value);
-      g_variant_unref(g_variant_ref_sink(value));
+      const OwnedVariant replaced = NewRef(value);
       if (type == "s") {
         value = g_variant_new_string(isSpoilt ? "00:00:00:00:00:01" : Text(condition->argument).c_str());
       } else {
@@ -245,11 +246,11 @@ class EachOutcome : public testing::Test {
     return pointers;
   }
   std::string Text(std::size_t place) const {
-    const bttest::VariantPtr value(g_variant_get_child_value(call.arguments.get(), place));
+    const OwnedVariant value(g_variant_get_child_value(call.arguments.get(), place));
     return g_variant_get_string(value.get(), nullptr);
   }
   int Number(std::size_t place) const {
-    const bttest::VariantPtr value(g_variant_get_child_value(call.arguments.get(), place));
+    const OwnedVariant value(g_variant_get_child_value(call.arguments.get(), place));
     const std::string type = g_variant_get_type_string(value.get());
     return type == "y"   ? g_variant_get_byte(value.get())
            : type == "b" ? g_variant_get_boolean(value.get())

@@ -10,9 +10,9 @@
 
 #include <btasync/Outcome.h>
 
+#include "glib/OwnedBus.h"
 #include "protocol/BusNames.h"
 #include "protocol/Outcomes.h"
-#include "support/GlibPointers.h"
 #include "tests/async/AsyncFixture.h"
 
 namespace {
@@ -41,11 +41,11 @@ class SimulatedOutcomes : public testing::Test {
     EXPECT_TRUE(answer.Accepted()) << (answer.Refused() ? "refused" : answer.Why().detail);
   }
   void BeCalled() {
-    g_autoptr(GError) error = nullptr;
-    const bttest::VariantPtr answer(g_dbus_connection_call_sync(
+    OwnedError error;
+    const OwnedVariant answer(g_dbus_connection_call_sync(
         g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr), kServiceName, kControlPath, kOutsideInterface,
         "Call", g_variant_new("(ss)", phone.ToText().c_str(), "+49170000007"), nullptr,
-        G_DBUS_CALL_FLAGS_NONE, -1, nullptr, &error));
+        G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.Out()));
     ASSERT_NE(answer, nullptr) << error->message;
     ASSERT_TRUE(RunUntil([&] { return *Wait(service.GetCallCount()) == 1; }));
   }

@@ -29,12 +29,10 @@ using bttest::BluetoothInterface;
 using bttest::EventTable;
 using bttest::MethodDescription;
 using bttest::Outcome;
-using bttest::Own;
 using bttest::RequestRow;
 using bttest::RequestTable;
 using bttest::RunUntil;
 using bttest::ToText;
-using bttest::VariantPtr;
 
 /// libbt answers 1 to these, whatever the service says.
 const std::set<std::string> kAlwaysOneInLibbt{"PlayMusic", "StopMusic"};
@@ -51,12 +49,12 @@ std::vector<RequestRow> SharedRequests() {
 }
 
 /// What libbt answers: the result and the out arguments as a tuple.
-VariantPtr AskLibbt(BtClientIpcAdapter& adapter, const RequestRow& row, int variety) {
+OwnedVariant AskLibbt(BtClientIpcAdapter& adapter, const RequestRow& row, int variety) {
   const MethodDescription& method = BluetoothInterface().Method(row.method);
-  const VariantPtr arguments = row.arguments(variety);
+  const OwnedVariant arguments = row.arguments(variety);
   bttest::Out out(method.out);
   AdapterCalls().at(row.method)(adapter, bttest::In(arguments.get()), out);
-  return Own(out.Tuple());
+  return OwnedVariant(out.Tuple());
 }
 
 TEST(AsyncParity, BothSendTheSameAndComeToTheSame) {
@@ -71,9 +69,10 @@ TEST(AsyncParity, BothSendTheSameAndComeToTheSame) {
   for (const RequestRow& row : SharedRequests()) {
     SCOPED_TRACE("Service::" + row.member);
     for (int variety = 0; variety < bttest::kVarieties; ++variety) {
-      const VariantPtr reply = Own(bttest::MakeTuple(BluetoothInterface().Method(row.method).out, variety));
+      const OwnedVariant reply =
+          OwnedVariant(bttest::MakeTuple(BluetoothInterface().Method(row.method).out, variety));
       recorder.SetReply(row.method, reply.get());
-      const VariantPtr first = AskLibbt(adapter, row, variety);
+      const OwnedVariant first = AskLibbt(adapter, row, variety);
       const Outcome second = row.ask(service, variety);
       const std::vector<std::string> calls = recorder.TakeCallTexts();
       ASSERT_EQ(calls.size(), 2U);
@@ -95,7 +94,7 @@ class AsyncParityWithTheService : public testing::Test {
 
   void ExpectTheSame(const RequestRow& row) {
     SCOPED_TRACE("Service::" + row.member);
-    const VariantPtr first = AskLibbt(adapter, row, 0);
+    const OwnedVariant first = AskLibbt(adapter, row, 0);
     const Outcome second = row.ask(service, 0);
     if (kAlwaysOneInLibbt.count(row.method) == 0) {
       EXPECT_EQ(second, row.expected(first.get())) << "libbt: " << ToText(first.get());

@@ -15,11 +15,9 @@ using btasync::Reason;
 using btasync::Service;
 using bttest::BluetoothInterface;
 using bttest::Outcome;
-using bttest::Own;
 using bttest::RequestRow;
 using bttest::RequestTable;
 using bttest::ToText;
-using bttest::VariantPtr;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -50,7 +48,7 @@ TEST_F(AsyncRequests, AnswerAcceptedRefusedOrTheValuesOfTheReply) {
     SCOPED_TRACE("Service::" + row.member);
     const bttest::Arguments& out = BluetoothInterface().Method(row.method).out;
     for (int variety = 0; variety < bttest::kVarieties; ++variety) {
-      const VariantPtr reply = Own(bttest::MakeTuple(out, variety));
+      const OwnedVariant reply = OwnedVariant(bttest::MakeTuple(out, variety));
       recorder.SetReply(row.method, reply.get());
       EXPECT_EQ(row.ask(service, 0), row.expected(reply.get())) << "of " << ToText(reply.get());
     }
@@ -113,7 +111,7 @@ TEST_F(AsyncRequests, OfArgumentsThatCannotTravelFailAfterTheCallHasReturned) {
 /// Whether the reply says it, in a value that is no value of the answer.
 bool CanBeRefused(const RequestRow& row) {
   const bttest::Arguments& out = BluetoothInterface().Method(row.method).out;
-  const VariantPtr ordinary = Own(bttest::MakeTuple(out, 0));
+  const OwnedVariant ordinary = OwnedVariant(bttest::MakeTuple(out, 0));
   return row.expected(ordinary.get()).values.size() < out.size();
 }
 
@@ -124,7 +122,7 @@ TEST(AsyncRequestTable, RefusesAndAcceptsEachRequestThatCanBeRefused) {
     const bttest::Arguments& out = BluetoothInterface().Method(row.method).out;
     int accepted = 0;
     for (int variety = 0; variety < bttest::kVarieties; ++variety) {
-      const VariantPtr reply = Own(bttest::MakeTuple(out, variety));
+      const OwnedVariant reply = OwnedVariant(bttest::MakeTuple(out, variety));
       accepted += row.expected(reply.get()).kind == Outcome::ACCEPTED ? 1 : 0;
     }
     EXPECT_GE(accepted, 1);

@@ -151,12 +151,11 @@ TEST_F(ThreadsTest, AScopeThatHoldsWhatBelongsToAnotherLoop) {
   recorder.Hang("SetPower");
   service->SetPower(true).Then(*scope, [](Answer<>) {});
   Refuses([this] {
-    GMainContext* const context = g_main_context_new();
+    const OwnedMainContext context(g_main_context_new());
     {
-      Service other(context);
+      Service other(context.get());
       other.SetPower(false).Then(*scope, [](Answer<>) { ADD_FAILURE(); });
     }
-    g_main_context_unref(context);
   });
   recorder.Release("SetPower");
   ASSERT_TRUE(RunUntil([&] { return scope->IsEmpty(); }));
@@ -164,18 +163,17 @@ TEST_F(ThreadsTest, AScopeThatHoldsWhatBelongsToAnotherLoop) {
 
 TEST_F(ThreadsTest, ALoopThatRunsInAnotherThreadThanTheServicesMaker) {
   bttest::LogCapture log;
-  GMainContext* const context = g_main_context_new();
-  auto other = std::make_unique<Service>(context);
+  const OwnedMainContext context(g_main_context_new());
+  auto other = std::make_unique<Service>(context.get());
   other->SetPower(true).Within(0ms).Then(*scope, [](Answer<>) { ADD_FAILURE(); });
   std::thread([&] {
     ASSERT_TRUE(bttest::WaitUntil([&] {
-      g_main_context_iteration(context, FALSE);
+      g_main_context_iteration(context.get(), FALSE);
       return log.Complaints().size() >= 2;
     }));
   }).join();
   EXPECT_THAT(log.Complaints(), testing::Each(HasSubstr("that it has not made")));
   other.reset();
-  g_main_context_unref(context);
 }
 
 }  // namespace

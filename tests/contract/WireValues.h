@@ -8,7 +8,7 @@
 
 #include <bluetooth/MWPBtRecords.h>
 
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 #include "support/InterfaceDescription.h"
 
 // Values for the arguments of methods and signals, made from their signatures.

@@ -27,8 +27,6 @@ EXCEPTIONS = {
     "glib/": "the owners themselves",
     "tests/unit/owned_test.cpp": "tests them",
     "examples/": "what an application needs to know, without anything of this tree but the library's headers",
-    "libbtasync/": "not done yet for its subscriptions, its loop and its arguments",
-    "tests/async/": "not done yet either",
     "bench/harness/MeasuredRequests.h": "the yardstick by hand, which must not change with this tree",
     "bench/harness/MeasuredEvents.cpp": "disconnects handlers that are the library's, and never end otherwise",
 }

@@ -10,7 +10,7 @@
 #include "protocol/BusNames.h"
 #include "support/BusDaemon.h"
 #include "support/ChildProcess.h"
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 #include "support/MainLoop.h"
 
 namespace btservice {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "support/ChildProcess.h"
-#include "support/GlibPointers.h"
+#include "support/GlibHelpers.h"
 
 namespace bttest {
 
