@@ -5,8 +5,9 @@
 
 #include <btasync/Records.h>
 
-// One structure for each signal of the service, with the fields in the order of the interface. Subscribe with
-// Service::On. An enumerator may have a value that the header does not list: be prepared for it in a switch.
+// One structure for each signal of the service, with the fields in the order of the interface; the comment
+// behind a structure's name is the signal's. Subscribe with Service::On. An enumerator may have a value that
+// the header does not list: be prepared for it in a switch.
 //
 // An event may come before the answer to the request that caused it.
 
@@ -16,73 +17,73 @@ inline namespace v0 {
 // ----- Adapter, pairing, connections
 
 /// The adapter was or is being switched on or off.
-struct PowerChanged {
+struct PowerChanged {  // OnOpenBtStatusChanged
   PowerStatus status;
 };
 /// All profiles may be connected, or not.
-struct ProfilesEnabledChanged {
+struct ProfilesEnabledChanged {  // OnBtProfileEnableStatusChanged
   bool enabled;
 };
 /// A pairing has begun, succeeded or failed; the reason counts only for a failure.
-struct PairChanged {
+struct PairChanged {  // OnPairStatusChanged
   PairStatus status;
   PairFailedReson reason;
   Address address;
 };
 /// A device wants to pair: answer with Service::AnswerPair or RejectPair.
-struct PairRequested {
+struct PairRequested {  // OnAnswerPairRequest
   Address address;
   std::string digits;  ///< to show or to compare; may be empty
   bool forProjection;  ///< belongs to wireless projection
   PairRequestState question;
 };
 /// The search for devices began or ended.
-struct ScanChanged {
+struct ScanChanged {  // OnScanStatusChanged
   ScanStatus status;
 };
 /// A device answered the search. The same one may come again, for instance once its name is known.
-struct DeviceFound {
+struct DeviceFound {  // OnScanedDeviceChanged
   Address address;
   std::string name;
   SupportType support;
 };
 /// Paired devices have been deleted, or could not be.
-struct PairedDevicesDeleted {
+struct PairedDevicesDeleted {  // OnDeletePairStatusChanged
   bool success;
 };
 /// The connection of one profile of a device changed.
-struct ConnectionChanged {
+struct ConnectionChanged {  // OnConnectStatusChanged
   Address address;
   ProfileId profile;
   ConnStatus status;
 };
 /// A device turned out to support a profile.
-struct SupportedProfileFound {
+struct SupportedProfileFound {  // OnSupportProfileChanged
   Address address;
   ProfileId profile;
 };
 /// A capability has a new value.
-struct CapabilityChanged {
+struct CapabilityChanged {  // OnBtCapabilityChanged
   Capability capability;
   bool on;
 };
 /// An attribute has a new value.
-struct AttributeChanged {
+struct AttributeChanged {  // OnBtAttributeChanged
   Attribute attribute;
   std::string value;
 };
 /// A device asks for wireless projection.
-struct ProjectionRequested {
+struct ProjectionRequested {  // OnWirelessEnableRequest
   Address address;
   std::string name;
   SupportType type;
 };
 /// The answer to Service::RequestAndroidAutoPairing.
-struct AndroidAutoPairingAnswered {
+struct AndroidAutoPairingAnswered {  // OnAndroidAutoPairingResponse
   HUStatus status;
 };
 /// What came of Service::SetOutOfBandKey.
-struct OutOfBandKeySet {
+struct OutOfBandKeySet {  // OnSetDeviceOOBLinkKeyChanged
   Address address;
   bool success;
 };
@@ -90,145 +91,145 @@ struct OutOfBandKeySet {
 // ----- Phone and calls
 
 /// The phone is in another network; an empty name: in none.
-struct OperatorChanged {
+struct OperatorChanged {  // OnOperatorNameChanged
   std::string name;
 };
 /// The phone found or lost its network.
-struct NetworkChanged {
+struct NetworkChanged {  // OnMobileService
   bool available;
 };
 /// The phone is roaming, or in its home network.
-struct RoamingChanged {
+struct RoamingChanged {  // OnRoamingStatusChanged
   bool roaming;
 };
 /// Signal strength of the phone, 0 to 5 bars.
-struct SignalChanged {
+struct SignalChanged {  // OnBtSignalChanged
   int bars;
 };
 /// Battery of the phone, 0 to 5 bars.
-struct BatteryChanged {
+struct BatteryChanged {  // OnBtBatteryChanged
   int bars;
 };
 /// A call changed its state; BT_CALL_IDLE: it ended. callCount is the number of calls after the change.
-struct CallStatusChanged {
+struct CallStatusChanged {  // OnCallStatusChanged
   int callId;
   CallStatus status;
   int callCount;
 };
 /// The calls changed: read them with Service::CurrentCalls.
-struct CallsChanged {
+struct CallsChanged {  // OnCurrentCallInfoChanged
   int callCount;
 };
 /// How long a call has lasted; active is false for one on hold.
-struct CallTimeChanged {
+struct CallTimeChanged {  // OnCallingTimeChanged
   int seconds;
   int callId;
   bool active;
 };
 /// An action became possible or impossible (Service::SwitchCalls).
-struct CallActionChanged {
+struct CallActionChanged {  // OnConferenceChanged
   CallAction action;
   bool possible;
 };
 /// A call was hung up.
-struct CallHungUp {};
+struct CallHungUp {};  // OnHangupCallChanged
 /// The sound of the call moved between phone and head unit.
-struct AudioChanged {
+struct AudioChanged {  // OnAudioStatusChanged
   AudioStatus status;
 };
 /// Voice recognition of the phone began or ended.
-struct VoiceRecognitionChanged {
+struct VoiceRecognitionChanged {  // OnVoiceStatusChanged
   bool running;
 };
 /// The call audio uses another codec.
-struct CodecChanged {
+struct CodecChanged {  // OnCodecModeChanged
   CodecMode mode;
 };
 
 // ----- Music
 
 /// The audio stream of a device began or ended.
-struct MediaStreamChanged {
+struct MediaStreamChanged {  // OnMediaAudioStateChanged
   Address address;
   bool started;
 };
 /// The player began, paused or stopped.
-struct MusicChanged {
+struct MusicChanged {  // OnBtMusicPlayChanged
   MusicPlayStatus status;
 };
 /// Another track plays: ask for it with Service::GetMediaInfo.
-struct TrackChanged {};
+struct TrackChanged {};  // OnAudioTrackChanged
 /// The information on the track changed: ask for it with Service::GetMediaInfo.
-struct MediaInfoChanged {};
+struct MediaInfoChanged {};  // OnMediaInfoChanged
 /// The play modes changed: ask for them with Service::GetPlayModes.
-struct PlayModeChanged {};
+struct PlayModeChanged {};  // OnPlayModeChanged
 /// Other play modes are possible: ask for them with Service::GetSupportedPlayModes.
-struct SupportedPlayModeChanged {};
+struct SupportedPlayModeChanged {};  // OnSupportPlayModeChanged
 /// The cover image of the track has been downloaded.
-struct CoverImageDownloaded {};
+struct CoverImageDownloaded {};  // OnCoverImageDownloadCompleted
 /// Where the player is in the track, in milliseconds.
-struct PositionChanged {
+struct PositionChanged {  // OnCurPositionChanged
   int position;
   int length;
 };
 /// The player supports a notification, or not.
-struct AvrcpEventSupportChanged {
+struct AvrcpEventSupportChanged {  // OnSupportAvrcpNotify
   SupportAvrcpEvent event;
   bool supported;
 };
 /// Winding forward became possible or impossible.
-struct FastForwardChanged {
+struct FastForwardChanged {  // OnFastForwardChanged
   bool possible;
 };
 /// Winding back became possible or impossible.
-struct FastReverseChanged {
+struct FastReverseChanged {  // OnFastRewindChanged
   bool possible;
 };
 /// Browsing became possible or impossible.
-struct BrowsingChanged {
+struct BrowsingChanged {  // OnSupportBrowserStatusChanged
   bool possible;
 };
 /// Another player of the phone is addressed.
-struct PlayerChanged {};
+struct PlayerChanged {};  // OnPlayerInfoChanged
 /// Items arrived: of the browsed folder, of a search or of the queue.
-struct BrowsedItemsChanged {};
+struct BrowsedItemsChanged {};  // OnBrowserMediaInfoChanged
 /// What came of a change of folder.
-struct FolderChanged {
+struct FolderChanged {  // OnCurBrowserPathChanged
   bool success;
 };
 /// Number of items in the browsed folder.
-struct FolderItemsCounted {
+struct FolderItemsCounted {  // OnBrowserFolderItemTotalChanged
   int total;
 };
 /// What came of Service::AddToNowPlaying.
-struct AddedToNowPlaying {
+struct AddedToNowPlaying {  // OnMediaItemToNowPlayingStatus
   bool success;
 };
 /// What came of Service::PlayItem.
-struct ItemPlayed {
+struct ItemPlayed {  // OnSendPlayItemStatus
   bool success;
 };
 
 // ----- Phone book and call logs
 
 /// A download began, ended or failed.
-struct DownloadChanged {
+struct DownloadChanged {  // OnPBDownloadStatus
   PbapStatus status;
   PbapType type;
 };
 /// Progress of a download, in entries.
-struct DownloadProgress {
+struct DownloadProgress {  // OnPbDownloadCountChanged
   int current;
   int total;
 };
 /// The call logs changed: ask for them with Service::CallLogs.
-struct CallLogsChanged {};
+struct CallLogsChanged {};  // OnBtCallLogListChanged
 /// What came of a deletion in the phone book.
-struct PhoneBookDeleted {
+struct PhoneBookDeleted {  // OnDeletePhoneBookChanged
   bool success;
 };
 /// A contact became a favourite or ceased to be one.
-struct FavoriteChanged {
+struct FavoriteChanged {  // OnContactFavoriteChanged
   int contactId;
   bool favorite;
 };
@@ -236,43 +237,43 @@ struct FavoriteChanged {
 // ----- Messages
 
 /// A download of messages began, ended or failed.
-struct MessageDownloadChanged {
+struct MessageDownloadChanged {  // OnMessageDownloadStatus
   MsgLoadStatus status;
 };
 /// Progress of a download, in messages.
-struct MessageDownloadProgress {
+struct MessageDownloadProgress {  // OnMessageDownloadCountChanged
   int current;
   int total;
 };
 /// Something happened to the message with this handle.
-struct MessageChanged {
+struct MessageChanged {  // OnMessageStatusNotify
   MsgStatus status;
   std::string handle;
 };
 /// What came of a change of a message's properties.
-struct MessagePropertySet {
+struct MessagePropertySet {  // OnMessageSetPropertyStatus
   SetMsgProStatus status;
 };
 
 // ----- Serial channels and input
 
 /// A serial channel was opened or closed.
-struct SppConnectionChanged {
+struct SppConnectionChanged {  // OnSppConnectStatus
   Address address;
   SupportType type;
   bool connected;
 };
 /// Bytes arrived.
-struct SppReceived {
+struct SppReceived {  // OnSppReceiveBufferChanged
   Address address;
   Bytes bytes;
 };
 /// What came of Service::SetHidCalibration.
-struct HidCalibrated {
+struct HidCalibrated {  // OnHIDCalibration
   bool success;
 };
 /// The link for input to a device changed.
-struct HidConnectionChanged {
+struct HidConnectionChanged {  // OnHIDConnection
   Address address;
   ConnStatus status;
 };

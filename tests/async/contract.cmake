@@ -8,7 +8,7 @@ add_custom_command(
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/derive.py ${CMAKE_SOURCE_DIR} ${async_derived}
   DEPENDS ${CMAKE_CURRENT_LIST_DIR}/derive.py ${CMAKE_CURRENT_LIST_DIR}/sources.py
           ${CMAKE_SOURCE_DIR}/ipc/D-Bus/com.zelk.linux.bluetooth.xml ${CMAKE_SOURCE_DIR}/include/btasync/Service.h
-          ${CMAKE_SOURCE_DIR}/include/btasync/Events.h ${CMAKE_SOURCE_DIR}/libbtasync/EventKinds.cpp
+          ${CMAKE_SOURCE_DIR}/include/btasync/Events.h ${CMAKE_SOURCE_DIR}/libbtasync/event_kinds.py
   COMMENT "Deriving the cases of libbtasync's tests"
   VERBATIM)
 add_custom_target(bt_test_async_lists DEPENDS ${async_derived}/async_requests.inc)

@@ -30,8 +30,8 @@ def events(source_dir):
     structures = sources.structures(source_dir)
     signals = dict(sources.wired_signals(source_dir))
     for name in structures:
-        if name not in signals:
-            sys.exit(f"derive.py: EventKinds.cpp has no BT_EVENT({name}, ...)")
+        if signals.get(name) is None:
+            sys.exit(f"derive.py: Events.h names no signal behind 'struct {name} {{'")
         yield f'BT_ASYNC_EVENT({name}, "{signals[name]}")'
 
 

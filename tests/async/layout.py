@@ -5,6 +5,9 @@ are compiled into applications: a member that moves breaks each of them, without
 Usage: layout.py [--update] COMPILER SOURCE_DIR
 
 The list is layout-64.txt beside this script, or layout-32.txt, by the size of the compiler's pointers. --update writes it.
+
+A class that is not in the list is new: no application has been compiled with it, and it may change until the version of
+the library does. The first line of the list is the version that it was written for.
 """
 
 import argparse
@@ -28,6 +31,10 @@ BROKEN = """
 The layout of libbtasync's headers has changed. Applications are compiled against the old one and would go wrong without
 an error: once a version with that layout has been released, this needs a new SONAME and inline namespace (SOVERSION in
 libbtasync/CMakeLists.txt; `inline namespace v0` in include/btasync and libbtasync). Then write the new list:
+    tests/async/layout.py --update COMPILER SOURCE_DIR
+with the compiler of the build, and with one for 32-bit ARM (arm-linux-gnueabihf-g++)."""
+OTHER_VERSION = """
+The list is that of another version: what was new then has been released. Write the new list:
     tests/async/layout.py --update COMPILER SOURCE_DIR
 with the compiler of the build, and with one for 32-bit ARM (arm-linux-gnueabihf-g++)."""
 
@@ -137,6 +144,23 @@ extern const long kLayout[] = {{sizeof(void*),
     return numbers[0] * 8, lines
 
 
+def version(source_dir):
+    text = pathlib.Path(source_dir, "libbtasync/CMakeLists.txt").read_text()
+    return "version " + re.search(r"^ +VERSION ([\d.]+)$", text, re.M).group(1)
+
+
+def name_of(line):
+    """The class that a line of the list is about, or its template."""
+    return re.match(r"\w+ (?:detail::)?(\w+)", line).group(1)
+
+
+def differences(listed, lines):
+    """What is not as it was: a line that is not there any more, or a further one about a class that was there."""
+    known = {name_of(line) for line in listed}
+    yield from (f"was: {line}" for line in listed if line not in lines)
+    yield from (f"is:  {line}" for line in lines if line not in listed and name_of(line) in known)
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--update", action="store_true")
@@ -146,18 +170,21 @@ def main():
     bits, lines = measured(options.compiler, options.source_dir)
     file = pathlib.Path(__file__).with_name(f"layout-{bits}.txt")
     if options.update:
-        file.write_text("\n".join(lines) + "\n")
+        file.write_text("\n".join([version(options.source_dir), *lines]) + "\n")
         return 0
-    listed = file.read_text().splitlines()
-    for line in listed:
-        if line not in lines:
-            print(f"was: {line}")
-    for line in lines:
-        if line not in listed:
-            print(f"is:  {line}")
+    listed_version, *listed = file.read_text().splitlines()
+    faults = list(differences(listed, lines))
+    for fault in faults:
+        print(fault)
+    for name in dict.fromkeys(map(name_of, lines)):
+        if name not in map(name_of, listed):
+            print(f"new: {name}")
     print(f"{len(lines)} entries, {bits} bits")
-    if listed != lines:
+    if faults:
         print(BROKEN)
+        return 1
+    if listed_version != version(options.source_dir):
+        print(OTHER_VERSION)
         return 1
     return 0
 

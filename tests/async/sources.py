@@ -2,7 +2,11 @@
 
 import pathlib
 import re
+import sys
 import xml.etree.ElementTree
+
+sys.path.append(str(pathlib.Path(__file__).parents[2] / "libbtasync"))
+import event_kinds
 
 XML = "ipc/D-Bus/com.zelk.linux.bluetooth.xml"
 
@@ -72,5 +76,5 @@ def structures(source_dir):
 
 
 def wired_signals(source_dir):
-    """Pairs of a structure and the signal that it comes from, as EventKinds.cpp has them."""
-    return re.findall(r"^BT_EVENT\((\w+), (\w+)\)", read(source_dir, "libbtasync/EventKinds.cpp"), re.M)
+    """Pairs of a structure and the signal that it comes from, as Events.h has them and EventKinds.cpp gets them."""
+    return list(event_kinds.signals_of_structures(read(source_dir, "include/btasync/Events.h")))
