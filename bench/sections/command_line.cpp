@@ -14,6 +14,7 @@
 #include "bench/harness/Rounds.h"
 #include "bench/sections/Sections.h"
 #include "glib/Owned.h"
+#include "protocol/BusNames.h"
 
 namespace {
 
@@ -61,9 +62,12 @@ void MeasureCommandLine(Report& report, Responder&) {
     return;
   }
   report.BeginSection("btctl", "the power status of the adapter, asked for with btctl and with busctl call");
-  const std::vector<std::string> call = {"--address=" + std::string(bus), "call",
-                                         "com.zelk.linux.bluetooth",      "/com/zelk/linux/bluetooth",
-                                         "com.zelk.linux.bluetooth",      "GetPowerStatus"};
+  const std::vector<std::string> call = {"--address=" + std::string(bus),
+                                         "call",
+                                         kServiceName,
+                                         kServicePath,
+                                         kServiceInterface,
+                                         "GetPowerStatus"};
   std::vector<std::vector<RunCost>> costs(2);
   const auto way = [&costs](std::size_t place, const std::string& program,
                             const std::vector<std::string>& arguments) {

@@ -4,13 +4,13 @@
 
 #include <unistd.h>
 
+#include "protocol/BusNames.h"
 #include "recorder/TupleMembers.h"
 #include "recorder/ZeroValue.h"
 #include "support/GlibHelpers.h"
 
 namespace {
 
-constexpr const char* kPath = "/com/zelk/linux/bluetooth";
 constexpr int kDiedOnPurpose = 9;
 
 }  // namespace
@@ -27,7 +27,7 @@ RecordingService::RecordingService(GDBusConnection* connection, GDBusInterfaceIn
     : m_connection(connection), m_interface(interface) {
   static const GDBusInterfaceVTable vtable = {OnCall, nullptr, nullptr, {}};
   OwnedError error;
-  g_dbus_connection_register_object(connection, kPath, interface, &vtable, this, nullptr, error.Out());
+  g_dbus_connection_register_object(connection, kServicePath, interface, &vtable, this, nullptr, error.Out());
   bttest::ThrowIfSet(error, "exporting the interface");
 }
 
@@ -62,7 +62,7 @@ GVariant* RecordingService::TakeCalls() {
 
 void RecordingService::Emit(const char* signal, GVariant* arguments) {
   OwnedError error;
-  g_dbus_connection_emit_signal(m_connection, nullptr, kPath, m_interface->name, signal, arguments,
+  g_dbus_connection_emit_signal(m_connection, nullptr, kServicePath, m_interface->name, signal, arguments,
                                 error.Out());
   bttest::ThrowIfSet(error, std::string("sending ") + signal);
 }

@@ -1,5 +1,5 @@
 # A recording Bluetooth service: a process of its own, driven by the tests, that knows of the interface only what
-# the XML says, and shares no code with the library or with btservice.
+# the XML says and the names on the bus, and shares no code with the library or with btservice.
 add_executable(bt_recorder
   recorder/RecorderControl.cpp
   recorder/RecordingService.cpp

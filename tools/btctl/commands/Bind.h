@@ -11,8 +11,8 @@
 #include "btctl/commands/FromText.h"
 #include "btctl/commands/ToJson.h"
 
-// How a facade method is called with texts. A hundred methods are bound by this, so what can be compiled once
-// is not in the header: how a value is read (FromText.cpp) and shown (ToJson.cpp), and what a Reply is.
+// How a facade method is called with texts. Every facade method is bound by this, so what can be compiled
+// once is not in the header: how a value is read (FromText.cpp) and shown (ToJson.cpp), and what a Reply is.
 
 namespace btctl {
 
