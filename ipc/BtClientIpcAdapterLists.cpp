@@ -82,7 +82,7 @@ int BtClientIpcAdapter::GetContactList(std::list<MWPTypeContact>& contacts) {
   if (!CallService(BT_CALL(get_contact_list), &result)) {
     return result;
   }
-  UnpackList(BT_REQUEST_SITE, SH_CONTACT_LIST, kSmallestContact, contacts, contacts.begin());
+  UnpackList(BT_REQUEST_SITE, SH_CONTACT_LIST, kSmallestRecord<MWPTypeContact>, contacts, contacts.begin());
   MWP_LOG(MWP_LOG_DEBUG, "BtClientIpcAdapter::GetContactList - BtClientIpcAdapter::GetContactList ---");
   return result;
 }
@@ -93,7 +93,8 @@ int BtClientIpcAdapter::GetFavContactList(std::list<MWPTypeContact>& contacts) {
   if (!CallService(BT_CALL(get_fav_contact_list), &result)) {
     return result;
   }
-  UnpackList(BT_REQUEST_SITE, SH_FAV_CONTACT_LIST, kSmallestContact, contacts, contacts.begin());
+  UnpackList(BT_REQUEST_SITE, SH_FAV_CONTACT_LIST, kSmallestRecord<MWPTypeContact>, contacts,
+             contacts.begin());
   MWP_LOG(MWP_LOG_DEBUG, "BtClientIpcAdapter::GetFavContactList ---");
   return result;
 }
@@ -102,7 +103,7 @@ int BtClientIpcAdapter::GetFavContactList(std::list<MWPTypeContact>& contacts) {
 int BtClientIpcAdapter::GetCallLogList(CallLogType type, std::list<MWPTypeCallLog>& logs) {
   gboolean result = 1;
   if (CallService(BT_CALL(get_call_log_list), AsByte(type), &result)) {
-    UnpackList(BT_REQUEST_SITE, SH_CALL_LOG_LIST, kSmallestCallLog, logs, logs.end());
+    UnpackList(BT_REQUEST_SITE, SH_CALL_LOG_LIST, kSmallestRecord<MWPTypeCallLog>, logs, logs.end());
   }
   return result;
 }

@@ -15,15 +15,6 @@ namespace {
 
 using segment::Fault;
 
-template <typename Record>
-constexpr std::size_t kSmallest = 0;
-template <>
-constexpr std::size_t kSmallest<MWPTypeContact> = kSmallestContact;
-template <>
-constexpr std::size_t kSmallest<MWPTypeCallLog> = kSmallestCallLog;
-template <>
-constexpr std::size_t kSmallest<MWPTypeDevice> = kSmallestDevice;
-
 SegmentReader ReaderOf(const SegmentCopy& copy) {
   return SegmentReader(copy.bytes.data(), copy.bytes.data() + copy.bytes.size());
 }
@@ -52,7 +43,7 @@ template <typename Record>
 const unsigned char* EndOfList(const unsigned char* begin, const unsigned char* end) {
   SegmentReader reader(begin, end);
   int count = 0;
-  if (segment::ReadCount(reader, kSmallest<Record>, count) != segment::kNoFault) {
+  if (segment::ReadCount(reader, kSmallestRecord<Record>, count) != segment::kNoFault) {
     return end;
   }
   for (; count > 0; --count) {
@@ -67,7 +58,7 @@ template <typename Record>
 Answer<DecodedList<Record>> DecodeList(ShareMemID id, const SegmentCopy& copy) {
   SegmentReader reader = ReaderOf(copy);
   int count = 0;
-  if (const Fault fault = segment::ReadCount(reader, kSmallest<Record>, count)) {
+  if (const Fault fault = segment::ReadCount(reader, kSmallestRecord<Record>, count)) {
     return Bad(id, 0, 0, fault);
   }
   DecodedList<Record> list;
@@ -104,7 +95,7 @@ Answer<std::vector<MWPTypeDevice>> DecodePairedDevices(const SegmentCopy& copy) 
 Answer<MWPTypeCallInfo> DecodeCurrentCalls(const SegmentCopy& copy) {
   SegmentReader reader = ReaderOf(copy);
   MWPTypeCallInfo info;
-  if (const Fault fault = segment::ReadCount(reader, kSmallestCallSlot, info.nCallCount)) {
+  if (const Fault fault = segment::ReadCount(reader, kSmallestRecord<MWPTypeCallSlot>, info.nCallCount)) {
     return Bad(SH_CALL_INFO_LIST, 0, 0, fault);
   }
   int number = 1;

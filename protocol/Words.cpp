@@ -1,5 +1,7 @@
 #include "protocol/Words.h"
 
+#include "protocol/NumberType.h"
+
 const char* EnumWords::WordFor(int value) const {
   for (const EnumWord& word : m_words) {
     if (word.value == value) {
@@ -10,6 +12,8 @@ const char* EnumWords::WordFor(int value) const {
 }
 
 const EnumWords& NumberTypeWords() {
-  static const EnumWords words("number type", {{0, "other"}, {1, "mobile"}, {2, "home"}, {3, "work"}});
+  static const EnumWords words(
+      "number type",
+      {{NUMBER_OTHER, "other"}, {NUMBER_MOBILE, "mobile"}, {NUMBER_HOME, "home"}, {NUMBER_WORK, "work"}});
   return words;
 }

@@ -2,10 +2,10 @@
 #define IPC_SHAREMEMORY_SEGMENTRECORDS_H
 
 #include <cstddef>
-#include <iterator>
 #include <list>
 #include <new>
 #include <string>
+#include <tuple>
 
 #include "ipc/ShareMemory/SegmentReader.h"
 #include "protocol/Records.h"
@@ -78,21 +78,29 @@ inline Fault ReadNumberGroup(SegmentReader& reader, MWPTypeContactNumber& group)
   return kNoFault;
 }
 
+inline bool ReadInteger(SegmentReader& reader, int& value) { return reader.ReadInt(value); }
+
+/// Reads an integer as an enumerator. One that the list does not have is passed on.
+template <typename Enumeration>
+bool ReadInteger(SegmentReader& reader, Enumeration& enumerator) {
+  int value = 0;
+  if (!reader.ReadInt(value)) {
+    return false;
+  }
+  enumerator = static_cast<Enumeration>(value);
+  return true;
+}
+
 /// Reads the items with which a record begins. The integers come first in the segment, wherever the record
 /// has them.
 template <typename Record>
 Fault ReadItems(SegmentReader& reader, Record& record) {
-  for (const auto integer : RecordItems<Record>::kIntegers) {
-    if (!reader.ReadInt(record.*integer)) {
-      return kIntCutOff;
-    }
+  const auto readIntegers = [&](const auto... items) { return (ReadInteger(reader, record.*items) && ...); };
+  if (!std::apply(readIntegers, RecordItems<Record>::kIntegers)) {
+    return kIntCutOff;
   }
-  for (const auto text : RecordItems<Record>::kTexts) {
-    if (!reader.ReadString(record.*text)) {
-      return kTextWithoutEnd;
-    }
-  }
-  return kNoFault;
+  const auto readTexts = [&](const auto... items) { return (reader.ReadString(record.*items) && ...); };
+  return std::apply(readTexts, RecordItems<Record>::kTexts) ? kNoFault : kTextWithoutEnd;
 }
 
 inline Fault ReadRecord(SegmentReader& reader, MWPTypeContact& contact) {
@@ -111,30 +119,13 @@ inline Fault ReadRecord(SegmentReader& reader, MWPTypeCallLog& log) { return Rea
 
 inline Fault ReadRecord(SegmentReader& reader, MWPTypeCallSlot& slot) { return ReadItems(reader, slot); }
 
-/// Reads an integer as an enumerator. One that the list does not have is passed on.
-template <typename Enumeration>
-bool ReadEnumerator(SegmentReader& reader, Enumeration& enumerator) {
-  int value = 0;
-  if (!reader.ReadInt(value)) {
-    return false;
-  }
-  enumerator = static_cast<Enumeration>(value);
-  return true;
-}
-
-inline Fault ReadRecord(SegmentReader& reader, MWPTypeDevice& device) {
-  if (!ReadEnumerator(reader, device.eProfileId) || !ReadEnumerator(reader, device.eEnableProfileId) ||
-      !ReadEnumerator(reader, device.eConnectStatus) || !ReadEnumerator(reader, device.eSupportType)) {
-    return kIntCutOff;
-  }
-  return reader.ReadString(device.strAddr) && reader.ReadString(device.strName) ? kNoFault : kTextWithoutEnd;
-}
+inline Fault ReadRecord(SegmentReader& reader, MWPTypeDevice& device) { return ReadItems(reader, device); }
 
 /// Goes behind the items with which a record begins.
 template <typename Record>
 Fault SkipItems(SegmentReader& reader) {
   int unused = 0;
-  for (std::size_t i = 0; i < std::size(RecordItems<Record>::kIntegers); ++i) {
+  for (std::size_t i = 0; i < std::tuple_size_v<decltype(RecordItems<Record>::kIntegers)>; ++i) {
     if (!reader.ReadInt(unused)) {
       return kIntCutOff;
     }

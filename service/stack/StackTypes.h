@@ -8,6 +8,8 @@
 
 #include <bluetooth/MWPBtType.h>
 
+#include "protocol/NumberType.h"
+
 namespace btservice {
 
 // The enumerations of the interface are the vocabulary of the whole service.
@@ -30,9 +32,6 @@ struct ConnectionState {
   ConnStatus status = BT_CONN_DISCONNECTED;
   std::string address;
 };
-
-/// Kinds of telephone number in a contact.
-enum NumberType : int { NUMBER_OTHER = 0, NUMBER_MOBILE = 1, NUMBER_HOME = 2, NUMBER_WORK = 3 };
 
 /// The numbers of one kind in a contact.
 struct ContactNumbers {

@@ -23,7 +23,7 @@ ROOMS = {
     "libbtasync": "include/bluetooth include/btasync glib protocol ipc/ShareMemory/Segment",
     "qt": "include/btasync",
     "service/time": "",
-    "service/stack": "include/bluetooth",
+    "service/stack": "include/bluetooth protocol",
     "service/files": "protocol service/time",
     "service/phonebook": "glib service/files service/stack",
     "service/reports": "service/stack service/time",

@@ -2,31 +2,22 @@
 
 #include <algorithm>
 
-#include "ipc/ShareMemory/SegmentReader.h"
+#include "ipc/ShareMemory/SegmentRecords.h"
 #include "protocol/Address.h"
-#include "service/stack/StackTypes.h"
+#include "service/frontend/segments/Records.h"
 
 namespace btservice {
 namespace {
 
-constexpr int kCallSlots = 2;
 constexpr int kMostCalls = 3;  ///< two, and one that waits
 
-bool ReadInts(SegmentReader& reader, std::initializer_list<int*> values) {
-  return std::all_of(values.begin(), values.end(), [&](int* value) { return reader.ReadInt(*value); });
+bool IsCall(const CallInfo& call) {
+  return call.id > 0 && call.status > BT_CALL_IDLE && call.status <= BT_CALL_RESPONSE_HELD;
 }
 
-bool SkipTexts(SegmentReader& reader, int count) {
-  std::string text;
-  for (int i = 0; i < count; ++i) {
-    if (!reader.ReadString(text)) {
-      return false;
-    }
-  }
-  return true;
+bool IsConnectedOrOnTheWay(ConnStatus status) {
+  return status == BT_CONN_CONNECTED || status == BT_CONN_CONNECTING || status == BT_CONN_DISCONNECTING;
 }
-
-bool IsCall(int id, int status) { return id > 0 && status > BT_CALL_IDLE && status <= BT_CALL_RESPONSE_HELD; }
 
 bool Contains(const std::vector<int>& values, int value) {
   return std::find(values.begin(), values.end(), value) != values.end();
@@ -41,15 +32,16 @@ std::vector<int> ReadCallIds(const std::uint8_t* memory, std::size_t size) {
   if (!reader.ReadInt(count) || count < 1 || count > kMostCalls) {
     return ids;
   }
-  for (int slot = 0; slot < std::min(count, kCallSlots); ++slot) {
-    int id = 0;
-    int status = 0;
-    int other = 0;
-    if (!ReadInts(reader, {&id, &status, &other, &other, &other}) || !IsCall(id, status) ||
-        Contains(ids, id) || !SkipTexts(reader, 3)) {
+  for (int number = 0; number < std::min(count, static_cast<int>(kCallSlots)); ++number) {
+    MWPTypeCallSlot slot;
+    if (segment::ReadRecord(reader, slot) != segment::kNoFault) {
       return ids;
     }
-    ids.push_back(id);
+    const CallInfo call = CallOf(slot);
+    if (!IsCall(call) || Contains(ids, call.id)) {
+      return ids;
+    }
+    ids.push_back(call.id);
   }
   // There are more calls than slots. A new call gets the smallest number that is free.
   for (int id = 1; static_cast<int>(ids.size()) < count; ++id) {
@@ -66,15 +58,12 @@ std::vector<std::string> ReadConnectedDevices(const std::uint8_t* memory, std::s
   int count = 0;
   reader.ReadInt(count);
   for (int i = 0; i < count; ++i) {
-    int status = 0;
-    int other = 0;
-    std::string address;
-    if (!ReadInts(reader, {&other, &other, &status, &other}) || !reader.ReadString(address) ||
-        !IsBluetoothAddress(address) || !SkipTexts(reader, 1)) {
+    MWPTypeDevice device;
+    if (segment::ReadRecord(reader, device) != segment::kNoFault || !IsBluetoothAddress(device.strAddr)) {
       break;
     }
-    if (status == BT_CONN_CONNECTED || status == BT_CONN_CONNECTING || status == BT_CONN_DISCONNECTING) {
-      addresses.push_back(address);
+    if (IsConnectedOrOnTheWay(device.eConnectStatus)) {
+      addresses.push_back(device.strAddr);
     }
   }
   return addresses;

@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "protocol/Records.h"
 #include "service/frontend/segments/TextCut.h"
 
 namespace btservice {
@@ -80,6 +79,19 @@ void PackRecord(ListWriter& writer, const CallLogEntry& entry) {
   record.strText4 = entry.time;
   record.strText5 = std::to_string(entry.seconds);  // how long was spoken
   PutRecord(writer, record);
+}
+
+CallInfo CallOf(const MWPTypeCallSlot& slot) {
+  CallInfo call;
+  call.id = slot.nValue1;
+  call.status = static_cast<CallStatus>(slot.nValue2);
+  call.incoming = slot.nValue3 != 0;
+  call.multiparty = slot.nValue4 != 0;
+  call.seconds = slot.nValue5;
+  call.number = slot.strText1;
+  call.name = slot.strText2;
+  call.deviceAddress = slot.strText3;
+  return call;
 }
 
 PackedCallTable PackCallTable(const std::vector<CallInfo>& calls, std::size_t capacity) {

@@ -4,7 +4,7 @@
 #include <array>
 #include <vector>
 
-#include "protocol/ListWriter.h"
+#include "protocol/Records.h"
 #include "service/stack/StackTypes.h"
 
 namespace btservice {
@@ -34,12 +34,15 @@ ListWriter PackList(const std::vector<Record>& records, std::size_t capacity) {
 
 /// The contents of SH_CALL_INFO_LIST.
 struct PackedCallTable {
-  Bytes contents;                      ///< empty: there has been none yet
-  std::array<std::size_t, 2> seconds;  ///< where the seconds of each slot lie
+  Bytes contents;                               ///< empty: there has been none yet
+  std::array<std::size_t, kCallSlots> seconds;  ///< where the seconds of each slot lie
 };
 
 /// SH_CALL_INFO_LIST: the number of calls, then always two slots, of which unused ones are empty.
 PackedCallTable PackCallTable(const std::vector<CallInfo>& calls, std::size_t capacity);
+
+/// What a slot says of a call. Nothing is checked.
+CallInfo CallOf(const MWPTypeCallSlot& slot);
 
 }  // namespace btservice
 
