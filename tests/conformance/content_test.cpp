@@ -38,6 +38,37 @@ TEST_F(ContentTest, TheContactsAreThoseOfThePhone) {
   EXPECT_THAT(numbers, ElementsAre("+49170555", "+4930555"));
 }
 
+/// Waits until a list has so many contacts; the id of the first.
+int FirstOf(MWPBtPbap& book, int (MWPBtPbap::*list)(std::list<MWPTypeContact>&), std::size_t count) {
+  int id = -1;
+  EXPECT_TRUE(Eventually([&] {
+    std::list<MWPTypeContact> contacts;
+    (book.*list)(contacts);
+    id = contacts.empty() ? -1 : contacts.front().nContactId;
+    return contacts.size() == count;
+  }));
+  return id;
+}
+
+TEST_F(ContentTest, TheFavouritesAreThoseThatWereChosen) {
+  ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
+  const int count = car.book.GetContactCount();
+  ASSERT_GT(count, 0);
+  const int id = FirstOf(car.book, &MWPBtPbap::GetContactList, static_cast<std::size_t>(count));
+  EXPECT_NE(car.book.SetContactFavorite(id, 1), 0);
+  EXPECT_EQ(FirstOf(car.book, &MWPBtPbap::GetFavContactList, 1), id);
+  EXPECT_NE(car.book.SetContactFavorite(id, 0), 0);
+  FirstOf(car.book, &MWPBtPbap::GetFavContactList, 0);
+}
+
+TEST_F(ContentTest, NothingIsLeftOfContactsThatWereDeleted) {
+  ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
+  ASSERT_GT(car.book.GetContactCount(), 0);
+  EXPECT_NE(car.book.ClearContact(), 0);
+  EXPECT_TRUE(Eventually([&] { return car.book.GetContactCount() == 0; }));
+  FirstOf(car.book, &MWPBtPbap::GetContactList, 0);
+}
+
 TEST_F(ContentTest, TheCallLogIsThatOfThePhone) {
   CONFORMANCE_NEEDS("AddCallLog");
   ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());

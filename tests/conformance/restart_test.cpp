@@ -39,6 +39,19 @@ TEST_F(RestartTest, OneThatIsBackTakesRequestsAgain) {
   EXPECT_TRUE(car.Hears("OnOpenBtStatusChanged", {ValueText::Of(BT_POWER_OFF)}));
 }
 
+TEST_F(RestartTest, ASettingIsKept) {
+  const int other = car.com.GetCapability(BT_CAP_AUTO_ANSWER) == 0 ? 1 : 0;
+  EXPECT_NE(car.com.SetCapability(BT_CAP_AUTO_ANSWER, other), 0);
+  ASSERT_TRUE(car.Hears("OnBtCapabilityChanged"));
+  EXPECT_EQ(car.EndService(), 0);
+  car.StartService();
+  ASSERT_TRUE(Eventually([&] {
+    car.com.SetPower(1);
+    return car.com.GetPowerStatus() == BT_POWER_ON;
+  }));
+  EXPECT_EQ(car.com.GetCapability(BT_CAP_AUTO_ANSWER), other);
+}
+
 TEST_F(RestartTest, OneThatEndsInGoodOrderReportsItBeforehand) {
   ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
   car.Forget();

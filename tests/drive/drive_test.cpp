@@ -1,5 +1,6 @@
 // An hour on the road, run fast: eight applications, each a process of its own, a phone that calls, plays and
-// gets lost, and a service that is killed and comes back.
+// gets lost, and a service that is killed and comes back. It needs simulated time, and looks into processes;
+// what it shows of a restart is in tests/conformance too.
 
 #include <algorithm>
 #include <csignal>

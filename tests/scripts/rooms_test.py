@@ -33,10 +33,13 @@ ROOMS = {
                    "service/time",
     "service/simulation/world": "protocol platform service/files service/phonebook service/simulation service/stack "
                                 "service/time",
-    "service/simulation/controls": "glib ipc/ShareMemory service/files service/frontend service/phonebook "
+    # Its objects on the bus are bound to functions as those of the frontend are, and stand between it and its answers.
+    "service/simulation/controls": "glib ipc/ShareMemory service/files service/frontend/AnswerGate "
+                                   "service/frontend/MethodBinder service/frontend/WireLimits service/phonebook "
                                    "service/simulation service/time",
-    "service/simulation": "glib protocol platform service/app service/phonebook service/reports service/stack "
-                          "service/time",
+    # A stack is plugged into a service by what StackProvider.h says.
+    "service/simulation": "glib protocol platform service/app/StackProvider service/app/ExitCodes service/app/Exported "
+                          "service/phonebook service/reports service/stack service/time",
     "tools/btctl": "include/bluetooth glib protocol",
     "tools/btctl/composed/Devices": "include/bluetooth include/btasync tools/btctl",  # what libbt does not have
     "examples": "include/bluetooth include/btasync",

@@ -1,4 +1,5 @@
-// The service's side of the contract: every method is answered, nothing else of the library is used.
+// The service's side of the contract: every method is answered, nothing else of the library is used. It looks
+// at the wire and at the executable, which tests/conformance cannot see: that knows the library alone.
 
 #include <algorithm>
 #include <set>

@@ -1,4 +1,5 @@
-// What the running service keeps in the shared segments.
+// What the running service keeps in the shared segments: the memory itself, and what becomes of segments that
+// somebody removes or spoils. What an application reads out of them is in tests/conformance.
 
 #include <csignal>
 #include <cstring>
