@@ -3,6 +3,7 @@
 #include <btasync/Service.h>
 
 #include "libbtasync/EventKind.h"
+#include "libbtasync/SignalOf.h"
 #include "libbtasync/Wire.h"
 
 namespace btasync {
@@ -10,8 +11,9 @@ inline namespace v0 {
 namespace detail {
 namespace {
 
-template <typename Signal, typename Event>
+template <typename Event>
 bool DecodeSignal(GVariant* values, EventSink& sink) {
+  using Signal = wire::SignalOf<Event>;
   if (!wire::Fits<Signal>(values)) {
     return false;
   }
@@ -28,11 +30,11 @@ BTASYNC_API const EventKind& KindOf<Availability>() {
   return kKind;
 }
 
-#define BT_EVENT(Event, Signal)                                                               \
-  template <>                                                                                 \
-  BTASYNC_API const EventKind& KindOf<Event>() {                                              \
-    static constexpr EventKind kKind{wire::Signal::name, &DecodeSignal<wire::Signal, Event>}; \
-    return kKind;                                                                             \
+#define BT_EVENT(Event, Signal)                                                \
+  template <>                                                                  \
+  BTASYNC_API const EventKind& KindOf<Event>() {                               \
+    static constexpr EventKind kKind{wire::Signal::name, DecodeSignal<Event>}; \
+    return kKind;                                                              \
   }
 
 #include "EventKinds.inc"  // generated from Events.h

@@ -8,17 +8,21 @@ inline namespace v0 {
 using wire::Ask;
 using wire::AskFor;
 
-// clang-format off
-Request<> Service::StartPhoneBookDownload(PbapType type) { return Ask<wire::StartPhoneBookDownload>(*this, type); }
+Request<> Service::StartPhoneBookDownload(PbapType type) {
+  return Ask<wire::StartPhoneBookDownload>(*this, type);
+}
 Request<> Service::StopPhoneBookDownload() { return Ask<wire::StopPhoneBookDownload>(*this); }
 Request<int> Service::GetContactCount() { return AskFor<int, wire::GetContactCount>(*this); }
 Request<> Service::DeleteContact(int contactId) { return Ask<wire::DeleteContactById>(*this, contactId); }
 Request<> Service::DeleteContacts() { return Ask<wire::ClearContact>(*this); }
-Request<> Service::SetContactFavorite(int contactId, bool favorite) { return Ask<wire::SetContactFavorite>(*this, contactId, favorite); }
-Request<int> Service::GetCallLogCount(CallLogType type) { return AskFor<int, wire::GetCallLogCount>(*this, type); }
+Request<> Service::SetContactFavorite(int contactId, bool favorite) {
+  return Ask<wire::SetContactFavorite>(*this, contactId, favorite);
+}
+Request<int> Service::GetCallLogCount(CallLogType type) {
+  return AskFor<int, wire::GetCallLogCount>(*this, type);
+}
 Request<> Service::DeleteCallLog(int logId) { return Ask<wire::DeleteCallLogById>(*this, logId); }
 Request<> Service::DeleteCallLogs(CallLogType type) { return Ask<wire::ClearCallLog>(*this, type); }
-// clang-format on
 
 }  // namespace v0
 }  // namespace btasync

@@ -22,7 +22,7 @@ def main():
     signals = {signal.get("name") for signal in ElementTree.parse(interface).getroot().iter("signal")}
     for structure, signal in signals_of_structures(pathlib.Path(header).read_text()):
         if signal is None:
-            sys.exit(f"{header}: behind 'struct {structure} {{' the signal that it comes from is missing: // OnSomething")
+            sys.exit(f"{header}: the signal that {structure} comes from is missing: struct {structure} {{  // OnX")
         if signal not in signals:
             sys.exit(f"{header}: {structure} comes from {signal}, which is no signal of {interface}")
         print(f"BT_EVENT({structure}, {signal})")

@@ -90,15 +90,18 @@ inline constexpr RequestOutcome kAll[] = {
 
     {"SetScanAction", 1, "OnScanStatusChanged", {}, {Is(0, BT_SCAN_SCANNING)}, {}},
     {"SetScanAction", 0, "OnScanStatusChanged", {}, {Is(0, BT_SCAN_IDLE)}, {}},
-    {"Pair", kAnyFirst, "OnPairStatusChanged", {IsArgument(2, 0)}, {Is(0, BT_PAIR_PAIRED)}, {Is(0, BT_PAIR_FAILED)}},
-    {"SetDeviceOOBLinkKey", kAnyFirst, "OnSetDeviceOOBLinkKeyChanged", {IsArgument(0, 0)}, {Is(1, 1)}, {Is(1, 0)}},
+    {"Pair", kAnyFirst, "OnPairStatusChanged", {IsArgument(2, 0)}, {Is(0, BT_PAIR_PAIRED)},
+     {Is(0, BT_PAIR_FAILED)}},
+    {"SetDeviceOOBLinkKey", kAnyFirst, "OnSetDeviceOOBLinkKeyChanged", {IsArgument(0, 0)}, {Is(1, 1)},
+     {Is(1, 0)}},
     {"RequestAndroidAutoPairing", kAnyFirst, "OnAndroidAutoPairingResponse", {}, {}, {}},
 
     {"Connect", kAnyFirst, "OnConnectStatusChanged", kConnection, {Is(2, BT_CONN_CONNECTED)},
      {Is(2, BT_CONN_FAILED), Is(2, BT_CONN_DISCONNECTED), Is(2, BT_CONN_LINK_LOST)}},
     {"DisConnect", kAnyFirst, "OnConnectStatusChanged", kConnection, {Is(2, BT_CONN_DISCONNECTED)}, {}},
     // What was connected is disconnected first.
-    {"ReConnect", kAnyFirst, "OnConnectStatusChanged", kConnection, {Is(2, BT_CONN_CONNECTED)}, {Is(2, BT_CONN_FAILED)}},
+    {"ReConnect", kAnyFirst, "OnConnectStatusChanged", kConnection, {Is(2, BT_CONN_CONNECTED)},
+     {Is(2, BT_CONN_FAILED)}},
     {"EnableProfile", kAnyFirst, "OnBtProfileEnableStatusChanged", {}, kYes, {}},
     {"DisableProfile", kAnyFirst, "OnBtProfileEnableStatusChanged", {}, kNo, {}},
     {"DeletePairDevice", kAnyFirst, "OnDeletePairStatusChanged", {}, kYes, kNo},
@@ -125,7 +128,8 @@ inline constexpr RequestOutcome kAll[] = {
     {"PlayItem", kAnyFirst, "OnSendPlayItemStatus", {}, kYes, kNo},
     {"AddMediaItemToNowPlaying", kAnyFirst, "OnMediaItemToNowPlayingStatus", {}, kYes, kNo},
 
-    {"StartPhoneBookDownload", kAnyFirst, "OnPBDownloadStatus", {IsArgument(1, 0)}, {Is(0, BT_PBAP_COMPLETED)},
+    {"StartPhoneBookDownload", kAnyFirst, "OnPBDownloadStatus", {IsArgument(1, 0)},
+     {Is(0, BT_PBAP_COMPLETED)},
      {Is(0, BT_PBAP_STOPPED), Is(0, BT_PBAP_FAILED), Is(0, BT_PBAP_REFUSED)}},
     {"StopPhoneBookDownload", kAnyFirst, "OnPBDownloadStatus", {}, {Is(0, BT_PBAP_STOPPED)}, {}},
     {"SetContactFavorite", kAnyFirst, "OnContactFavoriteChanged", {IsArgument(0, 0)}, {IsArgument(1, 1)}, {}},

@@ -30,7 +30,10 @@ bt_add_test(NAME async_race
   LIBS btasync
   LABELS async concurrency)
 if(BT_BUILD_SIMULATION)
-  bt_add_test(NAME async_simulated SOURCES lists_simulated_test.cpp outcomes_simulated_test.cpp ../fuzz/Records.cpp LIBS btasync LABELS async)
+  bt_add_test(NAME async_simulated
+    SOURCES lists_simulated_test.cpp outcomes_simulated_test.cpp ../fuzz/Records.cpp
+    LIBS btasync
+    LABELS async)
   target_compile_definitions(async_simulated PRIVATE
     BTTEST_WORLD="${CMAKE_SOURCE_DIR}/tests/system/service_values_world.json"
     BTTEST_BIG_WORLD="${CMAKE_SOURCE_DIR}/service/simulation/worlds/big-phonebook.json")
@@ -58,7 +61,8 @@ if(BT_VALGRIND AND NOT BT_SANITIZE AND NOT CMAKE_CROSSCOMPILING)
     COMMAND ${CMAKE_COMMAND} -E env BTTEST_IN_SANDBOX=1 BTTEST_WALK_SEED=4 BTTEST_WALK_STEPS=500 G_SLICE=always-malloc
             ${CMAKE_SOURCE_DIR}/script/sandbox --service empty
             ${BT_VALGRIND} --quiet --error-exitcode=9 --num-callers=30 --leak-check=full
-            --show-leak-kinds=definite,indirect --errors-for-leak-kinds=definite,indirect $<TARGET_FILE:async_walk_test>)
+            --show-leak-kinds=definite,indirect --errors-for-leak-kinds=definite,indirect
+            $<TARGET_FILE:async_walk_test>)
   set_tests_properties(async_memcheck/TheWalkTouchesNothingThatIsGoneAndLeavesNothing PROPERTIES
     TIMEOUT 300 LABELS async)
 endif()

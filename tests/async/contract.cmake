@@ -40,7 +40,8 @@ if(NOT BT_SANITIZE)  # which adds names of its own
             ${CMAKE_SOURCE_DIR})
 endif()
 add_test(NAME async_soname/TheLibraryIsLibbtasyncSo010WithTheSonameLibbtasyncSo0
-  COMMAND sh -c "test -f $<TARGET_FILE_DIR:btasync>/libbtasync.so.0.1.0 && readelf -d $<TARGET_FILE:btasync> | grep -q 'SONAME.*\\[libbtasync\\.so\\.0\\]'")
+  COMMAND sh -c "test -f $<TARGET_FILE_DIR:btasync>/libbtasync.so.0.1.0 \
+             && readelf -d $<TARGET_FILE:btasync> | grep -q 'SONAME.*\\[libbtasync\\.so\\.0\\]'")
 
 # A list for each size of a pointer: this build's, and that of the head unit.
 bt_add_source_test(NAME async_layout/IsThatOfTheList

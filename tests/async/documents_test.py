@@ -60,7 +60,8 @@ def check_examples(compiler, source_dir):
 def main():
     compiler, source_dir = sys.argv[1:]
     page = sources.read(source_dir, "docs/second-door.md")
-    faults = [*check_requests(page, source_dir), *check_reasons(page, source_dir), *check_examples(compiler, source_dir)]
+    faults = [*check_requests(page, source_dir), *check_reasons(page, source_dir),
+              *check_examples(compiler, source_dir)]
     for fault in faults:
         print(fault)
     return 1 if faults else 0

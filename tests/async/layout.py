@@ -27,6 +27,8 @@ INSTANCES = {
 # The records of the first library's headers that are passed by value here.
 RECORDS = ["MWPTypeDevice", "MWPTypeContact", "MWPTypeContactNumber", "MWPTypeCallLog", "MWPTypeCallSlot",
            "MWPTypeCallInfo", "MWPTypeMediaInfo", "MWPTypePlayMode"]
+# How a declaration begins that is none of a member.
+NO_MEMBER = re.compile(r"(using|friend|typedef|static|enum|struct|class|template)\b")
 BROKEN = """
 The layout of libbtasync's headers has changed. Applications are compiled against the old one and would go wrong without
 an error: once a version with that layout has been released, this needs a new SONAME and inline namespace (SOVERSION in
@@ -56,7 +58,7 @@ def members(body):
         while re.search(r"<[^<>]*>", declaration):
             declaration = re.sub(r"<[^<>]*>", "", declaration)
         declaration = " ".join(declaration.split("=")[0].split())
-        if "(" in declaration or "operator" in declaration or re.match(r"(using|friend|typedef|static|enum|struct|class|template)\b", declaration):
+        if "(" in declaration or "operator" in declaration or NO_MEMBER.match(declaration):
             continue
         if match := re.fullmatch(r"[\w:&* ]+[ *&](\w+)", declaration):
             yield match.group(1)
@@ -125,8 +127,8 @@ template <typename T> using L = T;
 extern const long kLayout[] = {{sizeof(void*),
 {values}}};
 """
-    command = [*compiler.split(), "-std=c++20", "-S", "-O0", "-g0", "-o", "-", "-fno-access-control", "-Wno-invalid-offsetof",
-               "-I", str(pathlib.Path(source_dir, "include")), "-x", "c++", "-"]
+    command = [*compiler.split(), "-std=c++20", "-S", "-O0", "-g0", "-o", "-", "-fno-access-control",
+               "-Wno-invalid-offsetof", "-I", str(pathlib.Path(source_dir, "include")), "-x", "c++", "-"]
     result = subprocess.run(command, input=source, text=True, capture_output=True)
     if result.returncode != 0:
         sys.exit(f"layout.py: {result.stderr}")

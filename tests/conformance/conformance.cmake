@@ -8,7 +8,8 @@ bt_add_test(NAME conformance
   LABELS conformance)
 target_compile_definitions(conformance PRIVATE BTTEST_WITNESS="${CMAKE_SOURCE_DIR}/tests/contract/witness.txt")
 if(BT_BUILD_SIMULATION)
-  target_compile_definitions(conformance PRIVATE BTCONFORMANCE_WORLD="${CMAKE_SOURCE_DIR}/tests/service/everything.json")
+  target_compile_definitions(conformance PRIVATE
+    BTCONFORMANCE_WORLD="${CMAKE_SOURCE_DIR}/tests/service/everything.json")
   add_dependencies(conformance btservice)
 endif()
 

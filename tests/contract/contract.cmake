@@ -2,7 +2,8 @@ include(${CMAKE_CURRENT_LIST_DIR}/derived.cmake)
 
 add_library(bt_test_contract STATIC contract/AdapterCalls.cpp contract/WireValues.cpp contract/Witness.cpp)
 target_compile_definitions(bt_test_contract PRIVATE BTTEST_WITNESS="${CMAKE_CURRENT_LIST_DIR}/witness.txt")
-target_link_libraries(bt_test_contract PUBLIC bt_test_derived bt_test_support bt_internal PRIVATE bt_warnings GTest::gtest)
+target_link_libraries(bt_test_contract PUBLIC bt_test_derived bt_test_support bt_internal
+                                       PRIVATE bt_warnings GTest::gtest)
 target_precompile_headers(bt_test_contract REUSE_FROM bt_test_headers)
 include(${CMAKE_CURRENT_LIST_DIR}/events.cmake)
 
@@ -25,7 +26,8 @@ bt_add_source_test(NAME contract_public_headers/EachCompilesOnItsOwnAsCxx11AndNe
 bt_add_source_test(NAME contract_enumerations/EveryValueFitsInOneByteAndCountingStartsAtZero
   Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/enumerations_test.py ${CMAKE_SOURCE_DIR}/include)
 add_test(NAME contract_soname/TheLibraryIsLibbtSo100WithTheSonameLibbtSo1
-  COMMAND sh -c "test -f $<TARGET_FILE_DIR:bt>/libbt.so.1.0.0 && readelf -d $<TARGET_FILE:bt> | grep -q 'SONAME.*\\[libbt\\.so\\.1\\]'")
+  COMMAND sh -c "test -f $<TARGET_FILE_DIR:bt>/libbt.so.1.0.0 \
+             && readelf -d $<TARGET_FILE:bt> | grep -q 'SONAME.*\\[libbt\\.so\\.1\\]'")
 
 if(BT_BUILD_SIMULATION)
   bt_add_test(NAME contract_interface SOURCES interface_test.cpp)

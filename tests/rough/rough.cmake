@@ -4,7 +4,8 @@ if(BT_TEST_SERVICE AND BT_BUILD_SIMULATION)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
   set(rough ${CMAKE_SOURCE_DIR}/script/sandbox --service $<TARGET_FILE:btservice> dbus-run-session --
             ${Python3_EXECUTABLE})
-  file(GLOB worlds CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/service/simulation/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/../service/*.json)
+  file(GLOB worlds CONFIGURE_DEPENDS
+     ${CMAKE_SOURCE_DIR}/service/simulation/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/../service/*.json)
   list(FILTER worlds EXCLUDE REGEX "schema\\.json$")
   set(interfaces ${CMAKE_SOURCE_DIR}/service/simulation/com.zelk.linux.bluetooth.sim.xml
                  ${CMAKE_SOURCE_DIR}/ipc/D-Bus/com.zelk.linux.bluetooth.xml)

@@ -46,7 +46,8 @@ std::string WorldWithoutPause(const bttest::TemporaryDirectory& directory) {
   std::string path = directory.Path() / "without-pause.json";
   std::ofstream(path) << R"({
     "format": 1,
-    "devices": [{"address": "00:1A:7D:DA:71:13", "name": "Phone", "profiles": ["hfp"], "paired": true, "phone": {}}],
+    "devices": [{"address": "00:1A:7D:DA:71:13", "name": "Phone", "profiles": ["hfp"], "paired": true,
+                 "phone": {}}],
     "timeline": [
       {"atMs": 1000, "do": "connect", "device": "00:1A:7D:DA:71:13", "profile": "hfp"},
       {"atMs": 5000, "everyMs": 1, "do": "signal", "device": "00:1A:7D:DA:71:13", "bars": 1},

@@ -67,7 +67,8 @@ target_compile_definitions(service_system_test PRIVATE
 add_dependencies(service_system_test btservice listening_client)
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
-file(GLOB worlds CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/service/simulation/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/*.json)
+file(GLOB worlds CONFIGURE_DEPENDS
+     ${CMAKE_SOURCE_DIR}/service/simulation/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/*.json)
 bt_add_source_test(NAME service_seam/TheSimulationAnswersEveryRequestByItself
   Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/seam_test.py ${CMAKE_SOURCE_DIR}/service)
 set_tests_properties(service_seam/TheSimulationAnswersEveryRequestByItself PROPERTIES LABELS service)

@@ -135,8 +135,8 @@ TEST_F(StateFileTest, NoPairingIsForgottenInAWorldWhoseAdapterRemembersFewer) {
 TEST_F(StateFileTest, ALinkToTheFileStaysALink) {
   std::filesystem::create_directory(directory.Path() / "deep");
   std::filesystem::create_symlink("../elsewhere.json", Path());
-  std::ofstream(directory.Path() / "elsewhere.json")
-      << R"({"format": 1, "attributes": {"name": "n", "pin": "1", "classOfDevice": "340408", "downloadFolder": "/"},
+  std::ofstream(directory.Path() / "elsewhere.json") << R"({"format": 1,
+            "attributes": {"name": "n", "pin": "1", "classOfDevice": "340408", "downloadFolder": "/"},
             "paired": []})";
   StateFile file(Path());
   RestoreFrom(file, world);
@@ -187,7 +187,8 @@ TEST_F(UnusableStateFileTest, AFileWithoutSenseIsLeftAsItIs) {
       {R"({"format": 1, )" + attributes + R"(, "paired": [{"address": "x", "name": "y"}]})",
        ":1: paired[0].address: expected a Bluetooth address such as 00:1A:7D:DA:71:13, got 'x'"},
       {R"({"format": 1, )" + attributes +
-           R"(, "paired": [{"address": "00:1A:7D:DA:71:13", "name": "y"}, {"address": "00:1a:7d:da:71:13", "name": "z"}]})",
+           R"(, "paired": [{"address": "00:1A:7D:DA:71:13", "name": "y"}, )"
+           R"({"address": "00:1a:7d:da:71:13", "name": "z"}]})",
        ":1: paired[1].address: expected one of its own, got that of paired[0]"},
       {R"({"format": 1, )" + attributes + R"(, "paired": [], "more": 1})",
        ":1: more: there is no such member"},

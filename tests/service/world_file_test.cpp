@@ -69,7 +69,8 @@ TEST_F(WorldFileTest, WhatIsSaidIsTaken) {
                 "messages": [{"handle": "AB12", "text": "Hi"}]},
       "phoneBook": {"contacts": [{"firstName": "Ada", "numbers": [
         {"number": "1"}, {"type": "home", "number": "2"}, {"number": "3"}]}], "generate": 2},
-      "music": {"folders": [{"uid": "f", "name": "F", "tracks": [{"uid": "t", "title": "T", "lengthMs": 5}]}]},
+      "music": {"folders": [
+        {"uid": "f", "name": "F", "tracks": [{"uid": "t", "title": "T", "lengthMs": 5}]}]},
       "serial": {"script": {"VERSION?": "1.4"}}
     }],
     "timeline": [{"atMs": 2000, "everyMs": 10, "do": "call", "device": "00:1A:7D:DA:71:13", "number": "112"}]
