@@ -15,7 +15,7 @@ class CallAudioModelTest : public ModelTest {
     ConnectDevice(kSmartphone, BT_PROFILE_HFP);
   }
   CallControl& Calls() { return Stack().Calls(); }
-  Outside& Controls() { return Stack().FromOutside(); }
+  Outside& FromOutside() { return Stack().FromOutside(); }
   std::vector<AudioStatus> Audio() const { return log.Values(&CallAudioChanged::status); }
 };
 
@@ -29,14 +29,14 @@ TEST_F(CallAudioModelTest, TheSoundOfACallComesToTheHeadUnit) {
 }
 
 TEST_F(CallAudioModelTest, ThePhonesOwnRingToneIsHeard) {
-  Controls().Call(kSmartphone, "112");
+  FromOutside().Call(kSmartphone, "112");
   Pass(world.delays.callAudio);
   EXPECT_THAT(Audio(), ElementsAre(BT_AUDIO_CONNECTING, BT_AUDIO_CONNECTED));
 }
 
 TEST_F(CallAudioModelTest, ButNotIfTheHeadUnitHasItsOwn) {
   Stack().Adapter().SetCapability(BT_CAP_LOCAL_RING, 1);
-  Controls().Call(kSmartphone, "112");
+  FromOutside().Call(kSmartphone, "112");
   Pass(1s);
   EXPECT_THAT(Audio(), IsEmpty());
   Calls().Accept();
@@ -89,7 +89,7 @@ TEST_F(CallAudioModelTest, VoiceRecognitionStartsAndStops) {
 TEST_F(CallAudioModelTest, ACallEndsVoiceRecognition) {
   Calls().StartVoiceRecognition();
   Pass(world.delays.voice);
-  Controls().Call(kSmartphone, "112");
+  FromOutside().Call(kSmartphone, "112");
   EXPECT_THAT(log.Values(&VoiceRecognitionChanged::running), ElementsAre(true, false));
   Calls().StartVoiceRecognition();
   Pass(1s);
@@ -99,7 +99,7 @@ TEST_F(CallAudioModelTest, ACallEndsVoiceRecognition) {
 TEST_F(CallAudioModelTest, LosingThePhoneEndsVoiceRecognition) {
   Calls().StartVoiceRecognition();
   Pass(world.delays.voice);
-  Controls().LoseLink(kSmartphone);
+  FromOutside().LoseLink(kSmartphone);
   EXPECT_THAT(log.Values(&VoiceRecognitionChanged::running), ElementsAre(true, false));
   Calls().StartVoiceRecognition();
   Pass(1s);
@@ -120,10 +120,10 @@ TEST_F(PhoneStatusModelTest, APhoneTellsOfItsNetworkWhenItConnects) {
 }
 
 TEST_F(PhoneStatusModelTest, ChangesAtThePhoneAreReported) {
-  EXPECT_TRUE(Controls().SetSignal(kSmartphone, 1));
-  EXPECT_TRUE(Controls().SetBattery(kSmartphone, 2));
-  EXPECT_TRUE(Controls().SetRoaming(kSmartphone, true));
-  EXPECT_TRUE(Controls().SetOperator(kSmartphone, ""));
+  EXPECT_TRUE(FromOutside().SetSignal(kSmartphone, 1));
+  EXPECT_TRUE(FromOutside().SetBattery(kSmartphone, 2));
+  EXPECT_TRUE(FromOutside().SetRoaming(kSmartphone, true));
+  EXPECT_TRUE(FromOutside().SetOperator(kSmartphone, ""));
   EXPECT_THAT(log.Values(&SignalChanged::bars), ElementsAre(1));
   EXPECT_THAT(log.Values(&BatteryChanged::bars), ElementsAre(2));
   EXPECT_THAT(log.Values(&RoamingChanged::roaming), ElementsAre(true));
@@ -132,15 +132,15 @@ TEST_F(PhoneStatusModelTest, ChangesAtThePhoneAreReported) {
 }
 
 TEST_F(PhoneStatusModelTest, ThoseOfAPhoneThatIsNotInUseAreNot) {
-  EXPECT_TRUE(Controls().SetBattery(kOldPhone, 1));
+  EXPECT_TRUE(FromOutside().SetBattery(kOldPhone, 1));
   EXPECT_EQ(log.Count<BatteryChanged>(), 0U);
-  EXPECT_FALSE(Controls().SetBattery(kNobody, 1));
-  EXPECT_FALSE(Controls().SetBattery(kSmartphone, 6));
-  EXPECT_FALSE(Controls().SetSignal(kSmartphone, -1));
+  EXPECT_FALSE(FromOutside().SetBattery(kNobody, 1));
+  EXPECT_FALSE(FromOutside().SetBattery(kSmartphone, 6));
+  EXPECT_FALSE(FromOutside().SetSignal(kSmartphone, -1));
 }
 
 TEST_F(PhoneStatusModelTest, WithoutAPhoneThereIsNoNetwork) {
-  Controls().LoseLink(kSmartphone);
+  FromOutside().LoseLink(kSmartphone);
   EXPECT_THAT(log.Values(&MobileServiceChanged::available), ElementsAre(false));
   EXPECT_THAT(log.Values(&SignalChanged::bars), ElementsAre(0));
 }

@@ -22,7 +22,7 @@ class CallModelTest : public ModelTest {
   virtual void PrepareWorld() {}
 
   CallControl& Calls() { return Stack().Calls(); }
-  Outside& Controls() { return Stack().FromOutside(); }
+  Outside& FromOutside() { return Stack().FromOutside(); }
   std::vector<CallStatus> StatesOf(int callId) const {
     std::vector<CallStatus> states;
     for (const CallChanged& change : log.Of<CallChanged>()) {
@@ -34,7 +34,7 @@ class CallModelTest : public ModelTest {
   }
   /// One call, answered.
   void Talk() {
-    ASSERT_TRUE(Controls().Call(kSmartphone, kNumber));
+    ASSERT_TRUE(FromOutside().Call(kSmartphone, kNumber));
     ASSERT_TRUE(Calls().Accept());
   }
 };
@@ -74,13 +74,13 @@ TEST_F(CallModelTest, HangingUpEndsTheCall) {
 
 TEST_F(CallModelTest, TheOtherEndHangsUp) {
   Talk();
-  EXPECT_TRUE(Controls().HangUp(kSmartphone, 1));
+  EXPECT_TRUE(FromOutside().HangUp(kSmartphone, 1));
   EXPECT_THAT(Calls().Calls(), IsEmpty());
-  EXPECT_FALSE(Controls().HangUp(kSmartphone, 1));
+  EXPECT_FALSE(FromOutside().HangUp(kSmartphone, 1));
 }
 
 TEST_F(CallModelTest, AnIncomingCallIsAccepted) {
-  EXPECT_TRUE(Controls().Call(kSmartphone, kNumber));
+  EXPECT_TRUE(FromOutside().Call(kSmartphone, kNumber));
   EXPECT_EQ(Calls().Calls()[0].status, BT_CALL_INCOMING);
   EXPECT_TRUE(Calls().Calls()[0].incoming);
   EXPECT_TRUE(Calls().Accept());
@@ -89,14 +89,14 @@ TEST_F(CallModelTest, AnIncomingCallIsAccepted) {
 }
 
 TEST_F(CallModelTest, AnIncomingCallIsRejected) {
-  Controls().Call(kSmartphone, kNumber);
+  FromOutside().Call(kSmartphone, kNumber);
   EXPECT_TRUE(Calls().Reject());
   EXPECT_THAT(StatesOf(1), ElementsAre(BT_CALL_INCOMING, BT_CALL_IDLE));
   EXPECT_FALSE(Calls().Reject());
 }
 
 TEST_F(CallModelTest, AnIncomingCallThatNobodyAcceptsEnds) {
-  Controls().Call(kSmartphone, kNumber);
+  FromOutside().Call(kSmartphone, kNumber);
   Pass(world.delays.ringTimeout - 1ms);
   EXPECT_EQ(Calls().Calls().size(), 1U);
   Pass(1ms);
@@ -104,25 +104,25 @@ TEST_F(CallModelTest, AnIncomingCallThatNobodyAcceptsEnds) {
 }
 
 TEST_F(CallModelTest, ABusyNumberEndsTheCall) {
-  Controls().SetCalledParty(kSmartphone, CalledParty::BUSY, 0ms);
+  FromOutside().SetCalledParty(kSmartphone, CalledParty::BUSY, 0ms);
   Calls().Dial("112");
   Pass(world.delays.dial);
   EXPECT_THAT(StatesOf(1), ElementsAre(BT_CALL_DIALING, BT_CALL_IDLE));
 }
 
 TEST_F(CallModelTest, NobodyAnswersAtTheOtherEnd) {
-  Controls().SetCalledParty(kSmartphone, CalledParty::NO_ANSWER, 0ms);
+  FromOutside().SetCalledParty(kSmartphone, CalledParty::NO_ANSWER, 0ms);
   Calls().Dial("112");
   Pass(world.delays.dial + world.delays.ringTimeout);
   EXPECT_THAT(StatesOf(1), ElementsAre(BT_CALL_DIALING, BT_CALL_ALERTING, BT_CALL_IDLE));
 }
 
 TEST_F(CallModelTest, SomebodyAnswersEarly) {
-  Controls().SetCalledParty(kSmartphone, CalledParty::NO_ANSWER, 0ms);
+  FromOutside().SetCalledParty(kSmartphone, CalledParty::NO_ANSWER, 0ms);
   Calls().Dial("112");
-  EXPECT_FALSE(Controls().AnswerCall(kSmartphone));
+  EXPECT_FALSE(FromOutside().AnswerCall(kSmartphone));
   Pass(world.delays.dial);
-  EXPECT_TRUE(Controls().AnswerCall(kSmartphone));
+  EXPECT_TRUE(FromOutside().AnswerCall(kSmartphone));
   EXPECT_EQ(Calls().Calls()[0].status, BT_CALL_ACTIVE);
   Pass(world.delays.ringTimeout);
   EXPECT_EQ(Calls().Calls().size(), 1U);
@@ -146,13 +146,13 @@ TEST_F(CallModelTest, WithoutAPhoneThereIsNoCall) {
   Stack().Devices().Disconnect(kSmartphone, BT_PROFILE_HFP);
   Pass(world.delays.disconnect);
   EXPECT_FALSE(Calls().Dial("112"));
-  EXPECT_FALSE(Controls().Call(kSmartphone, kNumber));
+  EXPECT_FALSE(FromOutside().Call(kSmartphone, kNumber));
   EXPECT_FALSE(Calls().OwnNumber());
 }
 
 TEST_F(CallModelTest, LosingThePhoneEndsItsCalls) {
   Talk();
-  Controls().LoseLink(kSmartphone);
+  FromOutside().LoseLink(kSmartphone);
   EXPECT_THAT(StatesOf(1), ElementsAre(BT_CALL_INCOMING, BT_CALL_ACTIVE, BT_CALL_IDLE));
   EXPECT_THAT(Calls().Calls(), IsEmpty());
 }
@@ -190,7 +190,7 @@ TEST_F(CallModelTest, ThePhoneTellsItsNumber) { EXPECT_EQ(Calls().OwnNumber(), "
 
 TEST_F(CallModelTest, TheRingToneRingsForAnIncomingCallOnly) {
   EXPECT_FALSE(Calls().PlayRingtone());
-  Controls().Call(kSmartphone, kNumber);
+  FromOutside().Call(kSmartphone, kNumber);
   EXPECT_TRUE(Calls().PlayRingtone());
   EXPECT_TRUE(Calls().StopRingtone());
   EXPECT_FALSE(Calls().StopRingtone());
@@ -211,7 +211,7 @@ class AutoAnswerTest : public CallModelTest {
 };
 
 TEST_F(AutoAnswerTest, AnIncomingCallIsAcceptedWithoutAsking) {
-  Controls().Call(kSmartphone, kNumber);
+  FromOutside().Call(kSmartphone, kNumber);
   Pass(world.delays.autoAnswer);
   EXPECT_THAT(StatesOf(1), ElementsAre(BT_CALL_INCOMING, BT_CALL_ACTIVE));
 }
@@ -221,7 +221,7 @@ class AutoRejectTest : public CallModelTest {
 };
 
 TEST_F(AutoRejectTest, AnIncomingCallIsRejectedWithoutAsking) {
-  Controls().Call(kSmartphone, kNumber);
+  FromOutside().Call(kSmartphone, kNumber);
   Pass(world.delays.hangUp);
   EXPECT_THAT(StatesOf(1), ElementsAre(BT_CALL_INCOMING, BT_CALL_IDLE));
 }

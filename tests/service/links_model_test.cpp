@@ -120,13 +120,13 @@ TEST_F(MessageModelTest, LosingThePhoneFailsTheDownload) {
 
 TEST_F(MessageModelTest, WhatHappensToMessagesIsReported) {
   ConnectDevice(kSmartphone, BT_PROFILE_HFP);
-  Outside& controls = Stack().FromOutside();
-  EXPECT_TRUE(controls.SendMessage(kSmartphone, {"42", "Ben", "Hi"}));
-  EXPECT_TRUE(controls.SetMessageProperty(kSmartphone, "42", true));
-  EXPECT_TRUE(controls.SetMessageProperty(kSmartphone, "42", false));
-  EXPECT_TRUE(controls.ChangeMessage(kSmartphone, "42", BT_MSG_DELETED));
-  EXPECT_FALSE(controls.ChangeMessage(kSmartphone, "42", BT_MSG_DELETED));
-  EXPECT_FALSE(controls.SetMessageProperty(kSmartphone, "none", true));
+  Outside& outside = Stack().FromOutside();
+  EXPECT_TRUE(outside.SendMessage(kSmartphone, {"42", "Ben", "Hi"}));
+  EXPECT_TRUE(outside.SetMessageProperty(kSmartphone, "42", true));
+  EXPECT_TRUE(outside.SetMessageProperty(kSmartphone, "42", false));
+  EXPECT_TRUE(outside.ChangeMessage(kSmartphone, "42", BT_MSG_DELETED));
+  EXPECT_FALSE(outside.ChangeMessage(kSmartphone, "42", BT_MSG_DELETED));
+  EXPECT_FALSE(outside.SetMessageProperty(kSmartphone, "none", true));
   EXPECT_THAT(log.Values(&MessageNotified::status), ElementsAre(BT_MSG_NEW, BT_MSG_DELETED));
   EXPECT_THAT(log.Values(&MessageNotified::handle), ElementsAre("42", "42"));
   EXPECT_THAT(log.Values(&MessagePropertySet::status), ElementsAre(BT_MSG_SET_OK, BT_MSG_SET_FAILED));
@@ -143,13 +143,13 @@ TEST_F(MessageModelTest, AMessageThatComesMeanwhileIsFetchedLater) {
 
 TEST_F(MessageModelTest, APhoneHasRoomForAThousandMessagesAndLosesTheOldest) {
   ConnectDevice(kSmartphone, BT_PROFILE_HFP);
-  Outside& controls = Stack().FromOutside();
+  Outside& outside = Stack().FromOutside();
   for (int number = 1; number <= 1001; ++number) {
-    controls.SendMessage(kSmartphone, {std::to_string(number), "Ben", "Hi"});
+    outside.SendMessage(kSmartphone, {std::to_string(number), "Ben", "Hi"});
   }
-  EXPECT_FALSE(controls.ChangeMessage(kSmartphone, "1", BT_MSG_DELETED));
-  EXPECT_TRUE(controls.ChangeMessage(kSmartphone, "2", BT_MSG_DELETED));
-  EXPECT_TRUE(controls.ChangeMessage(kSmartphone, "1001", BT_MSG_DELETED));
+  EXPECT_FALSE(outside.ChangeMessage(kSmartphone, "1", BT_MSG_DELETED));
+  EXPECT_TRUE(outside.ChangeMessage(kSmartphone, "2", BT_MSG_DELETED));
+  EXPECT_TRUE(outside.ChangeMessage(kSmartphone, "1001", BT_MSG_DELETED));
 }
 
 class OutsideModelTest : public SerialModelTest {};
