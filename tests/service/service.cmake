@@ -69,9 +69,8 @@ add_dependencies(service_system_test btservice listening_client)
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 file(GLOB worlds CONFIGURE_DEPENDS
      ${CMAKE_SOURCE_DIR}/service/simulation/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/*.json)
-bt_add_source_test(NAME service_seam/TheSimulationAnswersEveryRequestByItself
+bt_add_source_test(NAME service_seam/TheSimulationAnswersEveryRequestByItself LABEL service
   Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/seam_test.py ${CMAKE_SOURCE_DIR}/service)
-set_tests_properties(service_seam/TheSimulationAnswersEveryRequestByItself PROPERTIES LABELS service)
 
 add_test(NAME service_world_schema/AnotherValidatorAgreesAboutWorlds
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/world_schema_test.py
