@@ -11,7 +11,7 @@ endif()
 
 # What SECURITY.md says of each reader is what a test shows.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
-add_test(NAME documents/EachTestThatSecurityNamesIsThere
-  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/security_test.py ${CMAKE_SOURCE_DIR})
-add_test(NAME documents/TheChangelogHasItsForm
-  COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/changelog_test.py ${CMAKE_SOURCE_DIR})
+bt_add_source_test(NAME documents/EachTestThatSecurityNamesIsThere
+  Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/security_test.py ${CMAKE_SOURCE_DIR})
+bt_add_source_test(NAME documents/TheChangelogHasItsForm
+  Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/changelog_test.py ${CMAKE_SOURCE_DIR})
