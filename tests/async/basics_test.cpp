@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "glib/Owned.h"
+#include "protocol/BusNames.h"
 #include "tests/async/AsyncFixture.h"
 
 namespace {
@@ -55,6 +57,46 @@ TEST_F(BasicsTest, DeliversTheEventsThatAreSubscribed) {
   recorder.Emit("OnScanedDeviceChanged", g_variant_new("(ssy)", "00:1A:7D:DA:71:13", "Ada's phone", 1));
   ASSERT_TRUE(bttest::RunUntil([&] { return !found.empty(); }));
   EXPECT_THAT(found, ElementsAre("00:1A:7D:DA:71:13 Ada's phone 1"));
+}
+
+/// Which events of the service the bus has been asked to deliver, to whomever.
+std::vector<std::string> EventsThatTheBusDelivers() {
+  const OwnedObject<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+  const OwnedVariant answer(g_dbus_connection_call_sync(
+      connection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus.Debug.Stats",
+      "GetAllMatchRules", nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
+  if (answer == nullptr) {
+    throw std::runtime_error("this bus daemon does not say what it delivers");
+  }
+  const OwnedText text(g_variant_print(answer.get(), FALSE));
+  const std::string rules = text.get();
+  const std::string ofTheService = std::string("interface='") + kServiceInterface + "'";
+  const std::string member = "member='";
+  std::vector<std::string> events;
+  for (std::size_t at = 0; (at = rules.find(ofTheService, at)) != std::string::npos; ++at) {
+    const std::size_t name = rules.find(member, at) + member.size();
+    events.push_back(rules.substr(name, rules.find('\'', name) - name));
+  }
+  return events;
+}
+
+TEST_F(BasicsTest, LetsTheBusDeliverOnlyWhatSomebodyHasSubscribed) {
+  const auto delivered = [&] {
+    EXPECT_TRUE(Wait(service.GetPowerStatus()).Accepted());  // the bus knows all that it was told before
+    return EventsThatTheBusDelivers();
+  };
+  EXPECT_THAT(delivered(), testing::IsEmpty());
+  Scope one;
+  Scope other;
+  service.On<PowerChanged>(one, [](const PowerChanged&) {});
+  EXPECT_THAT(delivered(), ElementsAre("OnOpenBtStatusChanged"));
+  service.On<PowerChanged>(other, [](const PowerChanged&) {});
+  service.On<ScanChanged>(other, [](const ScanChanged&) {});
+  EXPECT_THAT(delivered(), testing::UnorderedElementsAre("OnOpenBtStatusChanged", "OnScanStatusChanged"));
+  one.Clear();
+  EXPECT_THAT(delivered(), testing::UnorderedElementsAre("OnOpenBtStatusChanged", "OnScanStatusChanged"));
+  other.Clear();
+  EXPECT_THAT(delivered(), testing::IsEmpty());
 }
 
 TEST_F(BasicsTest, CallsNothingOnceTheScopeIsGone) {
