@@ -89,6 +89,8 @@ Outcome<Event> Follow(Service& service, Request<> request, std::function<Verdict
 // Each of these makes the request of Service that its comment names, with the same arguments. Those that wait
 // for a person or for a long transfer have a deadline of their own, which is named; the others have the
 // service's.
+//
+// Service::Play, Pause and BrowseScope have none: where nothing changes, no event reports that they are done.
 
 // ----- Adapter
 

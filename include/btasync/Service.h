@@ -161,7 +161,8 @@ class BTASYNC_API Service {
   Request<> SetAutoConnect(bool on);
   /// Allows all profiles to be connected (EnableProfile). Then ProfilesEnabledChanged.
   Request<> EnableProfiles();
-  /// Disconnects the profiles of a device and keeps them from being connected (DisableProfile).
+  /// Disconnects the profiles of a device and keeps them from being connected (DisableProfile). Then
+  /// ProfilesEnabledChanged.
   Request<> DisableProfiles(const Address& address);
   Request<> EnterTestMode();
 
@@ -255,6 +256,7 @@ class BTASYNC_API Service {
   Request<bool> GetAudioIsPrivacy();
   /// Starts the voice recognition of the phone. Then VoiceRecognitionChanged.
   Request<> StartVoiceRecognition();
+  /// Ends it. Then VoiceRecognitionChanged.
   Request<> StopVoiceRecognition();
   /// The phone's own number (GetCurrentMobilePhoneNumber); refused if it is not known.
   Request<std::string> GetOwnNumber();

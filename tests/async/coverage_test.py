@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Compares the interface description with libbtasync: each method is called by exactly one member of Service, the one
 that the header names, and each signal becomes exactly one structure of Events.h. No two requests have the same name.
+Each request after which an event comes has an outcome.
 
 Usage: coverage_test.py SOURCE_DIR
 """
@@ -14,6 +15,12 @@ import sources
 
 # What the library leaves out: name -> the reason. Nothing.
 EXCEPTIONS = {}
+# Requests that have no outcome although an event comes after them: name -> the reason.
+WITHOUT_OUTCOME = {
+    "Play": "a player that plays already reports nothing",
+    "Pause": "likewise",
+    "BrowseScope": "items that are there already are not reported again",
+}
 
 
 def check_methods(source_dir):
@@ -58,6 +65,21 @@ def check_names(source_dir):
     yield from (f"{count} requests are named {name}" for name, count in collections.Counter(names).items() if count > 1)
 
 
+def check_outcomes(source_dir):
+    methods = sources.methods(source_dir)
+    brackets = sources.requests(source_dir)
+    with_outcome = set(re.findall(r'^ +\{"(\w+)", ', sources.read(source_dir, "protocol/Outcomes.h"), re.M))
+    for member, comment in sources.comments(source_dir).items():
+        method = sources.documented_method(member, brackets[member], methods)
+        has_event = re.search(r"\bThen [A-Z]\w+", comment) is not None
+        if has_event != (method in with_outcome or member in WITHOUT_OUTCOME):
+            yield (f"Service::{member}: its comment names {'an' if has_event else 'no'} event that comes after it, and "
+                   f"protocol/Outcomes.h has {'none' if has_event else 'one'}")
+        if member in WITHOUT_OUTCOME and method in with_outcome:
+            yield f"{member} is an exception and has an outcome"
+    yield from (f"{name} is no request" for name in sorted(WITHOUT_OUTCOME.keys() - brackets.keys()))
+
+
 def check_signals(source_dir):
     signals = sources.signals(source_dir)
     structures = sources.structures(source_dir).keys()
@@ -80,11 +102,13 @@ def check_signals(source_dir):
 
 def main():
     source_dir = sys.argv[1]
-    faults = [*check_methods(source_dir), *check_names(source_dir), *check_signals(source_dir)]
+    faults = [*check_methods(source_dir), *check_names(source_dir), *check_outcomes(source_dir),
+              *check_signals(source_dir)]
     for fault in faults:
         print(fault)
     methods, signals = sources.methods(source_dir), sources.signals(source_dir)
-    print(f"{len(methods)} methods, {len(signals)} signals, {len(EXCEPTIONS)} exceptions")
+    print(f"{len(methods)} methods, {len(signals)} signals, {len(EXCEPTIONS)} exceptions, "
+          f"{len(WITHOUT_OUTCOME)} requests without an outcome")
     return 0 if methods and signals and not faults else 1
 
 

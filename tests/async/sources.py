@@ -38,13 +38,16 @@ def read(source_dir, name):
     return pathlib.Path(source_dir, name).read_text()
 
 
+def comments(source_dir):
+    """The members of Service that make a request: name -> the comment, in one line."""
+    text = read(source_dir, "include/btasync/Service.h")
+    return {name: re.sub(r"\s*\n\s*///\s*", " ", comment) for comment, name in
+            re.findall(r"((?:^  ///.*\n)*)^  Request<(?:[^;(]*)> (\w+)\(", text, re.M)}
+
+
 def requests(source_dir):
     """The members of Service that make a request: name -> the names of service calls in its comment's brackets."""
-    text = read(source_dir, "include/btasync/Service.h")
-    found = {}
-    for comment, name in re.findall(r"((?:^  ///.*\n)*)^  Request<(?:[^;(]*)> (\w+)\(", text, re.M):
-        found[name] = re.findall(r"\((\w+)\)", re.sub(r"\s*\n\s*///\s*", " ", comment))
-    return found
+    return {name: re.findall(r"\((\w+)\)", comment) for name, comment in comments(source_dir).items()}
 
 
 def documented_method(name, in_brackets, all_methods):
