@@ -31,6 +31,12 @@ def paragraph(text):
     return [("\\&" if line[0] in ".'" else "") + line for line in lines]
 
 
+def words(values):
+    """Lines of plain words, none of which is broken, not even at a hyphen."""
+    whole = ", ".join("\\%" + value.replace("-", "\\-") for value in values) + "."
+    return textwrap.wrap(whole, 79, break_long_words=False, break_on_hyphens=False)
+
+
 def argument(text):
     """One argument of a macro."""
     text = escaped(text).replace('"', "\\(dq")

@@ -3,7 +3,7 @@ import collections
 import re
 
 import documents
-from mdoc import argument, code, items, joined, macro, markdown, paragraph
+from mdoc import argument, code, items, joined, macro, markdown, paragraph, words
 from pages import head, see_also
 
 
@@ -26,9 +26,14 @@ def usage_of(entry):
 def explained(entry):
     name = f"Fl {argument(entry['name'][1:])}" + (f" Ar {argument(entry['value'])}" if entry["value"] else "") \
         if entry.get("isOption", True) else f"Ar {argument(entry['name'])}"
-    words = entry.get("values") and set(entry["help"].split(", ")) == set(entry["values"])
+    one_of = "one of " if entry.get("values") and names_values(entry) else ""
     preset = f" (default {entry['preset']})" if entry.get("preset") else ""
-    return name, paragraph(("one of " if words else "") + entry["help"] + preset)
+    return name, paragraph(one_of + entry["help"] + preset)
+
+
+def names_values(entry):
+    """Whether its help is the list of the values that it may have."""
+    return set(entry["help"].split(", ")) == set(entry["values"])
 
 
 class Btctl:
@@ -49,6 +54,13 @@ class Btctl:
                    for entry in command["arguments"]}
         return items([explained(entry) for use, entry in entries.items() if use in self.common])
 
+    def values(self):
+        """The values that the help does not list: the names of events and of controls."""
+        values = {entry["name"]: entry["values"] for command in self.description["commands"]
+                  for entry in command["arguments"] if entry["values"] and not names_values(entry)}
+        return [line for name, known in values.items()
+                for line in [macro("Ss", "Values", "of", name), *words(known)]]
+
     def groups(self):
         """The commands under headings: those of one word first, then each group."""
         commands = self.description["commands"]
@@ -68,9 +80,9 @@ class Btctl:
         return lines
 
     def command(self, command):
-        words = " ".join(argument(word) for word in command["path"].split())
+        path = " ".join(argument(word) for word in command["path"].split())
         own = [explained(entry) for entry in command["arguments"] if (entry["name"], entry["help"]) not in self.common]
-        title = " ".join([f"Cm {words}", *[usage_of(entry) for entry in command["arguments"]]])
+        title = " ".join([f"Cm {path}", *[usage_of(entry) for entry in command["arguments"]]])
         return title, joined([sentence(command["help"]), *([items(own)] if own else [])])
 
 
@@ -87,6 +99,7 @@ def btctl(description, tree, date):
         ".Ss Options", *page.options(),
         ".Ss Arguments of many commands", *page.arguments(),
         *page.commands(),
+        *page.values(),
         ".Ss Requests and their results", *markdown(documents.section(document, "Requests and their results")),
         ".Ss The shell", *markdown(documents.section(document, "The shell")),
         ".Ss JSON", *paragraph("With `--json`, every line on standard output and on standard error is one JSON object. "

@@ -58,6 +58,9 @@ class ThePages(unittest.TestCase):
             self.assertRegex(page, re.escape(f" {command['command']} ") + r"[^:]{0,80}?" + re.escape(command["help"]))
             for argument in command["arguments"]:
                 self.assertIn(argument.strip("[]"), page)
+        events = [json.loads(line)["event"] for line in run(BUILD / "bin/btctl", "events", "--json").stdout.splitlines()]
+        self.assertIn(f"Values of EVENT {', '.join(sorted(events))}.", page)
+        self.assertRegex(page, r"Values of CONTROL [\w, -]*\blose-link\b")
         for option, text in re.findall(r"^  (?:-h,)?(--[\w-]+)(?: [A-Z]+)? +([^.,(\n]+)",
                                        run(BUILD / "bin/btctl", "--help").stdout, re.MULTILINE):
             self.assertRegex(page, f"{option} .*?{re.escape(' '.join(text.split()))}")
