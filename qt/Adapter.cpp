@@ -1,6 +1,7 @@
 #include "Adapter.h"
 
 #include "BtService.h"
+#include "Changes.h"
 #include "Texts.h"
 
 namespace btqt {

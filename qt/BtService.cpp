@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Changes.h"
 #include "LoopBridge.h"
 
 namespace btqt {

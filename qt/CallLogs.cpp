@@ -1,6 +1,8 @@
 #include "CallLogs.h"
 
 #include "BtService.h"
+#include "Changes.h"
+#include "KeyedModel.h"
 #include "Texts.h"
 
 namespace btqt {
@@ -23,6 +25,14 @@ CallLogs::CallLogs(BtService& service)
   show(now(), btasync::PART_LOGS);
 }
 
+RowsModel* CallLogs::all() const { return m_all; }
+
+RowsModel* CallLogs::incoming() const { return m_incoming; }
+
+RowsModel* CallLogs::outgoing() const { return m_outgoing; }
+
+RowsModel* CallLogs::missed() const { return m_missed; }
+
 CallLogs::Model* CallLogs::makeModel() {
   return new Model([](const Log& log) { return QString::number(log.nLogId); },
                    {{"logId", [](const Log& log) { return QVariant(log.nLogId); }},
@@ -37,12 +47,11 @@ CallLogs::Model* CallLogs::makeModel() {
 }
 
 void CallLogs::show(const btasync::State& state, unsigned /*parts*/) {
-  std::vector<Model::RowPointer> all;
+  std::vector<Model::RowPointer> all = toRows(state.logs.logs);
   std::vector<Model::RowPointer> ofType[Missed + 1];
-  for (const Log& log : state.logs.logs) {
-    all.push_back(std::make_shared<const Log>(log));
-    if (log.nValue2 >= Incoming && log.nValue2 <= Missed) {
-      ofType[log.nValue2].push_back(all.back());
+  for (const Model::RowPointer& row : all) {
+    if (row->nValue2 >= Incoming && row->nValue2 <= Missed) {
+      ofType[row->nValue2].push_back(row);
     }
   }
   m_all->setRows(std::move(all));

@@ -1,7 +1,6 @@
 #ifndef QT_CALLLOGS_H
 #define QT_CALLLOGS_H
 
-#include "KeyedModel.h"
 #include "RowsModel.h"
 #include "Subject.h"
 
@@ -27,10 +26,10 @@ class BTASYNCQT_API CallLogs : public Subject {
 
   explicit CallLogs(BtService& service);
 
-  RowsModel* all() const { return m_all; }
-  RowsModel* incoming() const { return m_incoming; }
-  RowsModel* outgoing() const { return m_outgoing; }
-  RowsModel* missed() const { return m_missed; }
+  RowsModel* all() const;
+  RowsModel* incoming() const;
+  RowsModel* outgoing() const;
+  RowsModel* missed() const;
 
   /// Deletes an entry.
   Q_INVOKABLE void remove(int logId, btqt::Operation* operation = nullptr);

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "BtService.h"
+#include "Changes.h"
+#include "KeyedModel.h"
 #include "Texts.h"
 
 namespace btqt {
@@ -40,12 +42,10 @@ Calls::Calls(BtService& service)
   show(now(), kParts);
 }
 
+RowsModel* Calls::model() const { return m_model; }
+
 void Calls::show(const btasync::State& state, unsigned /*parts*/) {
-  std::vector<std::shared_ptr<const CallEntry>> rows;
-  for (const CallEntry& call : state.calls.calls) {
-    rows.push_back(std::make_shared<const CallEntry>(call));
-  }
-  m_model->setRows(std::move(rows));
+  m_model->setRows(toRows(state.calls.calls));
 
   Changes changes(*this);
   changes.set(m_count, state.calls.count, &Calls::countChanged);

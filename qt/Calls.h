@@ -4,7 +4,6 @@
 #include <QString>
 #include <QVariant>
 
-#include "KeyedModel.h"
 #include "RowsModel.h"
 #include "Subject.h"
 
@@ -41,7 +40,7 @@ class BTASYNCQT_API Calls : public Subject {
 
   explicit Calls(BtService& service);
 
-  RowsModel* model() const { return m_model; }
+  RowsModel* model() const;
   int count() const { return m_count; }
   QVariant incoming() const { return m_incoming; }
   bool isPrivate() const { return m_isPrivate; }

@@ -6,7 +6,9 @@
 #include <unordered_map>
 
 #include "BtService.h"
+#include "Changes.h"
 #include "ContactRow.h"
+#include "KeyedModel.h"
 
 namespace btqt {
 namespace {
@@ -35,9 +37,13 @@ Contacts::Contacts(BtService& service)
 
 Contacts::~Contacts() = default;
 
+RowsModel* Contacts::model() const { return m_model; }
+
+RowsModel* Contacts::favourites() const { return m_favourites; }
+
 void Contacts::show(const btasync::State& state, unsigned /*parts*/) {
   const std::size_t countBefore = m_rows.size();
-  m_rows = toRows(state);
+  m_rows = rowsOf(state);
   Rows favourites;
   std::copy_if(m_rows.begin(), m_rows.end(), std::back_inserter(favourites),
                [](const auto& row) { return row->favourite; });
@@ -51,7 +57,7 @@ void Contacts::show(const btasync::State& state, unsigned /*parts*/) {
   setFresh(changes, state.contacts.fresh && state.favorites.fresh);
 }
 
-Contacts::Rows Contacts::toRows(const btasync::State& state) const {
+Contacts::Rows Contacts::rowsOf(const btasync::State& state) const {
   QSet<int> favourites;
   for (const MWPTypeContact& contact : state.favorites.contacts) {
     favourites.insert(contact.nContactId);

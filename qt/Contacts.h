@@ -6,7 +6,6 @@
 #include <memory>
 #include <vector>
 
-#include "KeyedModel.h"
 #include "RowsModel.h"
 #include "Subject.h"
 
@@ -37,8 +36,8 @@ class BTASYNCQT_API Contacts : public Subject {
   explicit Contacts(BtService& service);
   ~Contacts() override;
 
-  RowsModel* model() const { return m_model; }
-  RowsModel* favourites() const { return m_favourites; }
+  RowsModel* model() const;
+  RowsModel* favourites() const;
   int count() const { return static_cast<int>(m_rows.size()); }
   QString filter() const { return m_filter; }
   void setFilter(const QString& filter);
@@ -55,7 +54,7 @@ class BTASYNCQT_API Contacts : public Subject {
   using Rows = std::vector<std::shared_ptr<const ContactRow>>;
 
   void show(const btasync::State& state, unsigned parts) override;
-  Rows toRows(const btasync::State& state) const;
+  Rows rowsOf(const btasync::State& state) const;
   void showFiltered();
 
   QCollator m_collator;

@@ -1,10 +1,13 @@
 #include "Devices.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include <btasync/Outcome.h>
 
 #include "BtService.h"
+#include "Changes.h"
+#include "KeyedModel.h"
 #include "Texts.h"
 
 namespace btqt {
@@ -46,16 +49,6 @@ QVariant supportOf(const Device& device) {
   return static_cast<int>(device.support);
 }
 
-template <typename Device>
-std::vector<std::shared_ptr<const Device>> toRows(const std::vector<Device>& devices) {
-  std::vector<std::shared_ptr<const Device>> rows;
-  rows.reserve(devices.size());
-  for (const Device& device : devices) {
-    rows.push_back(std::make_shared<const Device>(device));
-  }
-  return rows;
-}
-
 bool isSame(const btasync::PairRequested& one, const btasync::PairRequested& other) {
   return one.address == other.address && one.digits == other.digits &&
          one.forProjection == other.forProjection && one.question == other.question;
@@ -90,12 +83,16 @@ Devices::Devices(BtService& service)
 
 Devices::~Devices() = default;
 
+RowsModel* Devices::paired() const { return m_paired; }
+
+RowsModel* Devices::found() const { return m_found; }
+
 void Devices::show(const btasync::State& state, unsigned parts) {
   if ((parts & btasync::PART_PAIRED) != 0) {
     showPaired(state.paired);
   }
-  if ((parts & btasync::PART_FOUND) != 0) {
-    showFound(state.found);
+  if ((parts & (btasync::PART_FOUND | btasync::PART_PAIRED)) != 0) {
+    showFound(state);
   }
   if ((parts & btasync::PART_PAIRING) != 0) {
     showPairing(state);
@@ -106,7 +103,17 @@ void Devices::show(const btasync::State& state, unsigned parts) {
 
 void Devices::showPaired(const btasync::PairedState& paired) { m_paired->setRows(toRows(paired.devices)); }
 
-void Devices::showFound(const btasync::FoundState& found) { m_found->setRows(toRows(found.devices)); }
+void Devices::showFound(const btasync::State& state) {
+  // A search finds paired devices as well.
+  const auto& paired = state.paired.devices;
+  std::vector<btasync::DeviceFound> others;
+  std::copy_if(state.found.devices.begin(), state.found.devices.end(), std::back_inserter(others),
+               [&](const btasync::DeviceFound& found) {
+                 return std::none_of(paired.begin(), paired.end(),
+                                     [&](const auto& device) { return device.address == found.address; });
+               });
+  m_found->setRows(toRows(others));
+}
 
 void Devices::showPairing(const btasync::State& state) {
   const btasync::PairingState& pairing = state.pairing;

@@ -4,7 +4,6 @@
 #include <QString>
 #include <memory>
 
-#include "KeyedModel.h"
 #include "PairingQuestion.h"
 #include "RowsModel.h"
 #include "Subject.h"
@@ -20,8 +19,8 @@ class BTASYNCQT_API Devices : public Subject {
   /// connected (any profile is), and a Connection for each profile: hfp, a2dp, avrcp, pbap, map, spp, hid,
   /// pan.
   Q_PROPERTY(btqt::RowsModel* paired READ paired CONSTANT)
-  /// The devices that have been found since the last search began (Adapter.startScan), by address, in the
-  /// order of the finds. Roles: address, name, support.
+  /// The devices that have been found since the last search began (Adapter.startScan) and are not paired, by
+  /// address, in the order of the finds. Roles: address, name, support.
   Q_PROPERTY(btqt::RowsModel* found READ found CONSTANT)
   /// The address of the device that is being paired, or empty.
   Q_PROPERTY(QString pairing READ pairing NOTIFY pairingChanged)
@@ -42,8 +41,8 @@ class BTASYNCQT_API Devices : public Subject {
   explicit Devices(BtService& service);
   ~Devices() override;
 
-  RowsModel* paired() const { return m_paired; }
-  RowsModel* found() const { return m_found; }
+  RowsModel* paired() const;
+  RowsModel* found() const;
   QString pairing() const { return m_pairing; }
   PairingQuestion* question() const { return m_question; }
 
@@ -72,7 +71,7 @@ class BTASYNCQT_API Devices : public Subject {
  private:
   void show(const btasync::State& state, unsigned parts) override;
   void showPaired(const btasync::PairedState& paired);
-  void showFound(const btasync::FoundState& found);
+  void showFound(const btasync::State& state);
   void showPairing(const btasync::State& state);
   QString nameOf(const btasync::Address& address) const;
 

@@ -1,6 +1,7 @@
 #include "Download.h"
 
 #include "BtService.h"
+#include "Changes.h"
 
 namespace btqt {
 namespace {

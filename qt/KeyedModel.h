@@ -14,6 +14,17 @@
 
 namespace btqt {
 
+/// A row for each value.
+template <typename Row>
+std::vector<std::shared_ptr<const Row>> toRows(const std::vector<Row>& values) {
+  std::vector<std::shared_ptr<const Row>> rows;
+  rows.reserve(values.size());
+  for (const Row& value : values) {
+    rows.push_back(std::make_shared<const Row>(value));
+  }
+  return rows;
+}
+
 /// A list of rows that have a key. It is given the whole list each time, and turns into that by the fewest
 /// removals, insertions and moves, and by changes of the roles whose values are others.
 template <typename Row>

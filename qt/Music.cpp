@@ -1,6 +1,7 @@
 #include "Music.h"
 
 #include "BtService.h"
+#include "Changes.h"
 #include "Texts.h"
 
 namespace btqt {

@@ -1,6 +1,7 @@
 #include "Network.h"
 
 #include "BtService.h"
+#include "Changes.h"
 #include "Texts.h"
 
 namespace btqt {

@@ -10,6 +10,10 @@
 
 namespace btqt {
 
+/// What is behind each RowsModel of this library.
+template <typename Row>
+class KeyedModel;
+
 /// A list whose rows are inserted, removed, moved and changed, each with its signal: it is never reset, so a
 /// view keeps its place and its delegates.
 class BTASYNCQT_API RowsModel : public QAbstractListModel {

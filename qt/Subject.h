@@ -8,13 +8,14 @@
 #include <btasync/Service.h>
 #include <btasync/State.h>
 
-#include "Changes.h"
 #include "Export.h"
 #include "Operation.h"
 
 namespace btqt {
 
 class BtService;
+template <typename Object>
+class Changes;
 
 /// One subject of a BtService: the adapter, the calls. It is made when it is first asked for, and from then
 /// on its parts of the state are kept. What it shows changes when the service reports it, not when something

@@ -1,5 +1,5 @@
 # The Qt library. Each test runs with Qt's dispatcher on GLib's loop and without it.
-find_package(Qt6 ${BT_QT_VERSION} REQUIRED COMPONENTS Test QuickTest)
+find_package(Qt6 ${BT_QT_VERSION} REQUIRED COMPONENTS Quick QuickTest Test Widgets)
 
 # bt_add_qt_test(name source... [LIBS library...] [SERVICE]): SERVICE: it runs with btservice and a bus of its own.
 function(bt_add_qt_test name)
@@ -40,9 +40,23 @@ endfunction()
 
 bt_add_qt_test(qt_models_test models_test.cpp)
 bt_add_qt_test(qt_operation_test operation_test.cpp)
-bt_add_qt_test(qt_subjects_test subjects_test.cpp)
+foreach(subject adapter call_logs calls contacts devices download music network service)
+  bt_add_qt_test(qt_${subject}_test ${subject}_test.cpp SubjectTest.h)
+endforeach()
 if(BT_BUILD_SIMULATION)
   bt_add_qt_test(qt_loop_test loop_test.cpp SERVICE)
+
+  # The examples of the README.
+  set(readme ${CMAKE_SOURCE_DIR}/qt/README.md)
+  bt_add_qt_test(qt_readme_screen_test readme_screen_test.cpp SERVICE LIBS Qt6::Quick)
+  target_compile_definitions(qt_readme_screen_test PRIVATE QT_README="${readme}")
+  add_dependencies(qt_readme_screen_test btasyncqtplugin)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${readme})
+  file(READ ${readme} text)
+  string(REGEX MATCH "```cpp\n([^`]*)```" block "${text}")
+  file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/qt_readme/readme_program.cpp CONTENT "${CMAKE_MATCH_1}" @ONLY)
+  bt_add_qt_test(qt_readme_program_test readme_program_test.cpp SERVICE LIBS Qt6::Widgets)
+  target_include_directories(qt_readme_program_test PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/qt_readme)
 endif()
 bt_add_qt_test(qt_quick_test quick_test.cpp FakePhone.h LIBS Qt6::QuickTest)
 target_compile_definitions(qt_quick_test PRIVATE QUICK_TEST_SOURCE_DIR="${CMAKE_CURRENT_LIST_DIR}/qml")
