@@ -29,7 +29,7 @@ bool Application::show() {
     return false;
   }
   if (!m_wishes.shots.isEmpty()) {
-    m_shots = std::make_unique<Shots>(window(), m_wishes.shots);
+    m_shots = std::make_unique<Shots>(window(), m_phone, m_wishes.shots);
     connect(m_shots.get(), &Shots::finished, this,
             [](bool success) { QCoreApplication::exit(success ? EXIT_SUCCESS : EXIT_FAILURE); });
     m_shots->take();

@@ -3,7 +3,6 @@
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 
 namespace {
 
@@ -15,6 +14,19 @@ const char kFaults[] = "com.zelk.linux.bluetooth.sim.Faults";
 constexpr quint32 kManyAnswers = 1000000;
 constexpr quint32 kSlowMs = 2000;
 
+const char kAnother[] = R"({"address": "%1", "name": "Dora's phone", "profiles": ["hfp", "a2dp"]})";
+
+/// Of the desk's own, and made anew when the bus has gone: the shared one stays closed then.
+QDBusConnection bus() {
+  const QString name = QStringLiteral("phone on the desk");
+  QDBusConnection known(name);
+  if (known.isConnected()) {
+    return known;
+  }
+  QDBusConnection::disconnectFromBus(name);
+  return QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+}
+
 struct Device {
   QString address;
   QString name;
@@ -23,77 +35,99 @@ struct Device {
   bool isConnected = false;
 };
 
-/// The first that is connected, or else the first.
-Device choose(const QDBusArgument& list) {
-  Device chosen;
+QList<Device> devicesOf(const QDBusArgument& list) {
+  QList<Device> devices;
   list.beginArray();
   while (!list.atEnd()) {
     Device device;
     list.beginStructure();
     list >> device.address >> device.name >> device.isInRange >> device.isPaired >> device.isConnected;
     list.endStructure();
-    if (chosen.address.isEmpty() || (device.isConnected && !chosen.isConnected)) {
-      chosen = device;
-    }
+    devices.append(device);
   }
   list.endArray();
-  return chosen;
-}
-
-QDBusMessage message(const char* interface, const QString& method, const QVariantList& arguments) {
-  QDBusMessage call = QDBusMessage::createMethodCall(QLatin1String(kService), QLatin1String(kPath),
-                                                     QLatin1String(interface), method);
-  call.setArguments(arguments);
-  return call;
+  return devices;
 }
 
 }  // namespace
 
-PhoneOnTheDesk::PhoneOnTheDesk(QObject* parent) : QObject(parent), m_bus(QDBusConnection::sessionBus()) {
-  find([] {});
-}
-
-void PhoneOnTheDesk::find(const std::function<void()>& then) {
-  auto* const watcher =
-      new QDBusPendingCallWatcher(m_bus.asyncCall(message(kOutside, "ListDevices", {})), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, then](QDBusPendingCallWatcher* call) {
-    call->deleteLater();
-    const QDBusMessage reply = call->reply();
-    if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty()) {
-      const Device device = choose(reply.arguments().constFirst().value<QDBusArgument>());
-      m_address = device.address;
-      m_name = device.name;
-      m_isInRange = device.isInRange;
-      Q_EMIT changed();
+void PhoneOnTheDesk::call(const char* interface, const QString& method, const QVariantList& arguments,
+                          const std::function<void(const QVariantList&)>& then) {
+  QDBusMessage message = QDBusMessage::createMethodCall(QLatin1String(kService), QLatin1String(kPath),
+                                                        QLatin1String(interface), method);
+  message.setArguments(arguments);
+  // Nobody is at the desk where no service is: none is to be started for it.
+  message.setAutoStartService(false);
+  auto* const watcher = new QDBusPendingCallWatcher(bus().asyncCall(message), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this, [then](QDBusPendingCallWatcher* finished) {
+    finished->deleteLater();
+    const QDBusMessage reply = finished->reply();
+    if (then && reply.type() == QDBusMessage::ReplyMessage) {
+      then(reply.arguments());
     }
-    then();
   });
 }
 
-void PhoneOnTheDesk::outside(const QString& method, const QVariantList& arguments) {
-  find([this, method, arguments] {
-    m_bus.asyncCall(message(kOutside, method, QVariantList{m_address} + arguments));
+void PhoneOnTheDesk::look() {
+  call(kOutside, QStringLiteral("ListDevices"), {}, [this](const QVariantList& answer) { take(answer); });
+}
+
+void PhoneOnTheDesk::take(const QVariantList& answer) {
+  const QList<Device> devices = devicesOf(answer.value(0).value<QDBusArgument>());
+  const Device* chosen = devices.isEmpty() ? nullptr : &devices.constFirst();
+  for (const Device& device : devices) {
+    if (device.address == m_address && !device.isInRange) {
+      chosen = &device;
+      break;
+    }
+    if (device.isConnected && !chosen->isConnected) {
+      chosen = &device;
+    }
+  }
+  if (chosen != nullptr) {
+    m_address = chosen->address;
+    m_name = chosen->name;
+    m_isInRange = chosen->isInRange;
+    Q_EMIT changed();
+  }
+}
+
+void PhoneOnTheDesk::ofThePhone(const QString& method, const QVariantList& arguments) {
+  call(kOutside, QStringLiteral("ListDevices"), {}, [this, method, arguments](const QVariantList& answer) {
+    take(answer);
+    call(kOutside, method, QVariantList{m_address} + arguments, [this](const QVariantList&) { look(); });
   });
 }
 
 void PhoneOnTheDesk::faults(const QString& method, const QVariantList& arguments) {
-  m_bus.asyncCall(message(kFaults, method, arguments));
+  call(kFaults, method, arguments);
 }
 
-void PhoneOnTheDesk::setInRange(bool inRange) {
-  outside("SetInRange", {inRange});
-  find([] {});
+void PhoneOnTheDesk::setInRange(bool inRange) { ofThePhone(QStringLiteral("SetInRange"), {inRange}); }
+void PhoneOnTheDesk::ring(const QString& number) { ofThePhone(QStringLiteral("Call"), {number}); }
+void PhoneOnTheDesk::answer() { ofThePhone(QStringLiteral("AnswerCall")); }
+void PhoneOnTheDesk::hangUp() { ofThePhone(QStringLiteral("HangUp"), {0}); }
+void PhoneOnTheDesk::play() { ofThePhone(QStringLiteral("Play")); }
+void PhoneOnTheDesk::pause() { ofThePhone(QStringLiteral("Pause")); }
+void PhoneOnTheDesk::setBattery(int bars) { ofThePhone(QStringLiteral("SetBattery"), {bars}); }
+
+void PhoneOnTheDesk::acceptPairing(const QString& address) {
+  call(kOutside, QStringLiteral("AcceptPairing"), {address});
 }
 
-void PhoneOnTheDesk::ring(const QString& number) { outside("Call", {number}); }
-void PhoneOnTheDesk::answer() { outside("AnswerCall"); }
-void PhoneOnTheDesk::hangUp() { outside("HangUp", {0}); }
-void PhoneOnTheDesk::play() { outside("Play"); }
-void PhoneOnTheDesk::pause() { outside("Pause"); }
-void PhoneOnTheDesk::acceptPairing() { outside("AcceptPairing"); }
-void PhoneOnTheDesk::setBattery(int bars) { outside("SetBattery", {bars}); }
+void PhoneOnTheDesk::bringAnother() {
+  call(kOutside, QStringLiteral("AddDevice"), {QString::fromUtf8(kAnother).arg(anotherAddress())});
+}
 
-void PhoneOnTheDesk::slowDown() { faults("DelayAnswers", {QStringLiteral("*"), kManyAnswers, kSlowMs}); }
-void PhoneOnTheDesk::hang() { faults("DropAnswers", {QStringLiteral("*"), kManyAnswers}); }
-void PhoneOnTheDesk::recover() { faults("AnswerAgain"); }
-void PhoneOnTheDesk::die() { faults("Die", {quint32{1}}); }
+QString PhoneOnTheDesk::anotherAddress() { return QStringLiteral("00:1A:7D:DA:71:16"); }
+
+void PhoneOnTheDesk::slowDown() {
+  recover();  // of two faults, the service takes the first
+  faults(QStringLiteral("DelayAnswers"), {QStringLiteral("*"), kManyAnswers, kSlowMs});
+}
+void PhoneOnTheDesk::hang() {
+  recover();
+  faults(QStringLiteral("DropAnswers"), {QStringLiteral("*"), kManyAnswers});
+}
+void PhoneOnTheDesk::recover() { faults(QStringLiteral("AnswerAgain")); }
+void PhoneOnTheDesk::die() { faults(QStringLiteral("Die"), {quint32{1}}); }

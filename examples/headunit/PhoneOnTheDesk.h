@@ -12,24 +12,32 @@
 /// asked without waiting; what comes of it is seen on the screen of the car.
 class PhoneOnTheDesk : public QObject {
   Q_OBJECT
-  /// Of the phone that is connected, or else of the first that there is.
+  /// Of the phone that is connected, or else of the first that there is. A phone that has left the room is
+  /// still the one that the person holds.
   Q_PROPERTY(QString name READ name NOTIFY changed)
   Q_PROPERTY(bool inRange READ isInRange WRITE setInRange NOTIFY changed)
 
  public:
-  explicit PhoneOnTheDesk(QObject* parent = nullptr);
+  using QObject::QObject;
 
   QString name() const { return m_name; }
   bool isInRange() const { return m_isInRange; }
   void setInRange(bool inRange);
+
+  /// Looks which phone it is: no event of the controls reports that.
+  Q_INVOKABLE void look();
 
   Q_INVOKABLE void ring(const QString& number);
   Q_INVOKABLE void answer();
   Q_INVOKABLE void hangUp();
   Q_INVOKABLE void play();
   Q_INVOKABLE void pause();
-  Q_INVOKABLE void acceptPairing();
   Q_INVOKABLE void setBattery(int bars);
+  /// The person at another device, which is being paired, accepts that.
+  Q_INVOKABLE void acceptPairing(const QString& address);
+  /// Somebody brings another device, whose address is anotherAddress().
+  void bringAnother();
+  static QString anotherAddress();
 
   // The service.
   /// Each answer takes two seconds.
@@ -44,11 +52,13 @@ class PhoneOnTheDesk : public QObject {
   void changed();
 
  private:
-  void find(const std::function<void()>& then);
-  void outside(const QString& method, const QVariantList& arguments = {});
+  /// Looks, then calls a control for the phone, then looks again.
+  void ofThePhone(const QString& method, const QVariantList& arguments = {});
+  void call(const char* interface, const QString& method, const QVariantList& arguments,
+            const std::function<void(const QVariantList&)>& then = {});
   void faults(const QString& method, const QVariantList& arguments = {});
+  void take(const QVariantList& devices);
 
-  QDBusConnection m_bus;
   QString m_address;
   QString m_name;
   bool m_isInRange = true;

@@ -1,18 +1,26 @@
 #ifndef EXAMPLES_HEADUNIT_SHOTS_H
 #define EXAMPLES_HEADUNIT_SHOTS_H
 
+#include <functional>
+#include <vector>
+
+#include <QImage>
 #include <QObject>
 #include <QString>
+#include <QTimer>
+
+#include "BtService.h"
+#include "PhoneOnTheDesk.h"
 
 class QQuickWindow;
 
-/// Draws every screen into PNG files, one after the other: a screen is drawn once what it shows is fresh and
-/// nothing on it has changed for a while.
+/// Draws every screen into PNG files, one after the other: a screen is drawn once it shows what it is there
+/// for and nothing on it changes any more.
 class Shots : public QObject {
   Q_OBJECT
 
  public:
-  Shots(QQuickWindow& window, const QString& directory);
+  Shots(QQuickWindow& window, PhoneOnTheDesk& phone, const QString& directory);
 
   /// Begins with the first screen.
   void take();
@@ -22,12 +30,27 @@ class Shots : public QObject {
   void finished(bool success);
 
  private:
+  struct Shot {
+    QString name;
+    std::function<void()> prepare;
+    std::function<bool()> isReady;
+  };
+
   void next();
-  void draw();
+  void look();
+  bool write(const QImage& image, const QString& name);
+  void open(int page);
+  bool isDownloading();
 
   QQuickWindow& m_window;
+  btqt::BtService& m_bt;
+  PhoneOnTheDesk& m_phone;
   QString m_directory;
-  int m_page = -1;
+  std::vector<Shot> m_shots;
+  std::size_t m_place = 0;  ///< of the shot that is taken
+  int m_looks = 0;
+  QImage m_before;
+  QTimer m_timer;
 };
 
 #endif

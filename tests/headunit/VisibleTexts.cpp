@@ -1,9 +1,11 @@
 #include "VisibleTexts.h"
 
+#include <QFont>
 #include <QQuickItem>
 
 namespace {
 
+const QString kFamily = QStringLiteral("DejaVu Sans");
 constexpr qreal kTolerance = 1.5;  // pixels: positions of texts are rounded
 
 QString nameOf(const QQuickItem& text) {
@@ -27,6 +29,10 @@ void look(const QQuickItem& item, QStringList& faults, int& seen) {
                        item.property("contentHeight").toReal() > item.height() + kTolerance;
     if (isCut && !isFromOutside) {
       faults += QStringLiteral("cut: ") + nameOf(item);
+    }
+    const QString family = item.property("font").value<QFont>().family();
+    if (family != kFamily) {
+      faults += QStringLiteral("in %1: ").arg(family) + nameOf(item);
     }
     const QQuickItem& parent = *item.parentItem();
     const QRectF place = item.mapRectToItem(&parent, QRectF(0, 0, item.width(), item.height()));

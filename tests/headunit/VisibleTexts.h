@@ -6,7 +6,8 @@
 class QQuickItem;
 
 /// What is wrong with the texts that are visible below an item: those that are cut, unless they are marked as
-/// coming from outside, and those that stand out of what they are in. seen counts the texts.
+/// coming from outside, those that stand out of what they are in, and those in another font than the head
+/// unit's. seen counts the texts.
 QStringList faultsOfVisibleTexts(const QQuickItem& root, int& seen);
 
 #endif

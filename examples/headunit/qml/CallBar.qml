@@ -19,6 +19,7 @@ Rectangle {
         return Math.floor(seconds / 60) + ":" + (rest < 10 ? "0" : "") + rest
     }
 
+    objectName: "call " + callId
     implicitHeight: 96
     radius: Theme.radius
     color: Theme.surface
@@ -46,6 +47,7 @@ Rectangle {
             }
         }
         Chip {
+            objectName: "conference"
             visible: line.conference
             text: qsTr("Conference")
         }

@@ -3,7 +3,8 @@ import HeadUnit
 import QtQuick.Layouts
 import BtAsync
 
-// The calls, and what can be done with them.
+// The calls, and what can be done with them. The service cannot mute the microphone, which is the car's own: it can send
+// the sound to the phone.
 ColumnLayout {
     id: view
 

@@ -11,7 +11,7 @@ Item {
     required property BtService bt
     property int shown: 0  // contacts, favourites, calls
 
-    readonly property var list: [bt.contacts.model, bt.contacts.favourites, bt.callLogs.all][shown]
+    readonly property ListView list: [people, favourites, calls][shown]
 
     ColumnLayout {
         anchors.fill: parent
@@ -67,6 +67,7 @@ Item {
                 radius: 5
                 color: Theme.raised
                 Rectangle {
+                    objectName: "progressDone"
                     height: parent.height
                     radius: 5
                     color: Theme.accent
@@ -76,6 +77,7 @@ Item {
             }
             Label {
                 fromOutside: true
+                objectName: "downloaded"
                 color: Theme.faint
                 font.pixelSize: Theme.small
                 text: screen.bt.download.done + " / " + screen.bt.download.total
@@ -86,16 +88,20 @@ Item {
             operation: loading
             refused: qsTr("Connect a phone first")
         }
-        ListView {
-            id: view
-            objectName: "entries"
-            Layout.fillWidth: true
-            Layout.fillHeight: true
-            clip: true
-            spacing: 2
-            opacity: (screen.shown === 2 ? screen.bt.callLogs.fresh : screen.bt.contacts.fresh) ? 1 : Theme.stale
-            model: screen.list
-            section.property: screen.shown === 0 ? "section" : ""
+        Notice {
+            Layout.alignment: Qt.AlignHCenter
+            operation: dialing
+            refused: qsTr("Connect a phone first")
+        }
+        Notice {
+            Layout.alignment: Qt.AlignHCenter
+            operation: marking
+        }
+        Entries {
+            id: people
+            opacity: screen.bt.contacts.fresh ? 1 : Theme.stale
+            model: screen.bt.contacts.model
+            section.property: "section"
             section.delegate: Label {
                 required property string section
                 height: 40
@@ -105,13 +111,25 @@ Item {
                 color: Theme.accent
                 text: section
             }
-            delegate: screen.shown === 2 ? logEntry : contactEntry
-            Basic.ScrollBar.vertical: Basic.ScrollBar {}
+            delegate: contactEntry
+        }
+        Entries {
+            id: favourites
+            opacity: screen.bt.contacts.fresh ? 1 : Theme.stale
+            model: screen.bt.contacts.favourites
+            delegate: contactEntry
+        }
+        Entries {
+            id: calls
+            opacity: screen.bt.callLogs.fresh ? 1 : Theme.stale
+            model: screen.bt.callLogs.all
+            delegate: logEntry
         }
         Label {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            visible: view.count === 0
+            objectName: "nobody"
+            visible: screen.list.count === 0
             horizontalAlignment: Text.AlignHCenter
             color: Theme.faint
             text: screen.shown === 1 ? qsTr("No favourites yet") : screen.shown === 2 ? qsTr("No calls yet")
@@ -120,6 +138,18 @@ Item {
         }
     }
 
+    component Entries: ListView {
+        id: entries
+        objectName: "entries"
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+        visible: screen.list === entries && count > 0
+        clip: true
+        spacing: 2
+        // Rows out of sight are not made ahead: Qt warns if the list becomes shorter meanwhile.
+        cacheBuffer: 0
+        Basic.ScrollBar.vertical: Basic.ScrollBar {}
+    }
     Component {
         id: contactEntry
         Rectangle {
@@ -128,6 +158,7 @@ Item {
             required property string name
             required property var numbers
             required property bool favourite
+            objectName: "contact " + contactId
             width: ListView.view.width
             height: Theme.touch
             radius: Theme.radius
@@ -153,7 +184,7 @@ Item {
                     text: entry.favourite ? "★" : "☆"
                     fromOutside: true
                     color: "transparent"
-                    onClicked: screen.bt.contacts.setFavourite(entry.contactId, !entry.favourite)
+                    onClicked: screen.bt.contacts.setFavourite(entry.contactId, !entry.favourite, marking)
                 }
                 IconButton {
                     objectName: "callContact"
@@ -161,7 +192,7 @@ Item {
                     fromOutside: true
                     color: "transparent"
                     enabled: entry.numbers.length > 0
-                    onClicked: screen.bt.calls.dial(entry.numbers[0].number)
+                    onClicked: screen.bt.calls.dial(entry.numbers[0].number, dialing)
                 }
             }
         }
@@ -170,11 +201,13 @@ Item {
         id: logEntry
         Rectangle {
             id: entry
+            required property int logId
             required property int type
             required property string name
             required property string number
             required property string date
             required property string time
+            objectName: "log " + logId
             width: ListView.view.width
             height: Theme.touch
             radius: Theme.radius
@@ -200,14 +233,17 @@ Item {
                     text: entry.date + "  " + entry.time
                 }
                 IconButton {
+                    objectName: "callBack"
                     text: "✆"
                     fromOutside: true
                     color: "transparent"
-                    onClicked: screen.bt.calls.dial(entry.number)
+                    onClicked: screen.bt.calls.dial(entry.number, dialing)
                 }
             }
         }
     }
     Operation { id: loading }
     Operation { id: stopping }
+    Operation { id: dialing }
+    Operation { id: marking }
 }

@@ -11,6 +11,7 @@ Rectangle {
     property string status: ""
     default property alias actions: place.data
 
+    objectName: "device " + address
     implicitHeight: Theme.touch + 8
     radius: Theme.radius
     color: Theme.surface
@@ -30,6 +31,7 @@ Rectangle {
                 text: row.name !== "" ? row.name : row.address
             }
             Label {
+                objectName: "status"
                 Layout.fillWidth: true
                 visible: text !== ""
                 fromOutside: true

@@ -12,7 +12,7 @@ Window {
     property alias page: screen.page
     property alias bt: service
 
-    width: screen.width + (withPhone ? panel.width : 0)
+    width: screen.width + panel.width
     height: screen.height
     visible: true
     title: qsTr("Head unit")
@@ -28,11 +28,14 @@ Window {
         id: screen
         bt: service
     }
-    PhonePanel {
+    Loader {
         id: panel
-        visible: window.withPhone
+        active: window.withPhone
         x: screen.width
         height: parent.height
-        phone: window.phone
+        sourceComponent: PhonePanel {
+            bt: service
+            phone: window.phone
+        }
     }
 }

@@ -144,6 +144,7 @@ Item {
     Label {
         anchors.fill: parent
         anchors.margins: 3 * Theme.gap
+        objectName: "noPlayer"
         visible: screen.bt.music.player === ""
         horizontalAlignment: Text.AlignHCenter
         color: Theme.faint

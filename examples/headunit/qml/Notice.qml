@@ -17,6 +17,7 @@ Rectangle {
 
     Label {
         id: label
+        objectName: "notice"
         anchors.centerIn: parent
         wrapMode: Text.NoWrap
         color: Theme.text

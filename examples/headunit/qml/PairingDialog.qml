@@ -29,6 +29,7 @@ Rectangle {
             anchors.margins: 2 * Theme.gap
             spacing: Theme.gap
             Label {
+                objectName: "asking"
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
                 fromOutside: true

@@ -1,11 +1,13 @@
 import QtQuick
 import HeadUnit
 import QtQuick.Layouts
+import BtAsync
 
 // The phone on the desk, and the network: what a person there does. Only the simulated service has one.
 Rectangle {
     id: panel
 
+    required property BtService bt
     required property var phone
 
     width: 360
@@ -21,6 +23,7 @@ Rectangle {
             color: Theme.faint
         }
         Label {
+            objectName: "phoneName"
             Layout.fillWidth: true
             fromOutside: true
             text: panel.phone.name
@@ -30,15 +33,20 @@ Rectangle {
             columns: 2
             columnSpacing: 10
             rowSpacing: 10
-            Act { text: qsTr("Ring"); onClicked: panel.phone.ring("+49170000007") }
-            Act { text: qsTr("Answer"); onClicked: panel.phone.answer() }
-            Act { text: qsTr("Hang up"); onClicked: panel.phone.hangUp() }
-            Act { text: qsTr("Play"); onClicked: panel.phone.play() }
-            Act { text: qsTr("Pause"); onClicked: panel.phone.pause() }
-            Act { text: qsTr("Accept pairing"); onClicked: panel.phone.acceptPairing() }
+            Act { objectName: "phoneRings"; text: qsTr("Ring"); onClicked: panel.phone.ring("+49170000007") }
+            Act { objectName: "phoneAnswers"; text: qsTr("Answer"); onClicked: panel.phone.answer() }
+            Act { objectName: "phoneHangsUp"; text: qsTr("Hang up"); onClicked: panel.phone.hangUp() }
+            Act { objectName: "phonePlays"; text: qsTr("Play"); onClicked: panel.phone.play() }
+            Act { objectName: "phonePauses"; text: qsTr("Pause"); onClicked: panel.phone.pause() }
+            Act {
+                objectName: "phonePairs"
+                text: qsTr("Accept pairing")
+                enabled: panel.bt.devices.pairing !== ""
+                onClicked: panel.phone.acceptPairing(panel.bt.devices.pairing)
+            }
         }
         Act {
-            Layout.fillWidth: true
+            objectName: "phoneLeaves"
             text: panel.phone.inRange ? qsTr("Leave the room") : qsTr("Come back")
             onClicked: panel.phone.inRange = !panel.phone.inRange
         }
@@ -49,7 +57,7 @@ Rectangle {
                 model: 6
                 Act {
                     required property int index
-                    Layout.fillWidth: true
+                    objectName: "battery" + index
                     text: index
                     fromOutside: true
                     onClicked: panel.phone.setBattery(index)
@@ -63,10 +71,10 @@ Rectangle {
             columns: 2
             columnSpacing: 10
             rowSpacing: 10
-            Act { text: qsTr("Slow"); onClicked: panel.phone.slowDown() }
-            Act { text: qsTr("Hung"); onClicked: panel.phone.hang() }
-            Act { text: qsTr("As usual"); onClicked: panel.phone.recover() }
-            Act { text: qsTr("Dead"); onClicked: panel.phone.die() }
+            Act { objectName: "serviceSlow"; text: qsTr("Slow"); onClicked: panel.phone.slowDown() }
+            Act { objectName: "serviceHangs"; text: qsTr("Hung"); onClicked: panel.phone.hang() }
+            Act { objectName: "serviceAsUsual"; text: qsTr("As usual"); onClicked: panel.phone.recover() }
+            Act { objectName: "serviceDies"; text: qsTr("Dead"); onClicked: panel.phone.die() }
         }
     }
 
@@ -74,6 +82,16 @@ Rectangle {
         Layout.fillWidth: true
         implicitHeight: 52
         textSize: Theme.small
-        objectName: "act" + text
+    }
+
+    // Which phone it is may be another one once something has connected, or the service has come back.
+    Component.onCompleted: panel.phone.look()
+    Connections {
+        target: panel.bt
+        function onAvailabilityChanged() { panel.phone.look() }
+    }
+    Connections {
+        target: panel.bt.network
+        function onPhoneChanged() { panel.phone.look() }
     }
 }

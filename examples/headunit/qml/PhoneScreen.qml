@@ -9,6 +9,10 @@ Item {
 
     required property BtService bt
     property string number: ""
+    property string tones: ""  // typed in a call
+    readonly property bool inCall: bt.calls.count > 0
+
+    onInCallChanged: tones = ""
 
     RowLayout {
         anchors.fill: parent
@@ -36,13 +40,14 @@ Item {
                         elide: Text.ElideLeft
                         horizontalAlignment: Text.AlignLeft
                         font.pixelSize: Theme.large
-                        text: screen.number
+                        text: screen.inCall ? screen.tones : screen.number
                     }
                     IconButton {
                         objectName: "erase"
                         text: "⌫"
                         fromOutside: true
                         color: "transparent"
+                        visible: !screen.inCall
                         enabled: screen.number !== ""
                         onClicked: screen.number = screen.number.slice(0, -1)
                         onPressAndHold: screen.number = ""
@@ -53,10 +58,12 @@ Item {
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 onPressed: key => {
-                    if (screen.bt.calls.count > 0)
-                        screen.bt.calls.sendTone(key)
-                    else
+                    if (screen.inCall) {
+                        screen.tones += key
+                        screen.bt.calls.sendTone(key, sending)
+                    } else {
                         screen.number += key
+                    }
                 }
             }
             RowLayout {
@@ -89,24 +96,31 @@ Item {
                 operation: dialing
                 refused: qsTr("Connect a phone first")
             }
+            Notice {
+                Layout.alignment: Qt.AlignHCenter
+                operation: sending
+            }
             CallView {
                 Layout.fillWidth: true
                 Layout.fillHeight: true
-                visible: screen.bt.calls.count > 0
+                visible: screen.inCall
                 bt: screen.bt
             }
             Label {
                 Layout.fillWidth: true
                 Layout.fillHeight: true
-                visible: screen.bt.calls.count === 0
+                visible: !screen.inCall
                 opacity: screen.bt.calls.fresh ? 1 : Theme.stale
                 horizontalAlignment: Text.AlignHCenter
                 color: Theme.faint
-                text: screen.bt.network.phone === "" ? qsTr("No phone is connected. Connect one in Settings")
-                                                     : qsTr("No calls")
+                objectName: "noCall"
+                text: screen.bt.adapter.power === Adapter.PowerOff ? qsTr("Bluetooth is off. Switch it on in Settings")
+                    : screen.bt.network.phone === "" ? qsTr("No phone is connected. Connect one in Settings")
+                    : qsTr("No calls")
             }
         }
     }
+    Operation { id: sending }
     Operation {
         id: dialing
         onFinished: result => { if (result === Operation.Accepted) screen.number = "" }

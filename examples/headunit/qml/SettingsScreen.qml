@@ -22,6 +22,10 @@ Item {
             return qsTr("Music")
         if (hfp === Devices.Connecting || a2dp === Devices.Connecting)
             return qsTr("Connecting …")
+        if (hfp === Devices.Failed || a2dp === Devices.Failed)
+            return qsTr("Could not connect")
+        if (hfp === Devices.LinkLost || a2dp === Devices.LinkLost)
+            return qsTr("Connection lost")
         return qsTr("Not connected")
     }
 
@@ -77,6 +81,14 @@ Item {
             Notice {
                 Layout.alignment: Qt.AlignHCenter
                 operation: power
+            }
+            Notice {
+                Layout.alignment: Qt.AlignHCenter
+                operation: visibility
+            }
+            Notice {
+                Layout.alignment: Qt.AlignHCenter
+                operation: naming
             }
         }
         ColumnLayout {
@@ -174,11 +186,15 @@ Item {
             Notice {
                 Layout.alignment: Qt.AlignHCenter
                 operation: pairing
-                refused: qsTr("The device refused")
+                refused: qsTr("Not paired")
             }
             Notice {
                 Layout.alignment: Qt.AlignHCenter
                 operation: moving
+            }
+            Notice {
+                Layout.alignment: Qt.AlignHCenter
+                operation: search
             }
         }
     }

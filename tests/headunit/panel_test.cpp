@@ -1,0 +1,125 @@
+// The panel beside the head unit: what a person does at the phone is seen on the screen of the car.
+
+#include "HeadUnitTest.h"
+#include "RunningHeadUnit.h"
+
+class PanelTest : public HeadUnitTest {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void thePhoneRingsAnswersAndHangsUp();
+  void thePhonePlays();
+  void thePhoneLeavesTheRoomAndComesBack();
+  void theBatteryRunsDown();
+  void thePhoneAcceptsAPairing();
+  void theServiceIsSlow();
+  void theServiceHangsAndDies();
+
+ private:
+  static Wishes withPhone() {
+    Wishes wishes;
+    wishes.withPhone = true;
+    return wishes;
+  }
+};
+
+void PanelTest::thePhoneRingsAnswersAndHangsUp() {
+  RunningHeadUnit unit(deskWorld(), withPhone());
+  QVERIFY(unit.waitForPhone());
+  QVERIFY(
+      unit.waitFor([&] { return unit.text(QStringLiteral("phoneName")) == QStringLiteral("Ada's phone"); }));
+  QVERIFY(unit.tap(QStringLiteral("phoneRings")));
+  QVERIFY(unit.waitFor([&] { return unit.shows(QStringLiteral("caller")); }));
+  QVERIFY(unit.tap(QStringLiteral("phoneHangsUp")));
+  QVERIFY(unit.waitFor([&] { return unit.bt().calls()->count() == 0; }));
+
+  QVERIFY(unit.tap(QStringLiteral("key1")));
+  QVERIFY(unit.tap(QStringLiteral("dial")));
+  QVERIFY(unit.waitFor(
+      [&] { return unit.text(QStringLiteral("callState")) == QStringLiteral("Ringing there"); }));
+  QVERIFY(unit.tap(QStringLiteral("phoneAnswers")));
+  QVERIFY(unit.waitFor([&] { return unit.text(QStringLiteral("callState")) == QStringLiteral("Active"); }));
+}
+
+void PanelTest::thePhonePlays() {
+  RunningHeadUnit unit(deskWorld(), withPhone());
+  unit.open(MUSIC);
+  QVERIFY(unit.waitFor([&] { return unit.shows(QStringLiteral("title")); }));
+  QVERIFY(unit.tap(QStringLiteral("phonePlays")));
+  QVERIFY(unit.waitFor([&] { return unit.bt().music()->state() == btqt::Music::Playing; }));
+  QVERIFY(unit.tap(QStringLiteral("phonePauses")));
+  QVERIFY(unit.waitFor([&] { return unit.bt().music()->state() == btqt::Music::Paused; }));
+}
+
+void PanelTest::thePhoneLeavesTheRoomAndComesBack() {
+  RunningHeadUnit unit(deskWorld(), withPhone());
+  QVERIFY(unit.waitForPhone());
+  QVERIFY(unit.tap(QStringLiteral("phoneLeaves")));
+  QVERIFY(unit.waitFor([&] { return unit.bt().network()->phone().isEmpty(); }));
+  QVERIFY(
+      unit.waitFor([&] { return unit.text(QStringLiteral("phoneLeaves")) == QStringLiteral("Come back"); }));
+  QCOMPARE(unit.text(QStringLiteral("phoneName")), QStringLiteral("Ada's phone"));
+  QVERIFY(unit.tap(QStringLiteral("phoneLeaves")));
+  QVERIFY(unit.waitForPhone());
+  QVERIFY(unit.waitFor(
+      [&] { return unit.text(QStringLiteral("phoneLeaves")) == QStringLiteral("Leave the room"); }));
+}
+
+void PanelTest::theBatteryRunsDown() {
+  RunningHeadUnit unit(deskWorld(), withPhone());
+  QVERIFY(unit.waitForPhone());
+  for (const int bars : {1, 4}) {
+    QVERIFY(unit.tap(QStringLiteral("battery%1").arg(bars)));
+    QVERIFY(unit.waitFor([&] { return unit.bt().network()->battery() == bars; }));
+  }
+}
+
+void PanelTest::thePhoneAcceptsAPairing() {
+  RunningHeadUnit unit(deskWorld(), withPhone());
+  unit.open(SETTINGS);
+  QVERIFY(unit.waitForPhone());
+  QVERIFY(!unit.find(QStringLiteral("phonePairs"))->isEnabled());
+  QVERIFY(unit.tap(QStringLiteral("scan")));
+  QVERIFY(unit.tap(QStringLiteral("found/device %1/pair").arg(kCarla)));
+  QVERIFY(unit.tap(QStringLiteral("acceptPairing")));
+  QVERIFY(unit.tap(QStringLiteral("phonePairs")));
+  QVERIFY(unit.waitFor([&] { return unit.shows(QStringLiteral("paired/device ") + kCarla); }));
+}
+
+void PanelTest::theServiceIsSlow() {
+  RunningHeadUnit unit(deskWorld(), withPhone());
+  QVERIFY(unit.waitForPhone());
+  QVERIFY(unit.tap(QStringLiteral("serviceSlow")));
+  QVERIFY(unit.tap(QStringLiteral("key1")));
+  QVERIFY(unit.tap(QStringLiteral("dial")));
+  const QQuickItem* const dial = unit.find(QStringLiteral("dial"));
+  QVERIFY(unit.waitFor([&] { return dial->property("busy").toBool(); }));
+  QVERIFY(unit.waitFor(
+      [&] { return !dial->property("busy").toBool() && unit.shows(QStringLiteral("callState")); }));
+}
+
+void PanelTest::theServiceHangsAndDies() {
+  RunningHeadUnit unit(deskWorld(), withPhone());
+  QVERIFY(unit.waitForPhone());
+  QVERIFY(unit.tap(QStringLiteral("serviceSlow")));
+  QVERIFY(unit.tap(QStringLiteral("serviceHangs")));
+  QVERIFY(unit.tap(QStringLiteral("key1")));
+  QVERIFY(unit.tap(QStringLiteral("dial")));
+  const QQuickItem* const dial = unit.find(QStringLiteral("dial"));
+  QVERIFY(unit.waitFor([&] { return dial->property("busy").toBool(); }));
+  // It does not answer any more, as its death shows: what was asked for fails with it.
+  QVERIFY(unit.tap(QStringLiteral("serviceDies")));
+  QVERIFY(unit.waitFor(
+      [&] { return unit.text(QStringLiteral("notice")) == QStringLiteral("That did not work. Try again"); }));
+  QVERIFY(unit.waitFor([&] { return unit.bt().availability() == btqt::BtService::Absent; }));
+
+  unit.startService();
+  QVERIFY(unit.waitForPhone());
+  QVERIFY(unit.tap(QStringLiteral("serviceHangs")));
+  QVERIFY(unit.tap(QStringLiteral("serviceAsUsual")));
+  QVERIFY(unit.tap(QStringLiteral("dial")));
+  QVERIFY(unit.waitFor([&] { return unit.shows(QStringLiteral("callState")); }));
+}
+
+QTEST_MAIN(PanelTest)
+#include "panel_test.moc"
