@@ -3,6 +3,7 @@
 
 A command that is neither run here nor in known.py fails the test, and so does an entry of known.py that is in no document
 any more. Usage: documents_test.py TREE BUILD [TEST...]
+The exit status is 77 if all tests were skipped, because what they run is not built.
 """
 import pathlib
 import re
@@ -29,6 +30,7 @@ PLACEHOLDERS = {"/path/to/your/platform": "$PWD/platform"}
 
 # How a group of commands is run, by what they begin with; each command of the documents belongs to one of them.
 RUNNERS = {
+    "headunit": r"script/demo headunit\b",
     "demo": r"script/demo\b",
     "sandbox": r"script/sandbox\b",
     "service": r"btservice\b",
@@ -43,6 +45,9 @@ SHOWN_BY_DEMO = {"btctl": r"power +o(n|ff)", "your-application": "arguments: arg
                  **dict.fromkeys(("pairing_screen", "dial", "poll_loop"), r"library:  +/.*libbtasync\.so\.0\.\d+\.\d+"),
                  "demo": r"library:  +/.*libbt\.so\.1\.0\.0"}
 TYPED = {"btctl": "status\nquit\n", "poll_loop": "on\nquit\n"}  # at the program that it starts
+PICTURES = re.compile(r"!\[[^\]]*\]\((docs/images/headunit/[\w-]+\.png)\)")  # those of the head unit in README.md
+LARGEST_PICTURE = 150000  # bytes
+NOT_BUILT = 77
 CTRL_C = {"found_devices": "found "}  # examples that run until Ctrl-C, and what they print before
 ANSWERS_OF_CONTROLS = {"LeaveBus": "()", "DelayAnswers": "()", "FailAnswers": "()", "EmitSignal": "()"}
 
@@ -96,6 +101,14 @@ class WhatIsRun(unittest.TestCase):
         self.assertIn(known.RUN_BY_PACKAGING, (TREE / "packaging/CMakeLists.txt").read_text())
 
 
+    def test_ThePicturesOfTheHeadUnitAreThereAndSmall(self):
+        pictures = [TREE / name for name in PICTURES.findall((TREE / "README.md").read_text())]
+        self.assertEqual(len(pictures), 2)
+        for picture in pictures:
+            self.assertEqual(picture.read_bytes()[:8], b"\x89PNG\r\n\x1a\n", picture)
+            self.assertLess(picture.stat().st_size, LARGEST_PICTURE, picture)
+
+
 class InACheckout(unittest.TestCase):
     def setUp(self):
         self.checkout = Checkout(TREE, BUILD)
@@ -130,6 +143,23 @@ class TheDemo(InACheckout):
     @staticmethod
     def is_built(text):
         return "qt_music" not in text or (BUILD / "bin/qt_music").exists()
+
+
+class TheHeadUnit(InACheckout):
+    def setUp(self):
+        if not (BUILD / "bin/headunit").exists():
+            self.skipTest("the head unit is not built: that takes Qt 6, and BT_BUILD_QT")
+        super().setUp()
+
+    def test_EachScreenIsDrawn(self):
+        """Where there is no display, every command that starts it draws."""
+        shown = {pathlib.Path(name).name for name in PICTURES.findall((TREE / "README.md").read_text())}
+        drawn = self.checkout.root / "build/shots"
+        for command in of_runner("headunit"):
+            shutil.rmtree(drawn, ignore_errors=True)
+            self.assert_runs(command, self.checkout.run(command.text, DISPLAY="", WAYLAND_DISPLAY=""))
+            names = {path.name for path in drawn.iterdir() if path.stat().st_size > 0}
+            self.assertLessEqual(shown, names, "README.md shows pictures that the script does not draw")
 
 
 class TheSandbox(InACheckout):
@@ -249,4 +279,6 @@ class TheInstallation(InACheckout):
 
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    result = unittest.main(verbosity=2, exit=False).result
+    all_skipped = result.wasSuccessful() and 0 < result.testsRun == len(result.skipped)
+    sys.exit(NOT_BUILT if all_skipped else not result.wasSuccessful())
