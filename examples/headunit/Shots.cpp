@@ -89,9 +89,10 @@ void Shots::look() {
   }
   if (isLast) {
     m_timer.stop();
-    QTextStream(stderr) << "headunit: there is nothing to draw for " << shot.name
-                        << "; the service on the bus has to be btservice, switched on, with a phone that is paired"
-                        << Qt::endl;
+    QTextStream(stderr)
+        << "headunit: there is nothing to draw for " << shot.name
+        << "; the service on the bus has to be btservice, switched on, with a phone that is paired"
+        << Qt::endl;
     Q_EMIT finished(false);
   }
 }
