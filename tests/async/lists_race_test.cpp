@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <string>
 #include <thread>
 
 #include <sys/ipc.h>
@@ -21,7 +22,8 @@ using bttest::Wait;
 constexpr int kContacts = 3000;  // so many that a look takes a while
 constexpr int kFew = 200;
 
-/// Writes two lists of the same size in turn, without waiting for anybody.
+/// Writes one list after the other, all of the same size and no two alike, without waiting for anybody: what
+/// is a mixture at one moment is never the same mixture again, unless the writer is stopped in the middle.
 class RacingWriter {
  public:
   explicit RacingWriter(ShareMemID id)
@@ -44,13 +46,23 @@ class RacingWriter {
   using Clock = std::chrono::steady_clock;
 
   void Run() {
-    const bttest::SegmentItems lists[] = {ContactItems(kContacts, "Ada"), ContactItems(kContacts, "Bob")};
     while (!m_stop) {
-      Write(lists[m_rounds % 2].Bytes());
+      Write(ContactItems(kContacts, NameOf(m_rounds)).Bytes());
       ++m_rounds;
       // Long enough that some lists are read as a whole.
       std::this_thread::sleep_for(std::chrono::milliseconds(m_rounds % 2));
     }
+  }
+
+  /// Another one for each list, and always as long.
+  static std::string NameOf(int list) {
+    constexpr int kLetters = 26;
+    std::string name = "Aaaa";
+    for (char& letter : name) {
+      letter = static_cast<char>(letter + list % kLetters);
+      list /= kLetters;
+    }
+    return name;
   }
 
   /// As another process writes: behind the back of the reader's compiler.
@@ -67,6 +79,7 @@ class RacingWriter {
         before = now;
       }
     }
+    m_stalls += Clock::now() - before > kLongest ? 1 : 0;
   }
 
   unsigned char* const m_memory;
