@@ -20,6 +20,7 @@ bt_add_test(NAME fuzz_test
   LIBS bt_fuzz_support
   LABELS fuzz)
 target_compile_options(fuzz_test PRIVATE -O2)
+set_target_properties(fuzz_test PROPERTIES DISABLE_PRECOMPILE_HEADERS ON)  # which are not optimised
 target_compile_definitions(fuzz_test PRIVATE BTTEST_LIST_CORPUS="${CMAKE_CURRENT_LIST_DIR}/corpus/lists")
 if(BT_BUILD_ASYNC)
   target_sources(fuzz_test PRIVATE fuzz/decoder_test.cpp fuzz/DecoderChecks.cpp
