@@ -183,9 +183,9 @@ TEST_F(CoroutineTest, WaitsForARequestAndTheEventThatEndsIt) {
 Job WaitFor(std::string what, Service& service, std::vector<std::string>& log) {
   const Local local(log);
   if (what == "Request") {
-    co_await service.DialCall("110");
+    static_cast<void>(co_await service.DialCall("110"));
   } else if (what == "Outcome") {
-    co_await SwitchPower(service, true);
+    static_cast<void>(co_await SwitchPower(service, true));
   } else if (what == "Sleep") {
     co_await Sleep(service, 5ms);
   } else {
@@ -211,9 +211,9 @@ class WaitingTest : public CoroutineTest, public testing::WithParamInterface<con
     const std::string kind = GetParam();
     const Local local(log);
     if (kind == "Request") {
-      co_await service.DialCall("110");
+      static_cast<void>(co_await service.DialCall("110"));
     } else if (kind == "Outcome") {
-      co_await SwitchPower(service, true);
+      static_cast<void>(co_await SwitchPower(service, true));
     } else if (kind == "Sleep") {
       co_await Sleep(service, 5ms);
     } else {
@@ -320,9 +320,9 @@ TEST_P(WaitingTest, MayDestroyTheServiceAndStaysUntilItsScopeGoes) {
     service.reset();
     log.emplace_back("ruined");
     if (what == "Request") {
-      co_await std::move(request);
+      static_cast<void>(co_await std::move(request));
     } else if (what == "Outcome") {
-      co_await std::move(outcome);
+      static_cast<void>(co_await std::move(outcome));
     } else if (what == "Sleep") {
       co_await std::move(sleep);
     } else {
@@ -479,7 +479,7 @@ TEST_F(CoroutineOnTheBusTest, IsDestroyedWhileItsRequestIsUnderWay) {
   recorder.Hang("SetPower");
   [](Service& service, std::vector<std::string>& log) -> Job {
     const Local local(log);
-    co_await service.SetPower(true);
+    static_cast<void>(co_await service.SetPower(true));
     log.emplace_back("goes on");
   }(service, log)
                                                              .StartIn(scope);

@@ -44,10 +44,8 @@ class FailuresTest : public testing::TestWithParam<Kind> {
   }
   template <typename T>
   Call Ask(Request<T> request, std::optional<std::chrono::milliseconds> deadline = std::nullopt) {
-    if (deadline) {
-      static_cast<void>(std::move(request).Within(*deadline));
-    }
-    return std::move(request).Then(m_scope, [this](Answer<T> answer) {
+    Request<T> bounded = deadline ? std::move(request).Within(*deadline) : std::move(request);
+    return std::move(bounded).Then(m_scope, [this](Answer<T> answer) {
       ++m_completions;
       if (answer.Failed()) {
         m_failure = answer.Why();

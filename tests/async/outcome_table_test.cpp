@@ -55,7 +55,7 @@ std::vector<std::string> FaultsIn(const RequestOutcome& outcome) {
       }
       const std::string& argument = arguments[condition.argument].signature;
       if (type != argument && !(IsNumber(type) && IsNumber(argument))) {
-        faults.push_back(type + " is compared with " + argument);
+        faults.push_back(std::string(type).append(" is compared with ").append(argument));
       }
       if (condition.kind == OutcomeCondition::Kind::PROFILE && type != "y") {
         faults.push_back("a profile is no " + type);

@@ -155,7 +155,7 @@ std::string DifferenceOf(const RequestOutcome& row, const OutcomeWitness& witnes
 
 std::string DifferenceOf(const RequestOutcome& row) {
   for (const OutcomeWitness& witness : WitnessesOf(row)) {
-    const std::string difference = DifferenceOf(row, witness);
+    std::string difference = DifferenceOf(row, witness);
     if (!difference.empty()) {
       return difference;
     }
