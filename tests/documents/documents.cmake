@@ -16,3 +16,16 @@ bt_add_source_test(NAME documents/EachTestThatSecurityNamesIsThere
   Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/security_test.py ${CMAKE_SOURCE_DIR})
 bt_add_source_test(NAME documents/TheChangelogHasItsForm
   Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/changelog_test.py ${CMAKE_SOURCE_DIR})
+
+# The site, which script/docs makes of the texts, the headers and the descriptions. Nothing has to be built for it.
+foreach(test TheSite.test_IsMadeOfAllTextsHeadersAndDescriptions TheSite.test_FailsOnWhatIsWrongInATextAndNamesIt
+        TheSite.test_FailsOnWhatAPageWouldLoadOrMissAndNamesIt TheSite.test_FailsOnATextThatNoListOfContentsNames
+        TheSite.test_FailsOnACommentThatDoesNotFitItsDeclaration TheCheckOfPages)
+  string(REPLACE ".test_" "" name ${test})
+  bt_add_source_test(NAME documents/${name}
+    Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/site_test.py ${CMAKE_SOURCE_DIR} ${test})
+  if(TEST documents/${name})
+    # Skipped: its packages are not installed.
+    set_tests_properties(documents/${name} PROPERTIES TIMEOUT 300 SKIP_RETURN_CODE 77)
+  endif()
+endforeach()
