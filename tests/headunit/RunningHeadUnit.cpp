@@ -107,6 +107,18 @@ QQuickItem* RunningHeadUnit::find(const QString& name) {
   return item;
 }
 
+QQuickItem* RunningHeadUnit::wait(const QString& name) {
+  return waitFor([&] { return shows(name); }) ? find(name) : nullptr;
+}
+
+bool RunningHeadUnit::waitUntilAbove(const QString& name, const QString& other) {
+  return waitFor([&] {
+    const QQuickItem* const above = find(name);
+    const QQuickItem* const below = find(other);
+    return above != nullptr && below != nullptr && above->y() < below->y();
+  });
+}
+
 QString RunningHeadUnit::text(const QString& name) {
   const QQuickItem* const item = find(name);
   return item != nullptr ? item->property("text").toString() : QString();

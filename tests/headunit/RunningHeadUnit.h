@@ -57,6 +57,10 @@ class RunningHeadUnit {
   /// A visible item with this objectName; null if there is none. "row/button": the button in the row.
   QQuickItem* find(const QString& name);
   bool shows(const QString& name) { return find(name) != nullptr; }
+  /// Waits for such an item; null if none comes.
+  QQuickItem* wait(const QString& name);
+  /// Waits until one is above the other.
+  bool waitUntilAbove(const QString& name, const QString& other);
   /// The text of such an item; empty if there is none.
   QString text(const QString& name);
   /// Waits until there is one that is enabled and stands still, and taps it; false if none comes.

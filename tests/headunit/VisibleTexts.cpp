@@ -17,6 +17,20 @@ QString nameOf(const QQuickItem& text) {
       .arg(text.height());
 }
 
+/// Whether a text stands out of its parent, or of what that is in; what scrolls is longer than what shows it.
+bool isOutside(const QQuickItem& text) {
+  for (const QQuickItem* around = text.parentItem();
+       around != nullptr && !around->inherits("QQuickFlickable"); around = around->parentItem()) {
+    const QRectF place = text.mapRectToItem(around, QRectF(0, 0, text.width(), text.height()));
+    const QRectF room = QRectF(0, 0, around->width(), around->height())
+                            .adjusted(-kTolerance, -kTolerance, kTolerance, kTolerance);
+    if (around->height() > 0 && !room.contains(place)) {
+      return true;
+    }
+  }
+  return false;
+}
+
 void look(const QQuickItem& item, QStringList& faults, int& seen) {
   if (!item.isVisible()) {
     return;
@@ -34,13 +48,8 @@ void look(const QQuickItem& item, QStringList& faults, int& seen) {
     if (family != kFamily) {
       faults += QStringLiteral("in %1: ").arg(family) + nameOf(item);
     }
-    const QQuickItem& parent = *item.parentItem();
-    const QRectF place = item.mapRectToItem(&parent, QRectF(0, 0, item.width(), item.height()));
-    const QRectF room = QRectF(0, 0, parent.width(), parent.height())
-                            .adjusted(-kTolerance, -kTolerance, kTolerance, kTolerance);
-    // What scrolls is longer than what shows it.
-    if (!room.contains(place) && !parent.inherits("QQuickFlickable") && parent.height() > 0) {
-      faults += QStringLiteral("outside its parent: ") + nameOf(item);
+    if (isOutside(item)) {
+      faults += QStringLiteral("outside of what it is in: ") + nameOf(item);
     }
   }
   const auto children = item.childItems();

@@ -98,7 +98,7 @@ void CallsTest::twoCallsAreSwappedAndJoined() {
   RunningHeadUnit unit;
   QVERIFY(unit.waitForPhone());
   QVERIFY(talk(unit, kCaller));
-  QVERIFY(!unit.find(QStringLiteral("merge"))->isEnabled());
+  QVERIFY(!unit.wait(QStringLiteral("merge"))->isEnabled());
   QVERIFY(talk(unit, kAnotherCaller));
   const auto states = [&](const char* first, const char* second) {
     return unit.waitFor([&] {
@@ -110,8 +110,7 @@ void CallsTest::twoCallsAreSwappedAndJoined() {
   QVERIFY(unit.tap(QStringLiteral("swap")));
   QVERIFY(states("Active", "On hold"));
   // The active one is above.
-  QVERIFY(unit.waitFor(
-      [&] { return unit.find(QStringLiteral("call 1"))->y() < unit.find(QStringLiteral("call 2"))->y(); }));
+  QVERIFY(unit.waitUntilAbove(QStringLiteral("call 1"), QStringLiteral("call 2")));
   QVERIFY(unit.tap(QStringLiteral("merge")));
   QVERIFY(states("Active", "Active"));
   QVERIFY(unit.waitFor([&] {

@@ -44,7 +44,7 @@ void SettingsTest::powerAndVisibilityAreSwitched() {
   QVERIFY(unit.waitFor([&] { return adapter.isDiscoverable(); }));
   QVERIFY(unit.tap(QStringLiteral("power")));
   QVERIFY(unit.waitFor([&] { return adapter.power() == btqt::Adapter::PowerOff; }));
-  QVERIFY(!unit.find(QStringLiteral("scan"))->isEnabled());
+  QVERIFY(!unit.wait(QStringLiteral("scan"))->isEnabled());
   QVERIFY(unit.tap(QStringLiteral("power")));
   QVERIFY(unit.waitFor([&] { return adapter.power() == btqt::Adapter::PowerOn; }));
 }
@@ -104,7 +104,7 @@ void SettingsTest::aPinIsTyped() {
                             .arg(old)}));
   QVERIFY(pair(unit, old));
   QVERIFY(unit.tap(QStringLiteral("typed")));
-  QVERIFY(!unit.find(QStringLiteral("acceptPairing"))->isEnabled());
+  QVERIFY(!unit.wait(QStringLiteral("acceptPairing"))->isEnabled());
   for (const char digit : {'1', 'x', '2', '3', '4'}) {
     QTest::keyClick(&unit.window(), digit);
   }
@@ -118,10 +118,10 @@ void SettingsTest::pairedDevicesAreReordered() {
   QVERIFY(waitForDevices(unit));
   btqt::RowsModel& paired = *unit.bt().devices()->paired();
   QCOMPARE(paired.rowOf(kBen), 1);
-  QVERIFY(!unit.find(row(kAda) + QStringLiteral("/up"))->isEnabled());
+  QVERIFY(!unit.wait(row(kAda) + QStringLiteral("/up"))->isEnabled());
   QVERIFY(unit.tap(row(kBen) + QStringLiteral("/up")));
   QVERIFY(unit.waitFor([&] { return paired.rowOf(kBen) == 0; }));
-  QVERIFY(unit.waitFor([&] { return unit.find(row(kBen))->y() < unit.find(row(kAda))->y(); }));
+  QVERIFY(unit.waitUntilAbove(row(kBen), row(kAda)));
 }
 
 void SettingsTest::aDeviceIsDisconnectedAndConnected() {

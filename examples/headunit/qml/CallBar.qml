@@ -14,11 +14,6 @@ Rectangle {
     required property int seconds
     required property bool conference
 
-    function clock(seconds) {
-        const rest = seconds % 60
-        return Math.floor(seconds / 60) + ":" + (rest < 10 ? "0" : "") + rest
-    }
-
     objectName: "call " + callId
     implicitHeight: 96
     radius: Theme.radius
@@ -65,7 +60,7 @@ Rectangle {
             visible: line.state === Calls.Active || line.state === Calls.Held
             fromOutside: true
             color: Theme.faint
-            text: line.clock(line.seconds)
+            text: Theme.clock(line.seconds)
         }
     }
 }

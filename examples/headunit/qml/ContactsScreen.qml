@@ -61,19 +61,10 @@ Item {
             Layout.fillWidth: true
             visible: screen.bt.download.state === Download.Connecting || screen.bt.download.state === Download.Downloading
             spacing: Theme.gap
-            Rectangle {
+            Progress {
                 Layout.fillWidth: true
-                implicitHeight: 10
-                radius: 5
-                color: Theme.raised
-                Rectangle {
-                    objectName: "progressDone"
-                    height: parent.height
-                    radius: 5
-                    color: Theme.accent
-                    width: screen.bt.download.total > 0
-                           ? parent.width * Math.min(1, screen.bt.download.done / screen.bt.download.total) : 0
-                }
+                done: screen.bt.download.done
+                total: screen.bt.download.total
             }
             Label {
                 fromOutside: true

@@ -10,11 +10,6 @@ Item {
     required property BtService bt
     readonly property bool plays: bt.music.state === Music.Playing
 
-    function clock(milliseconds) {
-        const seconds = Math.floor(milliseconds / 1000)
-        const rest = seconds % 60
-        return Math.floor(seconds / 60) + ":" + (rest < 10 ? "0" : "") + rest
-    }
     function nextOf(modes, mode) {
         return modes.length === 0 ? mode : modes[(modes.indexOf(mode) + 1) % modes.length]
     }
@@ -65,24 +60,16 @@ Item {
             Label {
                 objectName: "position"
                 fromOutside: true
-                text: screen.clock(screen.bt.music.position)
+                text: Theme.clock(screen.bt.music.position / 1000)
             }
-            Rectangle {
+            Progress {
                 Layout.fillWidth: true
-                implicitHeight: 10
-                radius: 5
-                color: Theme.raised
-                Rectangle {
-                    height: parent.height
-                    radius: 5
-                    color: Theme.accent
-                    width: screen.bt.music.length > 0
-                           ? parent.width * Math.min(1, screen.bt.music.position / screen.bt.music.length) : 0
-                }
+                done: screen.bt.music.position
+                total: screen.bt.music.length
             }
             Label {
                 fromOutside: true
-                text: screen.clock(screen.bt.music.length)
+                text: Theme.clock(screen.bt.music.length / 1000)
             }
         }
         RowLayout {

@@ -29,4 +29,11 @@ QtObject {
     readonly property int touch: 72
     readonly property int gap: 16
     readonly property int radius: 14
+
+    // A length of time: 1:05.
+    function clock(seconds) {
+        const whole = Math.floor(seconds)
+        const rest = whole % 60
+        return Math.floor(whole / 60) + ":" + (rest < 10 ? "0" : "") + rest
+    }
 }
