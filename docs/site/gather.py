@@ -28,8 +28,8 @@ DESCRIPTIONS = {
     "dbus-service": (
         "The service on the bus", "ipc/D-Bus/com.zelk.linux.bluetooth.xml",
         "What is between the library and the service. The types are those of D-Bus: `y` a byte, `i` and `u` 32 bits, `b` yes "
-        "or no, `s` a text, `v` a variant. [integrators.md](../docs/integrators.md#the-service) says what a service has to "
-        "do; the headers say what each method means."),
+        "or no, `s` a text, `v` a variant. [Writing a service](../docs/writing-a-service.md) says what a service has to do; "
+        "the headers say what each method means."),
     "dbus-simulation": (
         "The controls of the simulation", "service/simulation/com.zelk.linux.bluetooth.sim.xml",
         "How a person or a test controls `btservice`. [Its own page](../service/README.md#controlling-it-and-injecting-faults) "
