@@ -25,7 +25,7 @@ class AnySubscription final : public Subscription {
 FollowedRequest::FollowedRequest(Request<> request, const EventHandling& handling, Judge judge)
     : m_request(std::move(request)),
       m_handling(handling),
-      m_judge(std::move(judge)),
+      m_judge(std::make_shared<const Judge>(std::move(judge))),
       m_name(m_request->Parts().Name()) {}
 
 FollowedRequest::~FollowedRequest() {
@@ -59,8 +59,11 @@ void FollowedRequest::TakeEvent(const void* event) {
   if (m_verdict != Verdict::NotYet && !m_more->IsRunning()) {
     return;  // it is decided, and waits for the answer
   }
-  const std::optional<Judgement> judgement = m_judge(event);
-  if (!judgement) {
+  // The application's condition may destroy everything: it is needed to its end, and this may be gone then.
+  const std::shared_ptr<const Judge> judge = m_judge;
+  const std::weak_ptr<const bool> life = m_life;
+  const std::optional<Judgement> judgement = (*judge)(event);
+  if (life.expired() || !judgement) {
     return;
   }
   m_more->Stop();

@@ -52,7 +52,8 @@ class FollowedRequest final : public Composition {
 
   std::optional<Request<>> m_request;
   const EventHandling m_handling;
-  const Judge m_judge;
+  const std::shared_ptr<const Judge> m_judge;
+  const std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true);  ///< lives as long as this
   const char* const m_name;
   PendingCall* m_call = nullptr;
   std::optional<Timer> m_deadline;

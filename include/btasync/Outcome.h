@@ -71,7 +71,8 @@ BTASYNC_API Outgoing Follow(Service& service, Request<> request, const EventHand
 }  // namespace detail
 
 /// An outcome of one's own: the request, and what decides about each event of a kind that comes from its
-/// sending on.
+/// sending on. That may destroy everything, as any callback. What it throws is logged: the event does not
+/// count.
 ///
 ///   Follow<CallActionChanged>(service, service.SwitchCalls(BT_CALL_ADD_HELD), [](const CallActionChanged&
 ///   event) {

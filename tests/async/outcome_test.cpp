@@ -401,6 +401,29 @@ TEST_F(OutcomeTest, MayBeginTheNextOneAtItsEnd) {
   EXPECT_THAT(Ends(), ElementsAre("accepted"));
 }
 
+TEST_F(OutcomeTest, WhatJudgesMayDestroyEverything) {
+  for (const bool destroysService : {false, true}) {
+    auto doomed = std::make_unique<FakeService>();
+    auto doomedScope = std::make_unique<Scope>();
+    doomed->WillAccept(&Service::SwitchCalls);
+    int judged = 0;
+    Follow<CallsChanged>(*doomed, doomed->SwitchCalls(BT_CALL_RELEASE_HELD),
+                         [&, text = std::string("what the condition has captured")](const CallsChanged&) {
+                           ++judged;
+                           destroysService ? doomed.reset() : doomedScope.reset();
+                           EXPECT_EQ(text, "what the condition has captured");
+                           return Verdict::Reached;
+                         })
+        .Then(*doomedScope, [](const Answer<CallsChanged>&) { ADD_FAILURE(); });
+    FakeService& service = *doomed;
+    service.Settle();
+    service.Emit(CallsChanged{0});
+    service.Emit(CallsChanged{1});
+    service.Settle();  // it may be gone after that
+    EXPECT_EQ(judged, 1);
+  }
+}
+
 TEST_F(OutcomeTest, AnExceptionOfWhatJudgesIsLoggedAndTheEventDoesNotCount) {
   fake.WillAccept(&Service::SwitchCalls);
   bttest::LogCapture log;

@@ -13,6 +13,7 @@
 
 #include <btasync/Coroutine.h>
 #include <btasync/Mirror.h>
+#include <btasync/Outcome.h>
 #include <btasync/testing/FakeService.h>
 
 #include <gmock/gmock.h>
@@ -45,6 +46,7 @@ class World {
 class BusWorld final : public World {
  public:
   BusWorld() {
+    m_recorder.SetReply("SetPower", g_variant_new("(i)", 1));
     m_recorder.Delay("SetPower", 2ms);
     m_recorder.Hang("DialCall");
   }
@@ -282,6 +284,19 @@ class Walk {
     }
   }
 
+  /// An order, and the event that ends it. Nobody holds it if it is sent without waiting.
+  Outcome<PowerChanged> MakeOutcome(Service& service) {
+    if (Chance(2)) {
+      return SwitchPower(service, true);
+    }
+    return Follow<PowerChanged>(service, MakeOrder(service), [this](const PowerChanged& event) {
+      EXPECT_EQ(m_inCall, 0) << "inside the calling function";
+      ++m_callbacks;
+      ActInCallback();
+      return event.status == BT_POWER_ON ? Verdict::Reached : Verdict::Missed;
+    });
+  }
+
   /// Waits for this and that, as long as the scope that holds it lives.
   Job Wander(int held, unsigned times) {
     const JobCount count(*this);
@@ -291,12 +306,15 @@ class Walk {
         break;
       }
       Service& service = *Any(m_services)->service;
-      switch (Random(4)) {
+      switch (Random(5)) {
         case 0:
-          co_await service.GetPowerStatus();
+          static_cast<void>(co_await service.GetPowerStatus());
+          break;
+        case 3:
+          static_cast<void>(co_await MakeOutcome(service).Within(3ms));
           break;
         case 1:
-          co_await MakeOrder(service).Within(3ms);
+          static_cast<void>(co_await MakeOrder(service).Within(3ms));
           break;
         case 2:
           co_await Sleep(service, std::chrono::milliseconds(Random(3)));
@@ -382,7 +400,10 @@ class Walk {
   void Use(NumberedScope& scope, const NumberedService& numbered) {
     Service& service = *numbered.service;
     const int held = scope.number;
-    switch (Random(10)) {
+    switch (Random(11)) {
+      case 10:
+        Send(MakeOutcome(service), scope, &numbered);
+        break;
       case 9:
         if (m_mirrors.size() < kMost) {
           m_mirrors.push_back(std::make_unique<Mirror>(
