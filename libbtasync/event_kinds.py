@@ -13,7 +13,7 @@ import xml.etree.ElementTree as ElementTree
 
 def signals_of_structures(text):
     """Pairs of a structure of Events.h and its signal, in their order; None for a structure that names none."""
-    for match in re.finditer(r"^struct (\w+) \{(?:\};)?(?:  // (\w+)$)?", text, re.M):
+    for match in re.finditer(r"^struct (\w+) \{(?:\};)?(?:  +// (\w+)$)?", text, re.M):
         yield match.groups()
 
 

@@ -20,7 +20,7 @@ bt_add_source_test(NAME documents/TheChangelogHasItsForm
 # The site, which script/docs makes of the texts, the headers and the descriptions. Nothing has to be built for it.
 foreach(test TheSite.test_IsMadeOfAllTextsHeadersAndDescriptions TheSite.test_FailsOnWhatIsWrongInATextAndNamesIt
         TheSite.test_FailsOnWhatAPageWouldLoadOrMissAndNamesIt TheSite.test_FailsOnATextThatNoListOfContentsNames
-        TheSite.test_FailsOnACommentThatDoesNotFitItsDeclaration TheCheckOfPages)
+        TheSite.test_FailsOnACommentThatDoesNotFitItsDeclaration TheCheckOfPages TheEvents)
   string(REPLACE ".test_" "" name ${test})
   bt_add_source_test(NAME documents/${name}
     Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/site_test.py ${CMAKE_SOURCE_DIR} ${test})

@@ -127,6 +127,17 @@ class TheSite(InAFolder):
         self.assertRegex(output, r"Timer\.h:\d+: (warning|error): .*NoSuchThing")
 
 
+class TheEvents(unittest.TestCase):
+    def test_AreDescribedWithEachOfTheirValues(self):
+        header = (TREE / "include/btasync/Events.h").read_text()
+        fields = re.findall(r"^  [\w:]+ \w+;.*", header, re.MULTILINE)
+        self.assertGreater(len(fields), 70)
+        self.assertEqual([field for field in fields if not re.search(r";  +///< \S", field)], [])
+        structures = re.findall(r"(.*)\n(struct \w+)", header)
+        self.assertGreater(len(structures), 50)
+        self.assertEqual([name for before, name in structures if not before.startswith("/// ")], [])
+
+
 class TheCheckOfPages(InAFolder):
     def faults(self, **files):
         for name, text in files.items():
