@@ -248,23 +248,19 @@ class Walk {
 
   template <typename T>
   void Send(Request<T> request, NumberedScope& scope, const NumberedService* service) {
-    switch (Random(4)) {
-      case 0:
-        static_cast<void>(std::move(request).Within(0ms));
-        break;
-      case 1:
-        std::move(request).Send();
-        return;
-      default:
-        static_cast<void>(std::move(request).Within(std::chrono::milliseconds(Random(20))));
+    const unsigned way = Random(4);
+    if (way == 1) {
+      std::move(request).Send();
+      return;
     }
+    Request<T> bounded = std::move(request).Within(way == 0 ? 0ms : std::chrono::milliseconds(Random(20)));
     const int number = ++m_lastNumber;
     const int held = scope.number;
     if (service != nullptr) {
       m_pending[number] = {held, service->number};
     }
     auto call = std::make_unique<Call>(
-        std::move(request).Then(scope.scope, [this, number, held, isOf = service != nullptr](Answer<T>) {
+        std::move(bounded).Then(scope.scope, [this, number, held, isOf = service != nullptr](Answer<T>) {
           EXPECT_EQ(m_completed.insert(number).second, true) << "a second time";
           EXPECT_EQ(m_pending.erase(number), isOf ? 1u : 0u) << "after its scope or service";
           Callback(held);
