@@ -24,12 +24,14 @@ enum class Reason {
 };
 
 /// A word for a reason: "no bus", "timed out".
+/// @param reason any, also one that the enumeration does not have
+/// @returns a text that is there for good, never null
 BTASYNC_API const char* ToText(Reason reason);
 
 /// A failure, with words for a log. Never show the detail to a user.
 struct Failure {
-  Reason reason = Reason::NoBus;
-  std::string detail;
+  Reason reason = Reason::NoBus;  ///< what to decide by
+  std::string detail;             ///< for a log: the error of D-Bus, or the argument; may be empty
 };
 
 /// The service accepted the request. Events report what comes of it, and may come before the answer does.
@@ -44,13 +46,26 @@ struct Refusal {};
 template <typename T = Accepted>
 class [[nodiscard]] Answer {
  public:
+  /// Accepted.
+  /// @param value what the service answered
   Answer(T value) : m_value(std::move(value)) {}
+  /// Refused.
   Answer(Refusal) : m_isRefused(true) {}
+  /// Refused by an event, of which the outcome is made.
+  /// @param by the event
   Answer(Refusal, T by) : m_value(std::move(by)), m_isRefused(true) {}
+  /// Failed.
+  /// @param failure why
   Answer(Failure failure) : m_failure(std::move(failure)) {}
 
+  /// The service accepted the request, and its value is there.
+  /// @returns true for exactly one of Accepted, Refused and Failed
   bool Accepted() const { return m_value.has_value() && !m_isRefused; }
+  /// The service refused the request.
+  /// @returns true for exactly one of Accepted, Refused and Failed
   bool Refused() const { return m_isRefused; }
+  /// Nobody answered, or not in a way that counts: Why() has the reason.
+  /// @returns true for exactly one of Accepted, Refused and Failed
   bool Failed() const { return !Accepted() && !Refused(); }
   /// Accepted(). An Answer<bool> has none: whether it is there and whether it is true would look the same.
   template <typename Value = T, std::enable_if_t<!std::is_same_v<Value, bool>, int> = 0>
@@ -58,18 +73,31 @@ class [[nodiscard]] Answer {
     return Accepted();
   }
 
-  /// The value; only if Accepted().
+  /// The value; only if Accepted(), else the behaviour is not defined.
+  /// @returns the value, which belongs to the answer
   T& operator*() & { return *m_value; }
+  /// The value; only if Accepted(), else the behaviour is not defined.
+  /// @returns the value, which belongs to the answer
   const T& operator*() const& { return *m_value; }
+  /// The value, to be moved out of the answer; only if Accepted(), else the behaviour is not defined.
+  /// @returns the value
   T&& operator*() && { return *std::move(m_value); }
+  /// The value; only if Accepted(), else the behaviour is not defined.
+  /// @returns the value, which belongs to the answer
   T* operator->() { return &*m_value; }
+  /// The value; only if Accepted(), else the behaviour is not defined.
+  /// @returns the value, which belongs to the answer
   const T* operator->() const { return &*m_value; }
-  /// The value, or other if there is none.
+  /// The value, or another if there is none.
+  /// @param other what stands in for it
+  /// @returns a copy of the value if Accepted(), else other
   T ValueOr(T other) const { return Accepted() ? *m_value : std::move(other); }
   /// Of an outcome (Outcome.h): the event by which the service reported that it has failed, such as the
   /// PairChanged that has the reason. Null if the request itself was refused, or nothing was.
+  /// @returns the event, which belongs to the answer, or null
   const T* RefusedBy() const { return m_isRefused && m_value ? &*m_value : nullptr; }
-  /// The failure; only if Failed().
+  /// The failure; only if Failed(), else it means nothing.
+  /// @returns the failure, which belongs to the answer
   const Failure& Why() const { return m_failure; }
 
  private:

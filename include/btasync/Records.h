@@ -21,14 +21,14 @@ using Bytes = std::vector<unsigned char>;
 
 /// The connection of the phone or of the player.
 struct ConnectionState {
-  ConnStatus status = BT_CONN_UNKNOWN;
-  Address address;  ///< empty if there is none
+  ConnStatus status = BT_CONN_UNKNOWN;  ///< its state
+  Address address;                      ///< empty if there is none
 };
 
 /// Where the player is in the track, in milliseconds.
 struct PlayPosition {
-  int position = 0;
-  int length = 0;
+  int position = 0;  ///< from the beginning of the track
+  int length = 0;    ///< of the track
 };
 
 }  // namespace v0

@@ -15,11 +15,15 @@ inline namespace v0 {
 /// live until the function that takes it returns. A request with any other text fails with InvalidArgument.
 class Text {
  public:
+  /// @param text is viewed, not copied
   Text(const std::string& text) : m_begin(text.data()), m_size(text.size()) {}
+  /// @param text ends with a NUL and is viewed, not copied; null is no text, and no request takes it
   Text(const char* text) : m_begin(text), m_size(text != nullptr ? std::strlen(text) : 0) {}
 
-  /// Null if it was made of a null pointer; ends with a NUL else.
+  /// The first byte.
+  /// @returns null if it was made of a null pointer; else what ends with a NUL
   const char* Begin() const { return m_begin; }
+  /// @returns the number of bytes, without the NUL
   std::size_t Size() const { return m_size; }
 
  private:
@@ -31,17 +35,29 @@ class Text {
 /// exchanged. Any text may be one: a request with an address that is not valid fails with InvalidArgument.
 class Address {
  public:
+  /// Empty: no device.
   Address() = default;
+  /// @param text such as 00:1A:7D:DA:71:13; not checked here
   explicit Address(std::string text) : m_text(std::move(text)) {}
 
-  /// As it came: 00:1A:7D:DA:71:13.
+  /// As it came.
+  /// @returns a text such as 00:1A:7D:DA:71:13, which belongs to the address
   const std::string& ToText() const { return m_text; }
-  /// Six pairs of hexadecimal digits, of either case, separated by ':'.
+  /// Whether a request takes it.
+  /// @returns true for six pairs of hexadecimal digits, of either case, separated by ':'
   BTASYNC_API bool IsValid() const;
+  /// @returns true for no text at all, as in an address that was never set
   bool IsEmpty() const { return m_text.empty(); }
 
   /// The same device: the case of the digits does not count.
+  /// @param one an address
+  /// @param other another
+  /// @returns true for the same device
   BTASYNC_API friend bool operator==(const Address& one, const Address& other);
+  /// Another device: the case of the digits does not count.
+  /// @param one an address
+  /// @param other another
+  /// @returns true for another device
   friend bool operator!=(const Address& one, const Address& other) { return !(one == other); }
 
  private:
@@ -52,9 +68,12 @@ class Address {
 /// the same reason as Address.
 class PinCode {
  public:
+  /// Empty: no PIN.
   PinCode() = default;
+  /// @param digits are checked by the request that takes them, which else fails with InvalidArgument
   explicit PinCode(std::string digits) : m_digits(std::move(digits)) {}
 
+  /// @returns the digits as they came, which belong to the PIN
   const std::string& ToText() const { return m_digits; }
 
  private:
