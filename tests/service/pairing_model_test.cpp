@@ -221,6 +221,27 @@ TEST_F(PairingModelTest, AKeyFromOutOfBandPairsAtOnce) {
   EXPECT_EQ(Devices().PairedDevices().size(), 1U);
 }
 
+TEST_F(PairingModelTest, AKeyFromOutOfBandDuringAPairingMakesNoSecondOne) {
+  AskFor(kSmartphone);
+  EXPECT_TRUE(Devices().SetOobLinkKey(kSmartphone, Bytes(16, 0xAB)));
+  EXPECT_TRUE(Devices().AcceptPairing(kSmartphone, "", BT_PAIR_REQUEST_CONFIRMATION));
+  Pass(world.delays.oobKey + world.delays.pairRemote + world.delays.pairKeys);
+  EXPECT_THAT(Stages(), ElementsAre(BT_PAIR_PAIRING, BT_PAIR_PAIRED));
+  EXPECT_EQ(Devices().PairedDevices().size(), 1U);
+}
+
+TEST_F(PairingModelTest, AKeyFromOutOfBandDuringAPairingCanTakeTheLastPlace) {
+  world.adapter.pairedDevices = 1;
+  AskFor(kSmartphone);
+  EXPECT_TRUE(Devices().SetOobLinkKey(kOldPhone, Bytes(16, 0xAB)));
+  EXPECT_TRUE(Devices().AcceptPairing(kSmartphone, "", BT_PAIR_REQUEST_CONFIRMATION));
+  Pass(world.delays.oobKey + world.delays.pairRemote + world.delays.pairKeys);
+  EXPECT_THAT(Stages(), ElementsAre(BT_PAIR_PAIRING, BT_PAIR_FAILED));
+  EXPECT_EQ(Reason(), BT_PAIR_REASON_LIST_FULL);
+  ASSERT_EQ(Devices().PairedDevices().size(), 1U);
+  EXPECT_EQ(Devices().PairedDevices()[0].address, kOldPhone);
+}
+
 TEST_F(PairingModelTest, AKeyOfTheWrongSizeDoesNot) {
   PowerOn();
   EXPECT_TRUE(Devices().SetOobLinkKey(kSmartphone, Bytes(15)));

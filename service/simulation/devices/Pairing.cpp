@@ -169,8 +169,15 @@ void Pairing::Finish(const std::string& pin) {
       Fail(BT_PAIR_REASON_AUTHENTICATION);
       return;
     }
+    // A key by other means can have come meanwhile: for this device, or for the last place in the list.
+    if (!device.paired && m_devices.IsFull()) {
+      Fail(BT_PAIR_REASON_LIST_FULL);
+      return;
+    }
     m_stage = Stage::IDLE;
-    m_devices.AddPaired(device);
+    if (!device.paired) {
+      m_devices.AddPaired(device);
+    }
     Report(BT_PAIR_PAIRED, BT_PAIR_REASON_NONE);
   });
 }
