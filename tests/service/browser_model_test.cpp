@@ -83,6 +83,16 @@ TEST_F(BrowserModelTest, TheItemsOfAFolderAreCounted) {
   EXPECT_FALSE(Music().CountFolder("f9"));
 }
 
+TEST_F(BrowserModelTest, AFolderThatIsGoneMeanwhileHasNothing) {
+  EXPECT_TRUE(Music().Search("f2", "lights", kAll));
+  EXPECT_TRUE(Music().CountFolder("f1"));
+  EXPECT_TRUE(Stack().FromOutside().SetTracks(kSmartphone, {}));
+  Pass(world.delays.browse);
+  EXPECT_THAT(Names(BT_BROWSER_SEARCH), IsEmpty());
+  EXPECT_EQ(log.Count<BrowserItemsArrived>(), 1U);
+  EXPECT_THAT(log.Values(&BrowserFolderTotal::total), ElementsAre(0));
+}
+
 TEST_F(BrowserModelTest, TheQueueIsListed) {
   Do(Music().BrowseQueue({0, 2}));
   EXPECT_THAT(Names(BT_BROWSER_NOW_PLAYING), ElementsAre("Low Tide", "Lantern"));

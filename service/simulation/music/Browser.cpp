@@ -123,6 +123,11 @@ const FolderData* Browser::Current() const {
   return folder;
 }
 
+const FolderData* Browser::Folder(const std::string& uid) const {
+  const FolderData* const root = Root();
+  return root == nullptr || uid.empty() ? Current() : FindFolder(*root, uid);
+}
+
 bool Browser::Later(std::function<void()> action) {
   if (Root() == nullptr) {
     return false;
@@ -166,11 +171,11 @@ bool Browser::Down(const std::string& uid, ItemRange range) {
 }
 
 bool Browser::Search(const std::string& uid, const std::string& words, ItemRange range) {
-  const FolderData* const root = Root();
-  const FolderData* const folder = root == nullptr || uid.empty() ? Current() : FindFolder(*root, uid);
-  return folder != nullptr && !words.empty() && IsRange(range) && Later([this, folder, words, range] {
+  return Folder(uid) != nullptr && !words.empty() && IsRange(range) && Later([this, uid, words, range] {
            std::vector<TrackData> matches;
-           CollectMatches(*folder, LowerCase(words), matches);
+           if (const FolderData* const folder = Folder(uid)) {
+             CollectMatches(*folder, LowerCase(words), matches);
+           }
            Show(BT_BROWSER_SEARCH, ItemsOf(matches), range);
          });
 }
@@ -219,10 +224,10 @@ void Browser::Arrive(BrowserScopeType scope, std::vector<BrowserItem> items) {
 }
 
 bool Browser::CountFolder(const std::string& uid) {
-  const FolderData* const root = Root();
-  const FolderData* const folder = root == nullptr || uid.empty() ? Current() : FindFolder(*root, uid);
-  return folder != nullptr && Later([this, folder] {
-           m_context.Report(BrowserFolderTotal{static_cast<int>(ItemsOf(*folder).size())});
+  return Folder(uid) != nullptr && Later([this, uid] {
+           const FolderData* const folder = Folder(uid);
+           m_context.Report(
+               BrowserFolderTotal{folder != nullptr ? static_cast<int>(ItemsOf(*folder).size()) : 0});
          });
 }
 

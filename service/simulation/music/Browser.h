@@ -37,6 +37,9 @@ class Browser {
   /// Null without a player.
   const FolderData* Root() const;
   const FolderData* Current() const;
+  /// The folder with this uid, or the current one if it is empty; null if there is none. Not to be kept: a
+  /// phone can have other music from one moment to the next.
+  const FolderData* Folder(const std::string& uid) const;
   bool Later(std::function<void()> action);
   bool GoTo(bool possible, const std::vector<std::string>& path, ItemRange range);
   void Show(BrowserScopeType scope, const std::vector<BrowserItem>& items, ItemRange range);
