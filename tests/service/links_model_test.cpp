@@ -177,6 +177,17 @@ TEST_F(OutsideModelTest, ALostLinkComesBackIfTheSettingsSaySo) {
               ElementsAre(BT_CONN_LINK_LOST, BT_CONN_CONNECTING, BT_CONN_CONNECTED));
 }
 
+TEST_F(OutsideModelTest, ALinkThatIsSoughtAgainAtOnceLetsTimePass) {
+  world.settings.capabilities[BT_CAP_AUTO_CONNECT] = 1;
+  world.delays.reconnect = 0ms;
+  ConnectDevice(kSmartphone);
+  Stack().FromOutside().SetInRange(kSmartphone, false);
+  Pass(1s);
+  Stack().FromOutside().SetInRange(kSmartphone, true);
+  Pass(world.delays.page + 2 * world.delays.profile + 1ms);
+  EXPECT_EQ(StatesOf(kSmartphone, BT_PROFILE_HFP).back(), BT_CONN_CONNECTED);
+}
+
 TEST_F(OutsideModelTest, LeavingWhileTheLinkIsSoughtForgetsNothing) {
   world.settings.capabilities[BT_CAP_AUTO_CONNECT] = 1;
   ConnectDevice(kSmartphone);

@@ -155,6 +155,18 @@ TEST_F(MusicModelTest, ButGoesOnIfEverythingIsRepeated) {
   EXPECT_EQ(Music().Status(), BT_MUSIC_PLAYING);
 }
 
+TEST_F(MusicModelTest, ARepeatedTrackWithoutALengthLetsTimePass) {
+  Connect();
+  TrackData track;
+  track.title = "Nothing";
+  EXPECT_TRUE(Stack().FromOutside().SetTracks(kSmartphone, {track}));
+  Do(Music().SetPlayMode({PLAYER_REPEAT, REPEAT_TRACK}));
+  Play();
+  Pass(1s);
+  EXPECT_EQ(Music().Status(), BT_MUSIC_PLAYING);
+  EXPECT_EQ(Title(), "Nothing");
+}
+
 TEST_F(MusicModelTest, ARepeatedTrackStaysTheSame) {
   Connect();
   Do(Music().SetPlayMode({PLAYER_REPEAT, REPEAT_TRACK}));

@@ -129,7 +129,8 @@ void Connections::Arrive(RemoteDevice& device) {
 
 void Connections::RetryLater(RemoteDevice& device) {
   Link& link = LinkOf(device);
-  link.retry.Start(m_context.delays.reconnect, [this, &device, &link] {
+  // Without any time in between, a device that is away would be tried for ever in the same instant.
+  link.retry.Start(std::max(m_context.delays.reconnect, Milliseconds(1)), [this, &device, &link] {
     if (!device.inRange) {
       RetryLater(device);
       return;

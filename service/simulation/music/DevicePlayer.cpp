@@ -144,7 +144,9 @@ void DevicePlayer::Rebase(Milliseconds position) {
   m_since = m_context.scheduler.Now();
   const int rate = Rate();
   if (rate > 0) {
-    m_end.Start((Length() - position + Milliseconds(rate - 1)) / rate, [this] { ReachEnd(); });
+    // A track without a length that is repeated would otherwise end for ever in the same instant.
+    const Milliseconds length = std::max(Length(), Milliseconds(1));
+    m_end.Start((length - position + Milliseconds(rate - 1)) / rate, [this] { ReachEnd(); });
   } else if (rate < 0) {
     m_end.Start((position + Milliseconds(-rate - 1)) / -rate, [this] { Enter(BT_MUSIC_PLAYING); });
   } else {
