@@ -19,9 +19,8 @@ inline namespace v0 {
 /// It subscribes the event, sends the request, and ends once:
 /// - accepted, with the event by which the service reports that it is done, once the service has accepted the
 ///   request too. The event may come before the answer.
-/// - refused, if the service refuses the request, or if the event reports a failure. Answer::RefusedBy is
-/// that
-///   event then: of PairDevice with the reason (PairFailedReson), of ConnectDevice with what became of the
+/// - refused, if the service refuses the request, or if the event reports a failure. Answer::RefusedBy then
+///   is that event: of PairDevice with the reason (PairFailedReson), of ConnectDevice with what became of the
 ///   connection, of DownloadPhoneBook with whether it was stopped, failed or refused.
 /// - failed, as every request; with TimedOut if the event does not come in time; with ServiceGone or NoBus if
 ///   the service or the bus goes in between. What was begun may still be done then.
@@ -74,10 +73,10 @@ BTASYNC_API Outgoing Follow(Service& service, Request<> request, const EventHand
 /// sending on. That may destroy everything, as any callback. What it throws is logged: the event does not
 /// count.
 ///
-///   Follow<CallActionChanged>(service, service.SwitchCalls(BT_CALL_ADD_HELD), [](const CallActionChanged&
-///   event) {
+///   const auto isDone = [](const CallActionChanged& event) {
 ///     return event.action == BT_CALL_ADD_HELD && !event.possible ? Verdict::Reached : Verdict::NotYet;
-///   }).Then(scope, …);
+///   };
+///   Follow<CallActionChanged>(service, service.SwitchCalls(BT_CALL_ADD_HELD), isDone).Then(scope, …);
 template <typename Event>
 Outcome<Event> Follow(Service& service, Request<> request, std::function<Verdict(const Event&)> judge) {
   return {detail::Follow(service, std::move(request), detail::HandlingOf<Event>(),
@@ -153,11 +152,13 @@ BTASYNC_API Outcome<CallStatusChanged> TakeCall(Service& service);
 BTASYNC_API Outcome<CallStatusChanged> DeclineCall(Service& service);
 /// TerminateCall: until a call has ended.
 BTASYNC_API Outcome<CallStatusChanged> HangUp(Service& service);
-/// SetAudioPrivacy.
+/// SetAudioPrivacy. If the sound is there already, no event says so, and it ends with TimedOut: look at
+/// AudioState::onPhone before.
 BTASYNC_API Outcome<AudioChanged> MoveCallAudio(Service& service, bool toPhone);
-/// StartVoiceRecognition.
+/// StartVoiceRecognition. The service cannot refuse it: if it runs already, or cannot begin (a call, no
+/// phone), it ends with TimedOut.
 BTASYNC_API Outcome<VoiceRecognitionChanged> BeginVoiceRecognition(Service& service);
-/// StopVoiceRecognition.
+/// StopVoiceRecognition. The service cannot refuse it: if it does not run, it ends with TimedOut.
 BTASYNC_API Outcome<VoiceRecognitionChanged> EndVoiceRecognition(Service& service);
 
 // ----- Music and browsing
