@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QQuickItem>
+#include <QRegularExpression>
 
 namespace {
 
@@ -58,10 +59,31 @@ void look(const QQuickItem& item, QStringList& faults, int& seen) {
   }
 }
 
+void lookForLatin(const QQuickItem& item, QStringList& found) {
+  static const QRegularExpression kLatin(QStringLiteral("[A-Za-z]"));
+  if (!item.isVisible()) {
+    return;
+  }
+  const QString text = item.property("text").toString();
+  if (item.inherits("QQuickText") && text.contains(kLatin) && !item.property("fromOutside").toBool()) {
+    found += QStringLiteral("not translated: '%1'").arg(text);
+  }
+  const auto children = item.childItems();
+  for (const QQuickItem* const child : children) {
+    lookForLatin(*child, found);
+  }
+}
+
 }  // namespace
 
 QStringList faultsOfVisibleTexts(const QQuickItem& root, int& seen) {
   QStringList faults;
   look(root, faults, seen);
   return faults;
+}
+
+QStringList untranslatedTexts(const QQuickItem& root) {
+  QStringList found;
+  lookForLatin(root, found);
+  return found;
 }

@@ -10,4 +10,8 @@ class QQuickItem;
 /// unit's. seen counts the texts.
 QStringList faultsOfVisibleTexts(const QQuickItem& root, int& seen);
 
+/// The visible texts below an item that a translation into Arabic letters should have changed: those with
+/// Latin ones, unless they are marked as coming from outside.
+QStringList untranslatedTexts(const QQuickItem& root);
+
 #endif

@@ -60,6 +60,7 @@ Wishes TextsTest::fetched() {
 }
 
 QString TextsTest::walk(RunningHeadUnit& unit, const std::vector<View>& views) {
+  QFETCH(bool, pseudo);
   for (const View& view : views) {
     if (!view.open()) {
       return QStringLiteral("%1 does not show").arg(QLatin1String(view.name));
@@ -70,6 +71,9 @@ QString TextsTest::walk(RunningHeadUnit& unit, const std::vector<View>& views) {
     unit.waitFor([&] {
       seen = 0;
       faults = faultsOfVisibleTexts(*unit.window().contentItem(), seen);
+      if (pseudo) {
+        faults += untranslatedTexts(*unit.window().contentItem());
+      }
       return faults.isEmpty() && seen >= kFewestTexts;
     });
     if (!faults.isEmpty() || seen < kFewestTexts) {

@@ -21,6 +21,10 @@ ColumnLayout {
         Layout.alignment: Qt.AlignHCenter
         operation: asked
     }
+    Notice {
+        Layout.alignment: Qt.AlignHCenter
+        operation: ending
+    }
     GridLayout {
         Layout.fillWidth: true
         columns: 2

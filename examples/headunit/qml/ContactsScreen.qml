@@ -88,6 +88,10 @@ Item {
             Layout.alignment: Qt.AlignHCenter
             operation: marking
         }
+        Notice {
+            Layout.alignment: Qt.AlignHCenter
+            operation: stopping
+        }
         Entries {
             id: people
             opacity: screen.bt.contacts.fresh ? 1 : Theme.stale

@@ -73,6 +73,10 @@ Rectangle {
                 onVisibleChanged: clear()
             }
             Item { Layout.fillHeight: true }
+            Notice {
+                Layout.alignment: Qt.AlignHCenter
+                operation: answer
+            }
             RowLayout {
                 Layout.fillWidth: true
                 spacing: Theme.gap

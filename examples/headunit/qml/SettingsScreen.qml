@@ -164,6 +164,7 @@ Item {
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 visible: screen.bt.devices.found.count > 0 || screen.bt.adapter.scanning
+                opacity: screen.bt.devices.fresh ? 1 : Theme.stale
                 clip: true
                 spacing: 6
                 model: screen.bt.devices.found
@@ -178,7 +179,7 @@ Item {
                         color: Theme.accent
                         textColor: Theme.onAccent
                         busy: screen.bt.devices.pairing === found.address
-                        enabled: !pairing.underWay
+                        enabled: !pairing.underWay && screen.bt.devices.fresh
                         onClicked: screen.bt.devices.pair(found.address, pairing)
                     }
                 }
@@ -218,7 +219,10 @@ Item {
     }
     Operation { id: power }
     Operation { id: visibility }
-    Operation { id: naming }
+    Operation {
+        id: naming
+        onFinished: name.text = Qt.binding(() => screen.bt.adapter.name) // what was typed may have been refused
+    }
     Operation { id: search }
     Operation { id: pairing }
     Operation { id: moving }
