@@ -1,5 +1,6 @@
 #include "tools/Btctl.h"
 
+#include <chrono>
 #include <sstream>
 
 namespace bttest {
@@ -55,7 +56,8 @@ Ran RunBtctl(const Words& words, const ChildProcess::Environment& changes) {
 }
 
 Ran Ended(ChildProcess& process) {
-  const int code = process.Wait().value_or(-1);
+  constexpr std::chrono::seconds kLongestRun{45};  // tens of thousands of contacts, under a sanitizer
+  const int code = process.Wait(kLongestRun).value_or(-1);
   return {code, process.Output(), process.Errors()};
 }
 
