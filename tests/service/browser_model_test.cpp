@@ -127,6 +127,18 @@ TEST_F(BrowserModelTest, ATrackIsQueued) {
   EXPECT_EQ(Music().CurrentTrack()->count, "13");
 }
 
+TEST_F(BrowserModelTest, TheQueueHasAnEnd) {
+  constexpr int kMost = 10000;
+  for (int i = 12; i < kMost; ++i) {
+    Do(Music().QueueItem("k4", BT_BROWSER_FILE_SYSTEM));
+  }
+  EXPECT_EQ(Music().CurrentTrack()->count, "10000");
+  EXPECT_TRUE(log.Of<ItemQueued>().back().success);
+  Do(Music().QueueItem("k4", BT_BROWSER_FILE_SYSTEM));
+  EXPECT_FALSE(log.Of<ItemQueued>().back().success);
+  EXPECT_EQ(Music().CurrentTrack()->count, "10000");
+}
+
 TEST_F(BrowserModelTest, ItemsAreFetchedByScope) {
   Do(Music().FetchItems(BT_BROWSER_PLAYER_LIST));
   EXPECT_THAT(Names(BT_BROWSER_PLAYER_LIST), ElementsAre("Ada's phone"));

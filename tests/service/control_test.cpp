@@ -203,6 +203,17 @@ TEST_F(ControlTest, ALateAnswerHoldsUpNoOther) {
   EXPECT_EQ(service.Process().Wait(), 0) << "nor the end";
 }
 
+TEST_F(ControlTest, AThousandAnswersComeLateAndNoMore) {
+  constexpr int kMost = 1000;
+  constexpr int kHour = 3600000;
+  Control("DelayAnswers", g_variant_new("(suu)", "GetPowerStatus", kMost + 1, kHour));
+  for (int i = 0; i < kMost; ++i) {
+    g_dbus_connection_call(service.Connection(), kServiceName, kServicePath, kServiceName, "GetPowerStatus",
+                           nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr, nullptr);
+  }
+  EXPECT_EQ(service.Ask("GetPowerStatus"), "(byte 0x01,)");
+}
+
 TEST_F(ControlTest, AnswersFailAsOftenAsOrdered) {
   Control("FailAnswers", g_variant_new("(suss)", "DialCall", 2, "org.example.Tired", "not today"));
   EXPECT_THAT(ErrorOf("DialCall", g_variant_new("(s)", "112")), HasSubstr("org.example.Tired: not today"));

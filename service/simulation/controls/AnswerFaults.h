@@ -14,6 +14,8 @@ namespace btservice {
 class AnswerFaults : public AnswerGate {
  public:
   // method: the name of one, or "*" for any. An argument without sense throws std::invalid_argument.
+
+  /// While a thousand answers are still to come, one more comes at once.
   void Delay(const std::string& method, unsigned count, unsigned milliseconds);
   void Fail(const std::string& method, unsigned count, const std::string& errorName,
             const std::string& message);

@@ -254,10 +254,8 @@ bool Browser::PlayNow(DevicePlayer& player, const std::string& uid, BrowserScope
 bool Browser::QueueItem(const std::string& uid) {
   return Later([this, uid] {
     const auto [folder, place] = FindTrack(*Root(), uid);
-    if (folder != nullptr) {
-      m_player.InUse()->Queue().Append(folder->tracks[place]);
-    }
-    m_context.Report(ItemQueued{folder != nullptr});
+    const bool success = folder != nullptr && m_player.InUse()->Queue().Append(folder->tracks[place]);
+    m_context.Report(ItemQueued{success});
   });
 }
 

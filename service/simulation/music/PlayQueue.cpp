@@ -19,9 +19,13 @@ void PlayQueue::Set(const std::vector<TrackData>& tracks, std::size_t current) {
   m_shuffle = SHUFFLE_OFF;
 }
 
-void PlayQueue::Append(const TrackData& track) {
+bool PlayQueue::Append(const TrackData& track) {
+  if (m_tracks.size() >= kMostTracks) {
+    return false;
+  }
   m_order.push_back(m_tracks.size());
   m_tracks.push_back(track);
+  return true;
 }
 
 bool PlayQueue::Select(const std::string& uid) {

@@ -24,8 +24,9 @@ class PlayQueue {
 
   /// Other tracks, in their order; current is the place of the one that comes first, from 0.
   void Set(const std::vector<TrackData>& tracks, std::size_t current);
-  /// Puts a track at the end, whatever the order is.
-  void Append(const TrackData& track);
+  /// Puts a track at the end, whatever the order is. False if there are kMostTracks already.
+  bool Append(const TrackData& track);
+  static constexpr std::size_t kMostTracks = 10000;
   /// Makes that track the current one. False if it is not in the queue.
   bool Select(const std::string& uid);
 
