@@ -10,6 +10,7 @@ NOT_COMMANDS = {
     "[process][file:source][func:function][line:number]Warn:Log system not init.": "the form of a line of the log",
     "com_zelk_linux_bluetooth_call_set_power_sync: Failed to call dbus method. Reason: ....": "the form of a line of the log",
     "[category-8]": "the form of a file",
+    "Service (one member for each request)": "the way of a request",
 }
 
 # Lines among commands that say how a command is to be written.
