@@ -55,7 +55,7 @@ def pieces(line):
 
 def completed_in_bash(script, lines):
     """What bash offers for each of the lines, whose last word is the one to complete."""
-    program = [f". {shlex.quote(str(script))}", "specification=$(complete -p btctl)", "function=${specification#*-F }",
+    program = [f". {shlex.quote(str(script))}", "completion=$(complete -p btctl)", "function=${completion#*-F }",
                "function=${function%% *}"]
     for line in lines:
         words = pieces("btctl " + line)
