@@ -6,6 +6,7 @@ bt_add_test(NAME async_test
     lists_lives_test.cpp
     lists_test.cpp
     lists_wrong_test.cpp
+    mirror_parts_test.cpp
     mirror_test.cpp
     outcome_table_test.cpp
     outcome_test.cpp

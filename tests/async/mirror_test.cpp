@@ -1,17 +1,13 @@
-// The state that a screen draws.
+// How a mirror asks and hears, when its state is fresh, and its life.
 
-#include <memory>
+#include <stdexcept>
 
-#include <btasync/Mirror.h>
-#include <btasync/testing/FakeService.h>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
+#include "async/MirrorFixture.h"
 #include "support/LogCapture.h"
 
+namespace bttest {
 namespace {
 
-using namespace btasync;
 using namespace std::chrono_literals;
 using testing::Contains;
 using testing::Each;
@@ -19,82 +15,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
-
-const Address kPhone("00:1A:7D:DA:71:13");
-const Address kOther("00:1A:7D:DA:71:14");
-constexpr unsigned kAllParts = ~0U;
-
-MWPTypeDevice PairedPhone() {
-  MWPTypeDevice device;
-  device.strAddr = kPhone.ToText();
-  device.strName = "Ada's phone";
-  device.eConnectStatus = BT_CONN_CONNECTED;
-  return device;
-}
-
-MWPTypeCallInfo OneCall(CallStatus status = BT_CALL_ACTIVE) {
-  MWPTypeCallInfo info;
-  info.nCallCount = 1;
-  info.callSlot1.nValue1 = 1;
-  info.callSlot1.nValue2 = status;
-  info.callSlot1.nValue3 = 1;
-  info.callSlot1.nValue5 = 7;
-  info.callSlot1.strText1 = "+49170";
-  info.callSlot1.strText2 = "Ben";
-  info.callSlot1.strText3 = kPhone.ToText();
-  return info;
-}
-
-MWPTypeContact Contact(int id, const std::string& name) {
-  MWPTypeContact contact;
-  contact.nContactId = id;
-  contact.strText1 = name;
-  return contact;
-}
-
-class MirrorTest : public testing::Test {
- protected:
-  MirrorTest() {
-    fake.WillAccept(&Service::GetBluetoothServiceStatus);
-    fake.WillAnswer(&Service::GetPowerStatus, BT_POWER_ON);
-    fake.WillAnswer(&Service::GetAttribute, "Head Unit").With(BT_ATTR_LOCAL_NAME);
-    fake.WillAnswer(&Service::GetAttribute, "00:1B:DC:00:00:01").With(BT_ATTR_LOCAL_ADDRESS);
-    fake.WillAnswer(&Service::GetCapability, true);
-    fake.WillAnswer(&Service::PairedDevices, std::vector<MWPTypeDevice>{PairedPhone()});
-    fake.WillAnswer(&Service::CurrentCalls, OneCall());
-    fake.WillAnswer(&Service::GetAudioIsPrivacy, true);
-    fake.WillAnswer(&Service::GetPhoneConnectionState, ConnectionState{BT_CONN_CONNECTED, kPhone});
-    fake.WillAnswer(&Service::GetMediaConnectionState, ConnectionState{BT_CONN_CONNECTED, kPhone});
-    fake.WillAnswer(&Service::GetMusicPlayStatus, BT_MUSIC_PLAYING);
-    MWPTypeMediaInfo track;
-    track.title = "Low Tide";
-    fake.WillAnswer(&Service::GetMediaInfo, track);
-    fake.WillAnswer(&Service::GetPlayModes, std::vector<MWPTypePlayMode>{{2, 1}});
-    fake.WillAnswer(&Service::GetSupportedPlayModes, std::vector<MWPTypePlayMode>{{2, 1}, {2, 2}});
-    fake.WillAnswer(&Service::GetPlayPosition, PlayPosition{1000, 167000});
-    fake.WillAccept(&Service::ReportPosition);
-    fake.WillAnswer(&Service::Contacts, std::vector<MWPTypeContact>{Contact(1, "Ada"), Contact(2, "Ben")});
-    fake.WillAnswer(&Service::FavoriteContacts, std::vector<MWPTypeContact>{Contact(2, "Ben")});
-    fake.WillAnswer(&Service::CallLogs, std::vector<MWPTypeCallLog>(3));
-  }
-
-  /// A mirror whose calls are noted.
-  std::unique_ptr<Mirror> Mirrored(unsigned parts) {
-    return std::make_unique<Mirror>(fake, parts,
-                                    [this](const State&, unsigned changed) { told.push_back(changed); });
-  }
-  /// One that has asked all it asks.
-  std::unique_ptr<Mirror> Settled(unsigned parts) {
-    auto mirror = Mirrored(parts);
-    fake.Settle();
-    told.clear();
-    fake.ForgetRequests();
-    return mirror;
-  }
-
-  FakeService fake;
-  std::vector<unsigned> told;
-};
 
 TEST_F(MirrorTest, KnowsEverythingOnceItHasAsked) {
   const auto mirror = Mirrored(kAllParts);
@@ -323,249 +243,6 @@ TEST_F(MirrorTest, EventsThatComeFasterThanAnswersAskOnceMore) {
   EXPECT_THAT(fake.Requests(), ElementsAre("GetMediaInfo()", "GetMediaInfo()"));
 }
 
-TEST_F(MirrorTest, KeepsTheFoundDevicesOfASearch) {
-  const auto mirror = Settled(PART_FOUND);
-  fake.Emit(ScanChanged{BT_SCAN_SCANNING});
-  fake.Emit(DeviceFound{kPhone, "", BT_SUPPORT_NONE});
-  fake.Emit(DeviceFound{kOther, "Ben's phone", BT_SUPPORT_NONE});
-  fake.Emit(DeviceFound{kPhone, "Ada's phone", BT_SUPPORT_ANDROID_AUTO});
-  fake.Settle();
-  ASSERT_THAT(mirror->Now().found.devices, SizeIs(2));
-  EXPECT_EQ(mirror->Now().found.devices[0].name, "Ada's phone");
-  EXPECT_EQ(mirror->Now().found.devices[1].address, kOther);
-  fake.Emit(PairChanged{BT_PAIR_PAIRED, BT_PAIR_REASON_NONE, kPhone});
-  fake.Settle();
-  ASSERT_THAT(mirror->Now().found.devices, SizeIs(1));
-  EXPECT_EQ(mirror->Now().found.devices[0].address, kOther);
-  fake.Emit(ScanChanged{BT_SCAN_IDLE});
-  fake.Settle();
-  EXPECT_THAT(mirror->Now().found.devices, SizeIs(1));
-  fake.Emit(ScanChanged{BT_SCAN_SCANNING});
-  fake.Settle();
-  EXPECT_THAT(mirror->Now().found.devices, IsEmpty());
-}
-
-TEST_F(MirrorTest, KeepsTheConnectionsPerProfile) {
-  const auto mirror = Settled(PART_PAIRED);
-  fake.Emit(ConnectionChanged{kPhone, BT_PROFILE_HFP, BT_CONN_CONNECTED});
-  fake.Emit(ConnectionChanged{kPhone, BT_PROFILE_A2DP, BT_CONN_CONNECTING});
-  fake.Emit(ConnectionChanged{kOther, BT_PROFILE_HFP, BT_CONN_CONNECTED});
-  fake.Settle();
-  const auto phone = [&] { return mirror->Now().paired.devices.at(0); };
-  EXPECT_EQ(phone().StatusOf(BT_PROFILE_HFP), BT_CONN_CONNECTED);
-  EXPECT_EQ(phone().StatusOf(BT_PROFILE_A2DP), BT_CONN_CONNECTING);
-  EXPECT_EQ(phone().StatusOf(BT_PROFILE_PBAP), BT_CONN_DISCONNECTED);
-  fake.Emit(ConnectionChanged{kPhone, BT_PROFILE_A2DP, BT_CONN_CONNECTED});
-  fake.Settle();
-  EXPECT_EQ(phone().StatusOf(BT_PROFILE_A2DP), BT_CONN_CONNECTED);
-  // What the next service does not report is not connected.
-  fake.SetAvailability(Availability::Absent);
-  fake.Settle();
-  EXPECT_EQ(phone().StatusOf(BT_PROFILE_HFP), BT_CONN_CONNECTED) << "greyed, but still drawn";
-  fake.SetAvailability(Availability::Present);
-  fake.Emit(ConnectionChanged{kPhone, BT_PROFILE_A2DP, BT_CONN_CONNECTED});
-  fake.Settle();
-  EXPECT_EQ(phone().StatusOf(BT_PROFILE_HFP), BT_CONN_DISCONNECTED);
-  EXPECT_EQ(phone().StatusOf(BT_PROFILE_A2DP), BT_CONN_CONNECTED);
-}
-
-TEST_F(MirrorTest, AsksForThePairedListWhenItHasChanged) {
-  const auto mirror = Settled(PART_PAIRED);
-  fake.WillAnswer(&Service::PairedDevices, std::vector<MWPTypeDevice>());
-  fake.Emit(PairedDevicesDeleted{true});
-  fake.Settle();
-  EXPECT_THAT(mirror->Now().paired.devices, IsEmpty());
-  fake.WillAnswer(&Service::PairedDevices, std::vector<MWPTypeDevice>{PairedPhone()});
-  fake.Emit(PairChanged{BT_PAIR_PAIRED, BT_PAIR_REASON_NONE, kPhone});
-  fake.Settle();
-  EXPECT_THAT(mirror->Now().paired.devices, SizeIs(1));
-}
-
-TEST_F(MirrorTest, RefreshAsksForWhatNoEventReports) {
-  const auto mirror = Settled(PART_PAIRED | PART_MUSIC);
-  mirror->Refresh(PART_PAIRED);
-  fake.Settle();
-  EXPECT_THAT(fake.Requests(), ElementsAre("PairedDevices()"));
-}
-
-TEST_F(MirrorTest, KeepsThePairingAndItsQuestion) {
-  const auto mirror = Settled(PART_PAIRING);
-  fake.Emit(PairChanged{BT_PAIR_PAIRING, BT_PAIR_REASON_NONE, kPhone});
-  fake.Settle();
-  EXPECT_EQ(mirror->Now().pairing.underWay, kPhone);
-  EXPECT_FALSE(mirror->Now().pairing.question);
-  fake.Emit(PairRequested{kPhone, "123456", false, BT_PAIR_REQUEST_CONFIRMATION});
-  fake.Settle();
-  ASSERT_TRUE(mirror->Now().pairing.question);
-  EXPECT_EQ(mirror->Now().pairing.question->digits, "123456");
-  fake.Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_BUSY, kOther});
-  fake.Settle();
-  EXPECT_TRUE(mirror->Now().pairing.question) << "another device's pairing";
-  EXPECT_FALSE(mirror->Now().pairing.failed);
-  fake.Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_TIMEOUT, kPhone});
-  fake.Settle();
-  EXPECT_FALSE(mirror->Now().pairing.question);
-  EXPECT_FALSE(mirror->Now().pairing.underWay);
-}
-
-TEST_F(MirrorTest, KeepsWhyAPairingFailedUntilTheNextOneBeginsOrTheServiceGoes) {
-  const auto mirror = Settled(PART_PAIRING);
-  const auto& failed = mirror->Now().pairing.failed;
-  const auto fail = [&] {
-    fake.Emit(PairChanged{BT_PAIR_PAIRING, BT_PAIR_REASON_NONE, kPhone});
-    fake.Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_REJECTED_REMOTE, kPhone});
-    fake.Settle();
-    ASSERT_TRUE(failed);
-    EXPECT_EQ(failed->reason, BT_PAIR_REASON_REJECTED_REMOTE);
-    EXPECT_EQ(failed->address, kPhone);
-  };
-  ASSERT_NO_FATAL_FAILURE(fail());
-  fake.Emit(PairChanged{BT_PAIR_PAIRING, BT_PAIR_REASON_NONE, kOther});
-  fake.Settle();
-  EXPECT_FALSE(failed);
-  fake.Emit(PairChanged{BT_PAIR_PAIRED, BT_PAIR_REASON_NONE, kOther});
-  ASSERT_NO_FATAL_FAILURE(fail());
-  fake.Emit(PairRequested{kOther, "123456", false, BT_PAIR_REQUEST_CONFIRMATION});
-  fake.Settle();
-  EXPECT_FALSE(failed) << "a device asks to be paired";
-  fake.Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_TIMEOUT, kOther});
-  ASSERT_NO_FATAL_FAILURE(fail());
-  fake.Emit(PairChanged{BT_PAIR_PAIRED, BT_PAIR_REASON_NONE, kOther});
-  fake.Settle();
-  EXPECT_FALSE(failed) << "whose beginning was not seen";
-  ASSERT_NO_FATAL_FAILURE(fail());
-  fake.SetAvailability(Availability::Absent);
-  fake.Settle();
-  EXPECT_FALSE(failed);
-}
-
-TEST_F(MirrorTest, FollowsTheCalls) {
-  const auto mirror = Settled(PART_CALLS);
-  fake.Emit(CallTimeChanged{8, 1, true});
-  fake.Settle();
-  EXPECT_EQ(mirror->Now().calls.calls.at(0).seconds, 8);
-  EXPECT_THAT(fake.Requests(), IsEmpty()) << "a tick needs no question";
-  fake.Emit(CallActionChanged{BT_CALL_CONFERENCE, true});
-  fake.Emit(CallActionChanged{BT_CALL_HOLD_ACTIVE, true});
-  fake.Settle();
-  EXPECT_THAT(mirror->Now().calls.possible, ElementsAre(BT_CALL_HOLD_ACTIVE, BT_CALL_CONFERENCE));
-  fake.Emit(CallActionChanged{BT_CALL_CONFERENCE, false});
-  fake.WillAnswer(&Service::CurrentCalls, OneCall(BT_CALL_HELD));
-  fake.Emit(CallStatusChanged{1, BT_CALL_HELD, 1});
-  fake.Settle();
-  EXPECT_THAT(mirror->Now().calls.possible, ElementsAre(BT_CALL_HOLD_ACTIVE));
-  EXPECT_EQ(mirror->Now().calls.calls.at(0).status, BT_CALL_HELD);
-  fake.WillAnswer(&Service::CurrentCalls, MWPTypeCallInfo());
-  fake.Emit(CallsChanged{0});
-  fake.Settle();
-  EXPECT_THAT(mirror->Now().calls.calls, IsEmpty());
-}
-
-TEST_F(MirrorTest, FollowsTheSoundOfACall) {
-  const auto mirror = Settled(PART_AUDIO);
-  fake.WillAnswer(&Service::GetAudioIsPrivacy, false);
-  fake.Emit(AudioChanged{BT_AUDIO_CONNECTED});
-  fake.Emit(CodecChanged{BT_CODEC_MSBC});
-  fake.Emit(VoiceRecognitionChanged{true});
-  fake.Settle();
-  EXPECT_FALSE(mirror->Now().audio.onPhone);
-  EXPECT_EQ(mirror->Now().audio.codec, BT_CODEC_MSBC);
-  EXPECT_TRUE(mirror->Now().audio.voiceRecognition);
-}
-
-TEST_F(MirrorTest, ANetworkGoesWithItsPhone) {
-  const auto mirror = Settled(PART_NETWORK);
-  fake.Emit(NetworkChanged{true});
-  fake.Emit(OperatorChanged{"Nordnetz"});
-  fake.Emit(RoamingChanged{true});
-  fake.Emit(SignalChanged{5});
-  fake.Emit(BatteryChanged{5});
-  fake.Settle();
-  EXPECT_TRUE(mirror->Now().network.available);
-  EXPECT_EQ(mirror->Now().network.operatorName, "Nordnetz");
-  EXPECT_TRUE(mirror->Now().network.roaming);
-  fake.WillAnswer(&Service::GetPhoneConnectionState, ConnectionState{BT_CONN_DISCONNECTED, Address()});
-  fake.Emit(ConnectionChanged{kPhone, BT_PROFILE_HFP, BT_CONN_DISCONNECTED});
-  fake.Settle();
-  EXPECT_FALSE(mirror->Now().network.available);
-  EXPECT_EQ(mirror->Now().network.operatorName, "");
-  EXPECT_FALSE(mirror->Now().network.roaming);
-  EXPECT_EQ(mirror->Now().network.signal, 0);
-  EXPECT_EQ(mirror->Now().network.battery, 0);
-}
-
-TEST_F(MirrorTest, FollowsMusicModesAndPosition) {
-  const auto mirror = Settled(PART_MUSIC | PART_MODES | PART_POSITION);
-  MWPTypeMediaInfo next;
-  next.title = "Lantern";
-  fake.WillAnswer(&Service::GetMediaInfo, next);
-  fake.WillAnswer(&Service::GetPlayModes, std::vector<MWPTypePlayMode>{{2, 2}});
-  fake.Emit(TrackChanged());
-  fake.Emit(MusicChanged{BT_MUSIC_PAUSED});
-  fake.Emit(PlayModeChanged());
-  fake.Emit(PositionChanged{2000, 184000});
-  fake.Settle();
-  EXPECT_EQ(mirror->Now().music.track.title, "Lantern");
-  EXPECT_EQ(mirror->Now().music.status, BT_MUSIC_PAUSED);
-  EXPECT_EQ(mirror->Now().modes.current.at(0).nValue, 2);
-  EXPECT_EQ(mirror->Now().position.position.length, 167000) << "asked for after the track's change";
-  fake.Emit(PositionChanged{3000, 184000});
-  fake.Settle();
-  EXPECT_EQ(mirror->Now().position.position.position, 3000);
-}
-
-TEST_F(MirrorTest, AsksThePositionToBeReported) {
-  const auto mirror = Mirrored(PART_POSITION);
-  fake.Settle();
-  EXPECT_THAT(fake.Requests(), Contains("RegGetPlayStatus(true, 1000)"));
-}
-
-TEST_F(MirrorTest, FetchesListsThatHaveChanged) {
-  const auto mirror = Settled(PART_CONTACTS | PART_FAVORITES | PART_LOGS);
-  fake.Emit(CallLogsChanged());
-  fake.Settle();
-  EXPECT_THAT(fake.Requests(), ElementsAre("CallLogs(byte 0x00,)"));
-  fake.ForgetRequests();
-  fake.Emit(FavoriteChanged{1, true});
-  fake.Settle();
-  EXPECT_THAT(fake.Requests(), ElementsAre("FavoriteContacts()"));
-  fake.ForgetRequests();
-  fake.Emit(PhoneBookDeleted{true});
-  fake.Settle();
-  EXPECT_THAT(fake.Requests(), testing::UnorderedElementsAre("Contacts()", "FavoriteContacts()"));
-  fake.ForgetRequests();
-  fake.Emit(DownloadChanged{BT_PBAP_DOWNLOADING, BT_PBAP_ALL});
-  fake.Settle();
-  EXPECT_THAT(fake.Requests(), IsEmpty()) << "not before it has ended";
-  fake.Emit(DownloadChanged{BT_PBAP_COMPLETED, BT_PBAP_ALL});
-  fake.Settle();
-  EXPECT_THAT(fake.Requests(), SizeIs(3));
-}
-
-TEST_F(MirrorTest, FollowsADownload) {
-  const auto mirror = Settled(PART_DOWNLOAD);
-  fake.Emit(DownloadChanged{BT_PBAP_DOWNLOADING, BT_PBAP_PHONE_BOOK});
-  fake.Emit(DownloadProgress{3, 9});
-  fake.Settle();
-  EXPECT_EQ(mirror->Now().download.status, BT_PBAP_DOWNLOADING);
-  EXPECT_EQ(mirror->Now().download.type, BT_PBAP_PHONE_BOOK);
-  EXPECT_EQ(mirror->Now().download.progress.current, 3);
-  fake.Emit(DownloadChanged{BT_PBAP_CONNECTING, BT_PBAP_ALL});
-  fake.Settle();
-  EXPECT_EQ(mirror->Now().download.progress.current, 0) << "another one begins";
-}
-
-TEST_F(MirrorTest, KeepsTheLastTwentyMessages) {
-  const auto mirror = Settled(PART_MESSAGES);
-  for (int i = 1; i <= 25; ++i) {
-    fake.Emit(MessageChanged{BT_MSG_NEW, std::to_string(i)});
-  }
-  fake.Settle();
-  ASSERT_THAT(mirror->Now().messages.news, SizeIs(20));
-  EXPECT_EQ(mirror->Now().messages.news.front().handle, "6");
-  EXPECT_EQ(mirror->Now().messages.news.back().handle, "25");
-}
-
 TEST_F(MirrorTest, MayBeDestroyedByWhatItCalls) {
   std::unique_ptr<Mirror> mirror;
   mirror = std::make_unique<Mirror>(fake, kAllParts, [&](const State&, unsigned) { mirror.reset(); });
@@ -574,7 +251,7 @@ TEST_F(MirrorTest, MayBeDestroyedByWhatItCalls) {
 }
 
 TEST_F(MirrorTest, AnExceptionOfWhatItCallsIsLoggedAndItGoesOn) {
-  bttest::LogCapture log;
+  LogCapture log;
   int calls = 0;
   Mirror mirror(fake, PART_ADAPTER, [&](const State&, unsigned) {
     ++calls;
@@ -609,3 +286,4 @@ TEST(MirrorLifeTest, MayOutliveTheService) {
 }
 
 }  // namespace
+}  // namespace bttest
