@@ -225,9 +225,11 @@ class TheCommandLine(InACheckout):
         self.assertEqual(len(sessions), 2)
         for block, lines in sessions.items():
             with self.subTest(block.document):
-                # The phone rings after 20 seconds: on a machine that is so slow, once more.
-                differences = [self.differences_in(lines) for _ in range(3)]
-                self.assertIn([], differences)
+                differences = self.differences_in(lines)
+                if any("incoming" in line for _, _, printed in differences for line in printed):
+                    # The phone rings after 20 seconds: on a machine that is so slow, once more.
+                    differences = self.differences_in(lines)
+                self.assertEqual(differences, [])
 
     def differences_in(self, lines):
         script = "exec 2>&1\nbtservice --no-state --world one-phone >/dev/null &\n" + PHONE_IS_THERE
