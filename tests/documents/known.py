@@ -18,6 +18,8 @@ SYNOPSES = ("btctl [--json] [--timeout SECONDS] [--no-wait] [--verbose] COMMAND.
 
 # Commands that cannot be run in a test.
 EXCEPTIONS = {
+    "script/ci": "it is what runs this test; scripts_ci tests the script itself",
+    "script/ci --full": "as script/ci",
     "script/test": "it is what runs this test",
     "script/test --asan": "it is what runs this test, once more",
     "script/test --tsan": "it builds another preset and runs for minutes",

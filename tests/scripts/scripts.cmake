@@ -12,3 +12,14 @@ bt_add_source_test(NAME rooms/EachKnowsOnlyThoseThatItMay
 # The one way to own what GLib makes.
 bt_add_source_test(NAME owned/NothingIsReleasedByHand
   Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/owned_test.py ${CMAKE_SOURCE_DIR})
+
+# What script/ci promises: with stages of the test's own, and of those that there are.
+foreach(promise
+    Stages.test_TheClosingLinesOfTheTestsComeLast Stages.test_ItStopsAtTheFirstThatFails
+    Stages.test_AStageThatFailsBeforeThePipeIsSeen Stages.test_ASkippedStageIsRedInTheFullRunOnly
+    Stages.test_TheFullRunHasAllStagesAndGoesOn Stages.test_NamedStagesAreRunAlone
+    Stages.test_ATableThatIsWrongIsRefused ItsOwnTable.test_EachStageIsAScriptWithTheOptionsThatItIsGiven)
+  string(REPLACE ".test_" "." name ${promise})
+  bt_add_source_test(NAME scripts_ci/${name}
+    Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/ci_test.py ${CMAKE_SOURCE_DIR} ${promise})
+endforeach()
