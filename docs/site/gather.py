@@ -13,7 +13,7 @@ import dbus_reference
 import headers_reference
 
 SITE = "docs/site"
-TEXTS = ("*.md", "docs/*.md", "*/README.md")
+TEXTS = ("*.md", "docs/*.md", "docs/screens/*.md", "*/README.md")
 NOT_TEXTS = ("build/",)
 LINK = re.compile(r"\]\(\s*([^)\s]+)\s*\)")
 # Without these, what a text shows as code could pass for a link.

@@ -1,4 +1,4 @@
-"""Finds the blocks of a Markdown document, and the commands in them."""
+"""Finds the blocks of a Markdown document, and the commands and the programs in them."""
 import dataclasses
 import re
 
@@ -21,7 +21,23 @@ class Command:
 
 
 def blocks_of(document, text):
-    """The fenced and the indented blocks. A block whose language is that of a program or of data is none."""
+    """The blocks that may hold commands, fenced or indented."""
+    return [block for block in all_blocks_of(document, text) if block.language in SHELL]
+
+
+def programs_of(document, text):
+    """The programs in C++ by the name of their file, which is their first line."""
+    programs = {}
+    for block in all_blocks_of(document, text):
+        if block.language == "cpp":
+            name = re.fullmatch(r"// (\w+)\.cpp", block.lines[0])
+            assert name and name[1] not in programs, f"{document}: the first line of a program names its file: {block.lines[0]}"
+            programs[name[1]] = "\n".join(block.lines) + "\n"
+    return programs
+
+
+def all_blocks_of(document, text):
+    """The fenced and the indented blocks."""
     blocks, lines, language = [], None, None
     before = ""
     for line in text.splitlines() + [""]:
@@ -43,7 +59,7 @@ def blocks_of(document, text):
         before = line
     if lines:
         blocks.append(Block(document, "", tuple(lines)))
-    return [Block(block.document, block.language, strip(block.lines)) for block in blocks if block.language in SHELL]
+    return [Block(block.document, block.language, strip(block.lines)) for block in blocks]
 
 
 def strip(lines):

@@ -19,7 +19,7 @@ BUILD = """#!/bin/bash
 # The options, the preset, then the targets, of which each has to be there.
 while [[ $1 == -D ]]; do shift 2; done
 for target in "${@:2}"; do
-  [[ -x {build}/bin/$target || -x {build}/lib/qml/BtAsync/lib$target.so ]] || { echo "$target is not built" >&2; exit 1; }
+  [[ -x {build}/bin/$target || -e {build}/lib/lib$target.so || -x {build}/lib/qml/BtAsync/lib$target.so ]] || { echo "$target is not built" >&2; exit 1; }
 done
 """
 

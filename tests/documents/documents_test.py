@@ -65,6 +65,8 @@ def commands():
 def runner_of(command):
     if command.text in known.EXCEPTIONS or command.text in known.PACKAGING:
         return None
+    if command.document.startswith(known.RUN_BY_SCREENS):
+        return "screens"
     for name, pattern in RUNNERS.items():
         if re.match(pattern, command.text):
             return name

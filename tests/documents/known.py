@@ -51,3 +51,6 @@ PACKAGING = (
     "cmake -B build -D CMAKE_PREFIX_PATH=~/bt",
     "cmake --build build",
 )
+
+# The documents whose commands screens_test.py runs.
+RUN_BY_SCREENS = "docs/screens/"

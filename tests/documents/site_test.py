@@ -65,7 +65,8 @@ class TheSite(InAFolder):
         self.assertEqual(status, 0, output)
         site = self.folder / "site/html"
         self.assertEqual(output, f"docs: {site}/index.html\n")
-        for text in [*TREE.glob("*.md"), *TREE.glob("docs/*.md"), *TREE.glob("*/README.md")]:
+        for text in [*TREE.glob("*.md"), *TREE.glob("docs/*.md"), *TREE.glob("docs/screens/*.md"),
+                     *TREE.glob("*/README.md")]:
             page = site / text.relative_to(TREE).with_suffix(".html")
             heading = re.search(r"^# (.*)", text.read_text(), re.MULTILINE)[1].replace("`", "")
             self.assertIn(heading.replace("'", "’"), text_of(page))
