@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Checks who knows whom: which room (a folder) includes headers of which other, and who may use D-Bus, shared memory
-and zlog.
+and zlog; and that README's picture of the rooms shows that.
 
 Usage: rooms_test.py TREE
 """
@@ -135,9 +135,46 @@ def faults_of_outside(tree):
                 yield f"nothing in {user} uses {what}: may it be left out of those who may?"
 
 
+def faults_of_picture(tree):
+    """README's picture shows the application's process above the bus: a room there may know those that come after it, and
+    all know the types of include/bluetooth. Only the arrow "events" leads up. Below the bus is the service's chain."""
+    readme = (tree.root / "README.md").read_text()
+    section = re.search(r"^## Architecture\n(.*?)^## ", readme, re.MULTILINE | re.DOTALL)[1]
+    process, service = re.search(r"```\n(.*?)^ *session bus(.*?)```", section, re.MULTILINE | re.DOTALL).groups()
+    room = re.compile(r"\b(include/bluetooth|tools/btctl|[\w-]+/(?:[\w-]+/)?)(?=[\s,])")
+    drawn = [name.rstrip("/") for name in room.findall(process)]
+    for name in [*drawn, *(name.rstrip("/") for name in room.findall(service))]:
+        if not (tree.root / name).is_dir():
+            yield f"README's picture has the room {name}, which is not there"
+    for top in sorted({path.split("/")[0] for path in tree.sources} | set(FREE)):
+        if not re.search(rf"\b{top}/", section):
+            yield f"README does not say under Architecture what {top}/ is"
+
+    def drawn_room_of(path):
+        return max((name for name in drawn if path.startswith(name + "/")), key=len, default=None)
+
+    if not re.search(r"\^\n.*\| events\n", process):
+        yield "README's picture no longer shows that events go up: is this test still right?"
+    for path in tree.sources:
+        above = drawn_room_of(path)
+        for below in {drawn_room_of(header) for header in tree.included(path)} - {above, None, "include/bluetooth"}:
+            is_event = (above, below) == ("ipc", "libbluetooth") and tree.room_of(path) != "ipc"
+            if above and not is_event and drawn.index(below) < drawn.index(above):
+                yield f"{path} includes from {below}, which README's picture shows above {above}"
+
+    known = {(one, other) for one in ("app", "frontend", "stack", "simulation") for path in tree.sources
+             if path.startswith(f"service/{one}/") for other in re.findall(
+                 r"\bservice/(\w+)/", " ".join(tree.included(path)))}
+    chain = re.findall(r"\w+|->|<-", re.search(r"\w+(?: (?:->|<-) \w+)+", service)[0])
+    for left, arrow, right in zip(chain[::2], chain[1::2], chain[2::2]):
+        knows = (left, right) if arrow == "->" else (right, left)
+        if knows not in known or knows[::-1] in known:
+            yield f"README's picture has {left} {arrow} {right} in service/, but not only {knows[0]} knows the other"
+
+
 def main():
     tree = Tree(pathlib.Path(sys.argv[1]))
-    faults = [*faults_of_rooms(tree), *faults_of_outside(tree)]
+    faults = [*faults_of_rooms(tree), *faults_of_outside(tree), *faults_of_picture(tree)]
     print("\n".join(faults) or f"{len(tree.rooms)} rooms are in order")
     return 1 if faults else 0
 
