@@ -7,6 +7,7 @@ import xml.etree.ElementTree
 
 sys.path.append(str(pathlib.Path(__file__).parents[2] / "libbtasync"))
 import event_kinds
+import service_requests
 
 XML = "ipc/D-Bus/com.zelk.linux.bluetooth.xml"
 
@@ -40,28 +41,25 @@ def read(source_dir, name):
 
 def comments(source_dir):
     """The members of Service that make a request: name -> the comment, in one line."""
-    text = read(source_dir, "include/btasync/Service.h")
-    return {name: re.sub(r"\s*\n\s*///\s*", " ", comment) for comment, name in
-            re.findall(r"((?:^  ///.*\n)*)^  Request<(?:[^;(]*)> (\w+)\(", text, re.M)}
+    return service_requests.comments(read(source_dir, "include/btasync/Service.h"))
 
 
 def requests(source_dir):
-    """The members of Service that make a request: name -> the names of service calls in its comment's brackets."""
-    return {name: re.findall(r"\((\w+)\)", comment) for name, comment in comments(source_dir).items()}
+    """The members of Service that make a request: name -> the words in the brackets of its comment."""
+    return service_requests.in_brackets(read(source_dir, "include/btasync/Service.h"))
 
 
-def documented_method(name, in_brackets, all_methods):
-    """The service call that a member makes by the header: of its own name, unless the comment names another one."""
-    named = [word for word in in_brackets if word in all_methods]
-    return named[0] if named else name if name in all_methods else None
+documented_method = service_requests.documented_method
 
 
 def wired_methods(source_dir):
-    """The members that Service*.cpp define: name -> the service calls that stand in their bodies. Of a list, that is the
-    call that its plan begins with."""
+    """The members that are defined, in a source or derived from the header: name -> the service calls that stand in their
+    bodies. Of a list, that is the call that its plan begins with."""
     found = {}
-    for file in sorted(pathlib.Path(source_dir, "libbtasync").glob("Service*.cpp")):
-        text = re.sub(r"//[^\n]*", "", file.read_text())
+    by_hand = [re.sub(r"//[^\n]*", "", file.read_text())
+               for file in sorted(pathlib.Path(source_dir, "libbtasync").glob("Service*.cpp"))]
+    derived = service_requests.definitions(interface(source_dir), read(source_dir, "include/btasync/Service.h"), by_hand)
+    for text in [*by_hand, "\n".join(derived)]:
         plans = dict(re.findall(r"^constexpr \w+<wire::(\w+)[^;]*?>\s+(k\w+)\(", text, re.M))
         first_calls = {plan: method for method, plan in plans.items()}
         parts = re.split(r"^Request<[^;{]*?> Service::(\w+)\(", text, flags=re.M)
