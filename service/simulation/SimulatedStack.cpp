@@ -1,6 +1,10 @@
 #include "service/simulation/SimulatedStack.h"
 
 #include "service/simulation/adapter/KeptAttributes.h"
+#include "service/simulation/adapter/SimulatedAdapter.h"
+#include "service/simulation/calls/SimulatedCalls.h"
+#include "service/simulation/devices/SimulatedDevices.h"
+#include "service/simulation/music/SimulatedMusic.h"
 
 namespace btservice {
 
@@ -20,27 +24,28 @@ SimulatedStack::SimulatedStack(Scheduler& scheduler, const World& world)
       m_player(m_context, m_connections, m_calls),
       m_browser(m_context, m_player, m_connections),
       m_messages(m_context, m_connections),
-      m_adapter(m_power, m_settings, m_scanner, m_devices),
-      m_deviceControl(m_context, m_power, m_devices, m_pairing, m_connections, m_projection),
+      m_adapter(MakeSimulatedAdapter(m_power, m_settings, m_scanner, m_devices, [this] { ReportAll(); })),
+      m_deviceControl(
+          MakeSimulatedDevices(m_context, m_power, m_devices, m_pairing, m_connections, m_projection)),
       m_phoneBook(m_context, m_world.startTime, m_settings, m_connections, m_calls),
-      m_callControl(m_power, m_connections, m_calls, m_callAudio, m_phoneBook),
-      m_music(m_player, m_browser),
+      m_callControl(MakeSimulatedCalls(m_power, m_connections, m_calls, m_callAudio, m_phoneBook)),
+      m_music(MakeSimulatedMusic(m_player, m_browser)),
       m_serial(m_context, m_power, m_devices, m_connections),
       m_outside(m_devices, m_connections, m_pairing, m_projection, m_phoneStatus, m_calls, m_player,
-                m_messages, m_serial) {
-  m_adapter.onReportStatus.Add([this] {
-    m_pairing.ReportUnderWay();
-    m_connections.ReportAll();
-    if (m_connections.Active(BT_PROFILE_HFP) != nullptr) {
-      m_phoneStatus.ReportAll();
-      m_calls.ReportAll();
-      m_callAudio.ReportAll();
-    }
-    if (m_player.InUse() != nullptr) {
-      m_player.ReportAll();
-    }
-    m_phoneBook.ReportDownload();
-  });
+                m_messages, m_serial) {}
+
+void SimulatedStack::ReportAll() const {
+  m_pairing.ReportUnderWay();
+  m_connections.ReportAll();
+  if (m_connections.Active(BT_PROFILE_HFP) != nullptr) {
+    m_phoneStatus.ReportAll();
+    m_calls.ReportAll();
+    m_callAudio.ReportAll();
+  }
+  if (m_player.InUse() != nullptr) {
+    m_player.ReportAll();
+  }
+  m_phoneBook.ReportDownload();
 }
 
 void SimulatedStack::Start() {

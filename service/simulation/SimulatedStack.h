@@ -1,13 +1,18 @@
 #ifndef SERVICE_SIMULATION_SIMULATEDSTACK_H
 #define SERVICE_SIMULATION_SIMULATEDSTACK_H
 
+#include <memory>
+
 #include "service/simulation/Outside.h"
-#include "service/simulation/adapter/SimulatedAdapter.h"
+#include "service/simulation/adapter/PowerSwitch.h"
+#include "service/simulation/adapter/Settings.h"
+#include "service/simulation/calls/CallAudio.h"
 #include "service/simulation/calls/PhoneStatus.h"
-#include "service/simulation/calls/SimulatedCalls.h"
-#include "service/simulation/devices/SimulatedDevices.h"
+#include "service/simulation/devices/Projection.h"
+#include "service/simulation/devices/Scanner.h"
 #include "service/simulation/messages/Messages.h"
-#include "service/simulation/music/SimulatedMusic.h"
+#include "service/simulation/music/Browser.h"
+#include "service/simulation/music/Player.h"
 #include "service/simulation/phonebook/SimulatedPhoneBook.h"
 #include "service/simulation/serial/SimulatedSerial.h"
 #include "service/stack/BluetoothStack.h"
@@ -19,10 +24,10 @@ class SimulatedStack : public BluetoothStack {
  public:
   SimulatedStack(Scheduler& scheduler, const World& world);
 
-  AdapterControl& Adapter() override { return m_adapter; }
-  DeviceControl& Devices() override { return m_deviceControl; }
-  CallControl& Calls() override { return m_callControl; }
-  MusicControl& Music() override { return m_music; }
+  AdapterControl& Adapter() override { return *m_adapter; }
+  DeviceControl& Devices() override { return *m_deviceControl; }
+  CallControl& Calls() override { return *m_callControl; }
+  MusicControl& Music() override { return *m_music; }
   PhoneBookControl& PhoneBook() override { return m_phoneBook; }
   SerialControl& Serial() override { return m_serial; }
 
@@ -34,6 +39,9 @@ class SimulatedStack : public BluetoothStack {
   Outside& FromOutside() { return m_outside; }
 
  private:
+  /// The state of all but the adapter, by events.
+  void ReportAll() const;
+
   const World m_world;
   ModelContext m_context;
   PowerSwitch m_power;
@@ -50,11 +58,11 @@ class SimulatedStack : public BluetoothStack {
   Browser m_browser;
   Messages m_messages;
 
-  SimulatedAdapter m_adapter;
-  SimulatedDevices m_deviceControl;
+  const std::unique_ptr<AdapterControl> m_adapter;
+  const std::unique_ptr<DeviceControl> m_deviceControl;
   SimulatedPhoneBook m_phoneBook;
-  SimulatedCalls m_callControl;
-  SimulatedMusic m_music;
+  const std::unique_ptr<CallControl> m_callControl;
+  const std::unique_ptr<MusicControl> m_music;
   SimulatedSerial m_serial;
   Outside m_outside;
 };

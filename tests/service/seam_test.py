@@ -9,22 +9,21 @@ import pathlib
 import re
 import sys
 
-REQUEST = re.compile(r"^  virtual [^~;{]*?\b(\w+)\(", re.MULTILINE)
+import seam
+
 OVERRIDE = re.compile(r"\b(\w+)\([^;{]*\)(?: const)? override\b")
+SIMULATED = {"Device": "SimulatedDevices", "Call": "SimulatedCalls"}
 
 
 def main():
     service = pathlib.Path(sys.argv[1])
     faults = []
-    for interface in sorted((service / "stack").glob("*Control.h")):
-        subject = interface.name.replace("Control.h", "")
-        requests = REQUEST.findall(interface.read_text())
-        if not requests:
-            faults.append(f"{interface} has no request: is this test still right?")
-        simulated = {"Device": "SimulatedDevices.h", "Call": "SimulatedCalls.h"}.get(subject, f"Simulated{subject}.h")
-        answered = OVERRIDE.findall(next((service / "simulation").glob(f"*/{simulated}")).read_text())
+    for subject, names in seam.requests(service).items():
+        simulated = SIMULATED.get(subject, f"Simulated{subject}")
+        answered = OVERRIDE.findall("".join(
+            source.read_text() for source in (service / "simulation").glob(f"*/{simulated}.*")))
         faults += [f"{subject}Control::{name} is not overridden in {simulated}: the simulation refuses it"
-                   for name in requests if name not in answered]
+                   for name in names if name not in answered]
     print("\n".join(faults))
     sys.exit(1 if faults else 0)
 

@@ -2,6 +2,20 @@ add_library(bt_model_fixture STATIC service/model_fixture.cpp)
 target_link_libraries(bt_model_fixture PUBLIC btservice_model bt_test_support PRIVATE bt_warnings)
 target_precompile_headers(bt_model_fixture REUSE_FROM bt_test_headers)
 
+# The requests of the seam, for the test of what becomes of those that a stack does not override.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+set(service_derived ${CMAKE_BINARY_DIR}/tests/service/derived)
+file(MAKE_DIRECTORY ${service_derived})
+file(GLOB seam_headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/service/stack/*Control.h)
+add_custom_command(
+  OUTPUT ${service_derived}/seam_requests.inc
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/seam.py ${CMAKE_SOURCE_DIR}/service
+          > ${service_derived}/seam_requests.inc
+  DEPENDS ${CMAKE_CURRENT_LIST_DIR}/seam.py ${seam_headers}
+  COMMENT "Deriving the requests of the seam"
+  VERBATIM)
+add_custom_target(bt_test_seam_lists DEPENDS ${service_derived}/seam_requests.inc)
+
 bt_add_test(NAME service_model_test
   SOURCES
     adapter_model_test.cpp
@@ -20,6 +34,8 @@ bt_add_test(NAME service_model_test
     two_calls_model_test.cpp
   LIBS bt_model_fixture
   LABELS service)
+add_dependencies(service_model_test bt_test_seam_lists)
+target_include_directories(service_model_test PRIVATE ${service_derived})
 
 bt_add_test(NAME service_files_test
   SOURCES state_file_test.cpp vcard_test.cpp world_file_test.cpp world_limits_test.cpp
@@ -66,7 +82,6 @@ target_compile_definitions(service_system_test PRIVATE
   BTTEST_QUIET_WORLD="${CMAKE_CURRENT_LIST_DIR}/quiet.json")
 add_dependencies(service_system_test btservice listening_client)
 
-find_package(Python3 REQUIRED COMPONENTS Interpreter)
 file(GLOB worlds CONFIGURE_DEPENDS
      ${CMAKE_SOURCE_DIR}/service/simulation/worlds/*.json ${CMAKE_CURRENT_LIST_DIR}/*.json)
 bt_add_source_test(NAME service_seam/TheSimulationAnswersEveryRequestByItself LABEL service
