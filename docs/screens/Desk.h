@@ -32,13 +32,15 @@ class Desk {
   }
 };
 
-/// A screen that is a text: it is printed when it is another than before.
+/// A part of a screen, as a text: printed when it is another than before.
 class Picture {
  public:
   void Draw(const std::string& text) {
     if (text != m_text) {
       m_text = text;
-      std::puts(text.c_str());
+      if (!text.empty()) {
+        std::puts(text.c_str());
+      }
     }
   }
 

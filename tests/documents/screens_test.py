@@ -26,6 +26,7 @@ CONTROLS = TREE / "service/simulation/com.zelk.linux.bluetooth.sim.xml"
 
 # As the README of the guides has it: the service, then wait until the phone has come with all that it brings.
 PREPARATION = """
+trap 'kill $(jobs -p) 2>/dev/null' EXIT  # a program outlives its bus
 btservice --no-state --world docs/screens/desk.json >/dev/null 2>&1 &
 gdbus wait --session --timeout 60 com.zelk.linux.bluetooth || exit 99
 for try in {1..600}; do [[ $(btctl log count all 2>/dev/null) == 2 ]] && break; sleep 0.1; done
@@ -105,7 +106,7 @@ class TheReadme(InACheckout):
             self.assertEqual(self.checkout.run(text), (0, ""), text)
         program = blocks.programs_of("", (TREE / "docs/screens/phone.md").read_text())["phone"]
         (self.checkout.root / "phone.cpp").write_text(program)
-        script = "set -e\ncp phone.cpp $HOME\n" + "\n".join(commands[shell + 1:]) + """
+        script = "set -e\ntrap 'kill $(jobs -p)' EXIT\ncp phone.cpp $HOME\n" + "\n".join(commands[shell + 1:]) + """
 for try in {1..600}; do grep --quiet Nordnetz shown && break; sleep 0.1; done
 """
         script = script.replace(STARTED, f"{STARTED.rstrip('& ')} >shown 2>&1 &") + "cat shown\n"
