@@ -24,3 +24,11 @@ foreach(case PowerTest.GoesOffAndOn PowerTest.IsKnownToAnApplicationThatStopsThe
     TIMEOUT ${BT_TEST_TIMEOUT} LABELS conformance FAIL_REGULAR_EXPRESSION "SKIPPED|0 tests ran")
 endforeach()
 add_dependencies(conformance power_only_service)
+
+# What cannot be asked of a service is counted, with the reason.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+add_test(NAME conformance_left_out/IsCountedWithItsReasons
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/left_out_test.py ${CMAKE_CTEST_COMMAND}
+          $<TARGET_FILE:conformance> $<TARGET_FILE:power_only_service> ${CMAKE_CURRENT_LIST_DIR}/../support/left_out.py)
+set_tests_properties(conformance_left_out/IsCountedWithItsReasons PROPERTIES
+  TIMEOUT ${BT_TEST_TIMEOUT} LABELS conformance)
