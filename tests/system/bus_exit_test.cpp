@@ -14,40 +14,32 @@
 #include <string>
 #include <vector>
 
-#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 #include "glib/OwnedBus.h"
-#include "ipc/BtClientIpcAdapter.h"
 #include "support/TemporaryDirectory.h"
 #include "system/FakeBus.h"
-#include "system/fixtures.h"
+#include "system/ProxyAttempts.h"
 
+namespace bttest {
 namespace {
+
+using testing::ElementsAre;
 
 /// Which of the next attempts to make a proxy fail before they are made; the others are made.
 std::deque<bool> g_failsAtOnce;
 /// Runs at the end of each attempt, with what came of it.
 std::function<void(ComZelkLinuxBluetooth*)> g_endOfAttempt;
 
-}  // namespace
-
-// Takes the place of the generated function for the library under test.
-extern "C" __attribute__((visibility("default"))) ComZelkLinuxBluetooth*
-com_zelk_linux_bluetooth_proxy_new_for_bus_sync(GBusType bus, GDBusProxyFlags flags, const gchar* name,
-                                                const gchar* path, GCancellable* cancellable,
-                                                GError** error) {
-  using Function = decltype(&com_zelk_linux_bluetooth_proxy_new_for_bus_sync);
-  static const auto real =
-      reinterpret_cast<Function>(dlsym(RTLD_NEXT, "com_zelk_linux_bluetooth_proxy_new_for_bus_sync"));
+ComZelkLinuxBluetooth* OnAttempt(const ProxyAttempt& attempt) {
   ComZelkLinuxBluetooth* proxy = nullptr;
   if (!g_failsAtOnce.empty() && g_failsAtOnce.front()) {
-    g_set_error_literal(error, G_IO_ERROR, G_IO_ERROR_FAILED, "made to fail");
+    g_set_error_literal(attempt.error, G_IO_ERROR, G_IO_ERROR_FAILED, "made to fail");
   } else {
-    proxy = real(bus, flags, name, path, cancellable, error);
+    proxy = MakeProxy(attempt);
   }
   if (!g_failsAtOnce.empty()) {
     g_failsAtOnce.pop_front();
@@ -58,17 +50,13 @@ com_zelk_linux_bluetooth_proxy_new_for_bus_sync(GBusType bus, GDBusProxyFlags fl
   return proxy;
 }
 
-namespace bttest {
-namespace {
-
-using testing::ElementsAre;
-
 /// Counts the SIGTERMs that this process gets, instead of ending by the first.
 std::atomic<int> g_terminations{0};
 
 struct BusExit : testing::Test {
   BusExit() {
     MakeDummySegments();
+    g_onProxyAttempt = OnAttempt;
     std::signal(SIGTERM, [](int) { ++g_terminations; });
   }
   ~BusExit() override { g_endOfAttempt = nullptr; }

@@ -6,13 +6,14 @@
 #include <string>
 #include <vector>
 
-#include <dlfcn.h>
 #include <gmock/gmock.h>
 
-#include "ipc/BtClientIpcAdapter.h"
-#include "system/fixtures.h"
+#include "system/ProxyAttempts.h"
 
+namespace bttest {
 namespace {
+
+using testing::ElementsAre;
 
 struct Creation {
   std::chrono::steady_clock::time_point when;
@@ -29,44 +30,33 @@ struct Creation {
 std::vector<Creation> g_creations;
 std::deque<bool> g_fails;
 
-}  // namespace
-
-// Takes the place of the generated function for the library under test.
-extern "C" __attribute__((visibility("default"))) ComZelkLinuxBluetooth*
-com_zelk_linux_bluetooth_proxy_new_for_bus_sync(GBusType bus, GDBusProxyFlags flags, const gchar* name,
-                                                const gchar* path, GCancellable* cancellable,
-                                                GError** error) {
-  using Function = decltype(&com_zelk_linux_bluetooth_proxy_new_for_bus_sync);
-  static const auto real =
-      reinterpret_cast<Function>(dlsym(RTLD_NEXT, "com_zelk_linux_bluetooth_proxy_new_for_bus_sync"));
-  g_creations.push_back({std::chrono::steady_clock::now(), bus, flags, name, path, cancellable != nullptr,
-                         error != nullptr && *error == nullptr, nullptr});
+ComZelkLinuxBluetooth* NoteAttempt(const ProxyAttempt& attempt) {
+  g_creations.push_back({std::chrono::steady_clock::now(), attempt.bus, attempt.flags, attempt.name,
+                         attempt.path, attempt.cancellable != nullptr,
+                         attempt.error != nullptr && *attempt.error == nullptr, nullptr});
   bool fails = true;
   if (!g_fails.empty()) {
     fails = g_fails.front();
     g_fails.pop_front();
   }
   if (fails) {
-    g_set_error(error, G_IO_ERROR, G_IO_ERROR_FAILED, "attempt %zu was told to fail", g_creations.size());
+    g_set_error(attempt.error, G_IO_ERROR, G_IO_ERROR_FAILED, "attempt %zu was made to fail",
+                g_creations.size());
     return nullptr;
   }
-  g_creations.back().result = real(bus, flags, name, path, cancellable, error);
+  g_creations.back().result = MakeProxy(attempt);
   return g_creations.back().result;
 }
 
-namespace bttest {
-namespace {
-
-using testing::ElementsAre;
-
 std::string FailureLine(int attempt, int retry) {
   return "InitDBusConnect: Failed to create proxy. Reason: attempt " + std::to_string(attempt) +
-         " was told to fail.retry->" + std::to_string(retry);
+         " was made to fail.retry->" + std::to_string(retry);
 }
 
 struct ConnectRetry : WithService {
   /// Of g_creations, after an attempt to start with these failures.
   static int CreateWith(std::deque<bool> fails) {
+    g_onProxyAttempt = NoteAttempt;
     g_creations.clear();
     g_fails = std::move(fails);
     return MWP_CreateBlueTooth();

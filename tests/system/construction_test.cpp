@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdlib>
 #include <functional>
+#include <future>
 #include <new>
 #include <stdexcept>
 #include <thread>
@@ -16,8 +17,10 @@
 #include <bluetooth/MWPBtPhone.h>
 #include <bluetooth/MWPBtSpp.h>
 #include <mwp/MWPAppMgrService.h>
+#include <unistd.h>
 
 #include "ipc/ShareMemory/ShareMemory.h"
+#include "support/ThreadState.h"
 #include "support/Waiting.h"
 #include "system/fixtures.h"
 
@@ -155,13 +158,16 @@ TEST_F(Construction, AnExceptionLeavesTheLockHeldSoThatOtherThreadsWait) {
   std::atomic<bool> isUnlocked{false};
   std::atomic<bool> hasClient{false};
   bool hadToWait = false;
+  std::promise<pid_t> begin;
   std::thread other([&] {
+    begin.set_value(gettid());
     Client::GetInstance();
     hadToWait = isUnlocked;
     hasClient = true;
   });
-  // If the lock were free the other thread would not need as long as this.
-  EXPECT_FALSE(WaitUntil([&] { return hasClient.load(); }, std::chrono::milliseconds(200)));
+  const pid_t id = begin.get_future().get();
+  EXPECT_TRUE(WaitUntil([&] { return hasClient.load() || IsAsleep(id); }));
+  EXPECT_FALSE(hasClient);
   isUnlocked = true;
   Client::ms_cs.Unlock();
   EXPECT_TRUE(WaitUntil([&] { return hasClient.load(); }));

@@ -5,8 +5,8 @@ bt_add_test(NAME system_lifecycle SOURCES lifecycle_test.cpp address_space_test.
 bt_add_test(NAME system_construction SOURCES construction_test.cpp)
 bt_add_test(NAME system_connect SOURCES connect_test.cpp log_fallback_test.cpp)
 target_compile_definitions(system_connect PRIVATE BTTEST_RECORDER="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/bt_recorder")
-bt_add_test(NAME system_connect_retry SOURCES connect_retry_test.cpp LIBS ${CMAKE_DL_LIBS})
-bt_add_test(NAME system_bus_exit SOURCES bus_exit_test.cpp FakeBus.cpp LIBS ${CMAKE_DL_LIBS})
+bt_add_test(NAME system_connect_retry SOURCES connect_retry_test.cpp ProxyAttempts.cpp LIBS ${CMAKE_DL_LIBS})
+bt_add_test(NAME system_bus_exit SOURCES bus_exit_test.cpp FakeBus.cpp ProxyAttempts.cpp LIBS ${CMAKE_DL_LIBS})
 bt_add_test(NAME system_bad_worlds SOURCES lost_bus_test.cpp failing_service_test.cpp restarted_service_test.cpp
             odd_segments_test.cpp)
 bt_add_test(NAME system_threads SOURCES loops_and_threads_test.cpp throwing_listener_test.cpp)
