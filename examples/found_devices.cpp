@@ -5,6 +5,7 @@
 #include <bluetooth/MWPBtCom.h>
 #include <gio/gio.h>
 #include <cstdio>
+#include <string>
 
 namespace {
 constexpr const char* kService = "com.zelk.linux.bluetooth";  // the name on the bus, and the interface
@@ -20,13 +21,26 @@ struct Power : IMWPBtComListener {
   }
 };
 
+/// Strangers choose the names: without what a terminal would take for a command.
+std::string Visible(const char* name) {
+  std::string text;
+  for (const char* at = name; *at != '\0'; at = g_utf8_next_char(at)) {
+    if (g_unichar_isprint(g_utf8_get_char(at)) != FALSE) {
+      text.append(at, static_cast<const char*>(g_utf8_next_char(at)));
+    } else {
+      text += '?';
+    }
+  }
+  return text;
+}
+
 void OnDeviceFound(GDBusConnection*, const char*, const char*, const char*, const char*, GVariant* values,
                    void*) {
   const char *address = nullptr, *name = nullptr;
   guchar support = 0;
   if (g_variant_is_of_type(values, G_VARIANT_TYPE("(ssy)"))) {  // the library would check it for its events
     g_variant_get(values, "(&s&sy)", &address, &name, &support);
-    std::printf("found %s %s, support %d\n", address, name, support);
+    std::printf("found %s %s, support %d\n", address, Visible(name).c_str(), support);
   }
 }
 

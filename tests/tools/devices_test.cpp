@@ -110,6 +110,23 @@ TEST_F(DeviceList, HasWhatASearchFindsEachDeviceOnce) {
                     R"("name":"Accessory","paired":false,"found":true,"connected":false,"profiles":[])")));
 }
 
+TEST_F(DeviceList, ShowsTheNamesThatStrangersHaveChosenSafely) {
+  for (const bool isJson : {false, true}) {
+    Accept("SetScanAction");
+    ChildProcess list(CommandLine({"devices", "list", "--scan", "600", isJson ? "--json" : "--verbose"}));
+    ASSERT_TRUE(WaitUntil([&] {
+      const Words calls = service.TakeCallTexts();
+      return std::find(calls.begin(), calls.end(), "SetScanAction(true,)") != calls.end();
+    }));
+    EmitScan(true);
+    EmitFound("00:00:00:00:00:01", "\033]0;title\007planted\u009B2J\u202E");
+    EmitScan(false);
+    const std::string output = Ended(list).output;
+    EXPECT_THAT(output, HasSubstr(isJson ? R"(\u001b]0;title\u0007planted\u009b2J\u202e)"
+                                         : "\uFFFD]0;title\uFFFDplanted\uFFFD2J\uFFFD"));
+  }
+}
+
 TEST_F(DeviceList, ListensToASearchOfSomebodyElseAndLetsItRun) {
   service.Hang("GetBluetoothServiceStatus");
   ChildProcess list(CommandLine({"devices", "list", "--scan", "600", "--json"}));

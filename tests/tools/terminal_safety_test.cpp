@@ -175,7 +175,7 @@ TEST_P(PlantedEvents, AreShownSafely) {
   for (const SignalDescription& signal : BluetoothInterface().signals) {
     service.Emit(signal.name, Values(signal.arguments));
     for (const ArgumentDescription& argument : signal.arguments) {
-      // No listener of the library hears of a found device.
+      // No listener of the library hears of a found device: DeviceList shows its name.
       texts += argument.signature == "s" && signal.name != "OnScanedDeviceChanged" ? 1 : 0;
     }
   }
