@@ -21,10 +21,13 @@ struct Method;
 
 template <typename Interface, typename... In, typename... Out>
 struct Method<Interface, Types<In...>, Types<Out...>> {
-  const char* signal;
+  const char* signal;  ///< "handle-set-power"
+  /// Sends the answer, and takes the invocation with it.
   void (*complete)(Interface*, GDBusMethodInvocation*, Out...);
 };
 
+/// A method by the two things that the generated binding has of it: its place in the table of handlers, from
+/// which come the types that it takes, and the function that completes it, from which come those it answers.
 template <typename Interface, typename Table, typename... In, typename... Out>
 constexpr Method<Interface, Types<In...>, Types<Out...>> MakeMethod(
     const char* signal, gboolean (*Table::*)(Interface*, GDBusMethodInvocation*, In...),
@@ -38,11 +41,14 @@ constexpr Method<Interface, Types<In...>, Types<Out...>> MakeMethod(
 template <typename Interface>
 class MethodBinder {
  public:
-  /// gate: null if all calls are answered as they should be.
+  /// Neither is owned; both must outlive what is bound. gate: null if all calls are answered as they should
+  /// be.
   explicit MethodBinder(Interface* skeleton, AnswerGate* gate = nullptr)
       : m_skeleton(skeleton), m_gate(gate) {}
 
-  /// By a request that takes the arguments as they come.
+  /// By a request that takes the arguments as they come, in the order of the interface, converted by
+  /// FromWire. Its result is the one value of the answer; there is none if it returns nothing. Too few or too
+  /// many parameters, or types that cannot be converted, do not compile.
   template <typename In, typename Out, typename Object, typename Result, typename Class, typename... Params>
   void Bind(const Method<Interface, In, Out>& method, Object& object, Result (Class::*request)(Params...)) {
     BindMember(method, object, request, Types<Params...>());
@@ -54,7 +60,8 @@ class MethodBinder {
   }
 
   /// By a function that takes the wire's types and returns the answer: nothing, a value, or a tuple. It may
-  /// throw std::invalid_argument.
+  /// throw std::invalid_argument. It is kept as long as the skeleton; texts and variants that it is given are
+  /// good until it returns.
   template <typename... In, typename... Out, typename Function>
   void Bind(const Method<Interface, Types<In...>, Types<Out...>>& method, Function function) {
     using Bound = BoundMethod<Function, Types<In...>, Types<Out...>>;

@@ -17,7 +17,8 @@ namespace btservice {
 // An answer holds the stack's values, and becomes floating variants only when it is sent: it may come late or
 // never.
 
-/// The bytes inside a variant; none if it holds something else.
+/// The bytes inside a variant, as a copy; none if it holds something else than an array of bytes. value is
+/// the variant as a method gets it, with the array inside.
 inline Bytes BytesFromVariant(GVariant* value) {
   const OwnedVariant inner(g_variant_get_variant(value));
   Bytes bytes;
@@ -28,7 +29,7 @@ inline Bytes BytesFromVariant(GVariant* value) {
   return bytes;
 }
 
-/// A floating variant.
+/// A floating variant with a copy of the bytes.
 inline GVariant* VariantFromBytes(const Bytes& bytes) {
   return bt_build_variant_data(const_cast<std::uint8_t*>(bytes.data()), static_cast<int>(bytes.size()));
 }

@@ -10,20 +10,24 @@
 
 namespace btservice {
 
-/// The downloaded phone book and call logs. Only keeps them, and reports nothing.
+/// The downloaded phone book and call logs, for every stack. Only keeps them: whoever changes something has
+/// to report it. In memory alone, and used on one thread.
 class PhoneBookStore {
  public:
-  /// Forgets contacts, favourites and call logs.
+  /// Forgets contacts, favourites and call logs. The ids of call logs begin anew.
   void Clear();
-  /// The contact has an id of its own already.
-
+  /// Adds a contact at the end. It has an id already, that no other contact here has. Nothing is limited: a
+  /// stack takes no more than a segment holds, or lets the Publisher leave out the rest.
   void Add(const Contact& contact);
   /// Forgets the contacts. A favourite that comes back with its id is one again.
   void ClearContacts();
   /// False if there is no such contact.
   bool Remove(int contactId);
+  /// In the order in which they were added. The reference holds as long as this, its items until something is
+  /// changed.
   const std::vector<Contact>& Contacts() const { return m_contacts; }
-  /// Null if no contact has the number. Digits decide: neither blanks nor a leading country code matter.
+  /// The first contact with a number; null if none has it. The last nine digits decide: neither blanks nor a
+  /// leading country code matter. The first search after a change takes time that grows with the phone book.
   const Contact* FindByNumber(const std::string& number) const;
 
   /// False if there is no such contact.
@@ -31,10 +35,11 @@ class PhoneBookStore {
   /// In the order of the phone book.
   std::vector<Contact> Favorites() const;
 
-  /// Gives the entry an id of its own. When there are too many the oldest goes.
+  /// Adds an entry as the latest, and gives it an id of its own. When there are too many the oldest goes.
   void Add(const CallLogEntry& entry);
   /// False if there is no such entry.
   bool RemoveLog(int id);
+  /// Forgets all entries of a type; CALL_LOG_ALL: all entries.
   void ClearLogs(CallLogType type);
   /// The latest first, with the contacts that their numbers belong to by now.
   std::vector<CallLogEntry> Logs(CallLogType type) const;
@@ -51,7 +56,7 @@ class PhoneBookStore {
   int m_lastLogId = 0;
 };
 
-/// As many as a phone keeps; older ones go.
+/// Leaves as many as a phone keeps, 500: those at the beginning, the older ones, go.
 void KeepLatest(std::vector<CallLogEntry>& logs);
 
 }  // namespace btservice

@@ -17,7 +17,9 @@ struct VCards {
 };
 
 /// Reads the contacts of a vCard text (2.1, 3.0 or 4.0): names and telephone numbers, nothing else. A card
-/// that makes no sense is skipped, and the others are read. All texts are UTF-8 without control characters.
+/// that makes no sense is skipped, and the others are read: whatever the text is, nothing is thrown and
+/// nothing is logged. All texts are UTF-8 without control characters. fileName is for the problems alone. The
+/// time it takes grows with the length of the text, and so do the contacts: the caller limits both.
 VCards ParseVCards(const std::string& text, const std::string& fileName);
 
 }  // namespace btservice

@@ -29,9 +29,11 @@ struct VCardProperty {
 /// folded.
 class VCardPropertyReader {
  public:
+  /// The text is not copied: it must outlive the reader and the properties.
   explicit VCardPropertyReader(std::string_view text);
 
-  /// False at the end of the text. The property holds until the next call.
+  /// The next property; one of no kind for a line that is none, so that the caller can report it. Empty lines
+  /// are passed over. False at the end of the text. The property holds until the next call.
   bool Next(VCardProperty& property);
   /// The last line that was read.
   int Line() const { return m_line; }

@@ -24,17 +24,21 @@ struct ReportedCall {
 };
 
 /// Decides what a stack reports of its calls, and when: each change once, all of them together when the
-/// change is complete, and the times of calls that were answered while one of them is active or held.
+/// change is complete, and the times of calls that were answered while one of them is active or held. For
+/// every stack, on its thread. What is reported goes to the observers before the call returns; they may make
+/// requests meanwhile.
 class CallReports {
  public:
   /// The calls as they stand.
   using Calls = std::function<std::vector<ReportedCall>()>;
 
-  /// period: between two reports of the times.
+  /// The scheduler, the observers, and what calls refers to must outlive this. calls is asked whenever
+  /// something is to be reported. period: between two reports of the times.
   CallReports(Scheduler& scheduler, const StackObservers& observers, Milliseconds period, Calls calls);
 
   /// Reports what is different from the last time: calls that ended, calls in another state, the number of
-  /// calls, what can be done with them now. Call it once all of a change is done.
+  /// calls, what can be done with them now (possible). Reports nothing if nothing is. Call it once all of a
+  /// change is done.
   void ReportChanges(const std::set<CallAction>& possible);
   /// Reports the calls as they stand, for whoever comes late.
   void ReportAll() const;

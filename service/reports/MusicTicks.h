@@ -23,14 +23,19 @@ class MusicTicks {
   /// The player in use; nothing if there is none.
   using Source = std::function<std::optional<PlayPosition>()>;
 
-  /// period: between two reports of the position, as long as nobody asks for another.
+  /// The scheduler, the observers, and what source refers to must outlive this. period: between two reports
+  /// of the position, as long as nobody asks for another.
   MusicTicks(Scheduler& scheduler, const StackObservers& observers, Milliseconds period, Source source);
 
-  // The requests of applications; false for a period that is too short.
+  // The requests of MusicControl. False, and nothing changed, for a period below 20 ms. There is one period
+  // for all applications: the last request counts.
+
+  /// PositionChanged, at once and then after each period while the player runs; off: no more.
   bool ReportPosition(bool on, Milliseconds period);
+  /// TrackInfoChanged, at once and then after each period while there is a player; off: no more.
   bool ReportTrackInfo(bool on, Milliseconds period);
 
-  /// The player in use began to run or ended, or another one is in use.
+  /// To be called when the player in use has begun to run or has stopped, or another one is in use.
   void PlayerChanged();
 
  private:

@@ -19,6 +19,7 @@ class Notifier {
  public:
   using Callback = std::function<void(Args...)>;
 
+  /// What callback refers to must outlive the notifier. Not to be called by a callback.
   void Add(Callback callback) { m_callbacks.push_back(std::move(callback)); }
   void operator()(Args... args) const {
     for (const Callback& callback : m_callbacks) {
@@ -33,10 +34,12 @@ class Notifier {
 /// What every part of the model works with, all of them on the one thread of the scheduler.
 struct ModelContext {
   Scheduler& scheduler;
-  const Delays& delays;
-  std::mt19937 random;  ///< begins with the world's seed: the same world lives the same life
+  const Delays& delays;  ///< of the world; the same all the time
+  std::mt19937 random;   ///< begins with the world's seed: the same world lives the same life
   const StackObservers& observers;
 
+  /// To everybody who observes the stack, before it returns. Observers may make requests meanwhile: whoever
+  /// reports has finished its own change.
   void Report(const StackEvent& event) const { observers.Report(event); }
 };
 

@@ -16,8 +16,9 @@ namespace btservice {
 
 /// What can happen outside of the head unit: at the phones, with their owners, on the air. Each returns false
 /// if it cannot happen: there is no such device, it is not connected, nobody calls. What comes of it is
-/// reported by the stack, as if it had happened by itself. The timeline of a world and the controls on the
-/// bus come here, on the thread of the stack.
+/// reported by the stack, as if it had happened by itself, some of it before the function returns. The
+/// timeline of a world and the controls on the bus come here, on the thread of the stack. Nothing is thrown.
+/// Addresses may be in upper or lower case; one that no device has is "no such device".
 class Outside {
  public:
   Outside(DeviceTable& devices, Connections& connections, Pairing& pairing, Projection& projection,
@@ -38,7 +39,7 @@ class Outside {
   /// How many of them SetContacts would replace at this device.
   std::size_t ReplaceableContactCount(const std::string& address) const;
 
-  /// A device that was not there before.
+  /// A device that was not there before. False if its address is in use, or is none.
   bool AddDevice(const DeviceData& data);
   /// A device comes into range, or leaves it: then its link is lost.
   bool SetInRange(const std::string& address, bool inRange);
@@ -64,23 +65,26 @@ class Outside {
   bool SetOperator(const std::string& address, const std::string& name);
   bool SetRoaming(const std::string& address, bool roaming);
 
-  /// Somebody calls the phone.
+  /// Somebody calls the phone. It must be connected for calls, with fewer than three calls of which none
+  /// rings or waits. number may be empty.
   bool Call(const std::string& address, const std::string& number);
   /// Whoever was called from here answers.
   bool AnswerCall(const std::string& address);
   /// Somebody at the other end hangs up; callId 0: all of them.
   bool HangUp(const std::string& address, int callId);
-  /// How those behave who are called from here.
+  /// How those behave who are called from here; answersAfter: how long it rings there. From the next call on.
   bool SetCalledParty(const std::string& address, CalledParty party, Milliseconds answersAfter);
 
-  /// The phone's contacts, all of them anew. A download under way still gives those of before.
+  /// The phone's contacts, all of them anew; their ids are to be different. A download under way still gives
+  /// those of before; what was downloaded stays until the next download.
   bool SetContacts(const std::string& address, std::vector<Contact> contacts);
   /// Adds a call to the phone's own log, as its latest.
   bool AddCallLog(const std::string& address, const CallLogEntry& entry);
 
-  /// The tracks of the device's player, all of them anew.
+  /// The tracks of the device's player, all of them anew; none: it stops.
   bool SetTracks(const std::string& address, std::vector<TrackData> tracks);
-  /// Its owner presses a key of the player.
+  /// Its owner presses a key of the player; false if that is not connected. The one that begins to play is
+  /// the one in use.
   bool Play(const std::string& address);
   bool Pause(const std::string& address);
 

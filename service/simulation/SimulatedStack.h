@@ -19,7 +19,9 @@
 
 namespace btservice {
 
-/// A Bluetooth stack whose radio, phones and people are made up. The scheduler must outlive it.
+/// A Bluetooth stack whose radio, phones and people are made up. With the same world, and the same requests
+/// at the same times, it does the same. The world is copied; the scheduler must outlive the stack, and gives
+/// it its thread.
 class SimulatedStack : public BluetoothStack {
  public:
   SimulatedStack(Scheduler& scheduler, const World& world);

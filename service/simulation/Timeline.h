@@ -32,23 +32,24 @@ enum class HappeningKind {
   SERIAL
 };
 
-/// Something that happens by itself at some time.
+/// Something that happens by itself at some time. What a kind does not need is ignored.
 struct Happening {
-  Milliseconds at{0};
+  Milliseconds at{0};     ///< from the start of the timeline
   Milliseconds every{0};  ///< 0: once
   HappeningKind kind = HappeningKind::ARRIVE;
-  std::string device;
-  std::string number;
-  std::string text;
-  std::string sender;
-  int bars = 0;
-  bool on = true;
+  std::string device;  ///< its address
+  std::string number;  ///< of the caller
+  std::string text;    ///< of a message, the bytes of SERIAL, or the name of an operator
+  std::string sender;  ///< of a message
+  int bars = 0;        ///< of SIGNAL and BATTERY, from 0 to 5
+  bool on = true;      ///< of ROAMING
   ProfileId profile = BT_PROFILE_HFP;
   CalledParty calledParty = CalledParty::ANSWERS;
   Milliseconds answersAfter{3000};
 };
 
-/// Makes things happen when their time comes.
+/// Makes things happen when their time comes, on the thread of the scheduler, as long as it lives. Scheduler
+/// and outside must outlive it.
 class Timeline {
  public:
   Timeline(Scheduler& scheduler, Outside& outside) : m_outside(outside), m_tasks(scheduler) {}

@@ -14,7 +14,8 @@ class ManualScheduler : public Scheduler {
   TaskId After(Milliseconds delay, Task task) override { return m_queue.Add(m_now + delay, std::move(task)); }
   void Cancel(TaskId id) override { m_queue.Cancel(id); }
 
-  /// Lets that much time pass, and runs on the way all that is due, with what tasks ask for meanwhile.
+  /// Lets that much time pass, and runs on the way all that is due, with what tasks ask for meanwhile. Not to
+  /// be called by a task. A task that asks again and again for another without delay keeps it from returning.
   void Advance(Milliseconds time) {
     const Milliseconds end = m_now + time;
     while (m_queue.RunNext(end, m_now)) {

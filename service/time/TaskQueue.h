@@ -9,10 +9,11 @@
 
 namespace btservice {
 
-/// The tasks that wait, in the order in which they are due: what the schedulers have in common.
+/// The tasks that wait, in the order in which they are due: what the schedulers have in common. It has no
+/// clock: times are whatever its owner counts from.
 class TaskQueue {
  public:
-  /// Has a task wait for its time. As Scheduler::After and Cancel otherwise.
+  /// Has a task wait for its time, which may have passed. As Scheduler::After and Cancel otherwise.
   Scheduler::TaskId Add(Milliseconds due, Scheduler::Task task);
   void Cancel(Scheduler::TaskId id);
   /// When the next task is due; nothing if none waits.

@@ -10,6 +10,7 @@
 namespace btservice {
 
 /// One thing that shall happen later, and will not if the timer goes first. The scheduler must outlive it.
+/// Used on the thread of the scheduler.
 class Timer {
  public:
   explicit Timer(Scheduler& scheduler) : m_scheduler(scheduler) {}
@@ -17,7 +18,8 @@ class Timer {
   Timer(const Timer&) = delete;
   Timer& operator=(const Timer&) = delete;
 
-  /// Takes back what was waiting and waits for this instead.
+  /// Takes back what was waiting and waits for this instead; a delay of 0 or less is as soon as possible, but
+  /// never inside this call. The task may destroy the timer.
   void Start(Milliseconds delay, Scheduler::Task task) {
     Stop();
     m_id = m_scheduler.After(delay, [this, task = std::move(task)] {
@@ -44,7 +46,7 @@ class TaskGroup {
   TaskGroup(const TaskGroup&) = delete;
   TaskGroup& operator=(const TaskGroup&) = delete;
 
-  /// As Scheduler::After.
+  /// As Scheduler::After, without an id: single tasks cannot be taken back. The task may destroy the group.
   void After(Milliseconds delay, Scheduler::Task task) {
     const auto id = std::make_shared<Scheduler::TaskId>(0);
     *id = m_scheduler.After(delay, [this, id, task = std::move(task)] {
@@ -53,6 +55,7 @@ class TaskGroup {
     });
     m_ids.insert(*id);
   }
+  /// Takes back all that waits; the group can be used further.
   void CancelAll() {
     for (const Scheduler::TaskId id : std::exchange(m_ids, {})) {
       m_scheduler.Cancel(id);

@@ -10,10 +10,12 @@ namespace btservice {
 /// store does, and otherwise the number of calls never names one that is not there.
 class CallTableSegment {
  public:
+  /// The owner of the segments must outlive it.
   explicit CallTableSegment(SegmentOwner& segments) : m_segments(segments) {}
 
-  /// Writes the table as it is now. Calls beyond its two slots are counted and not listed. False, with an
-  /// error in the log, if the segment cannot be had.
+  /// Writes the table as it is now, in the order of calls. Calls beyond its two slots are counted and not
+  /// listed. Texts that are too long are cut between two characters. A segment that was removed meanwhile is
+  /// made anew. False, with an error in the log, if the segment cannot be had.
   bool Publish(const std::vector<CallInfo>& calls);
 
  private:

@@ -11,12 +11,12 @@ namespace btservice {
 
 /// What a service that died has left in the segments: applications still believe it.
 struct LeftBehind {
-  std::vector<int> callIds;
+  std::vector<int> callIds;                   ///< of the calls in the table, and of those beyond its slots
   std::vector<std::string> connectedDevices;  ///< addresses; connected, or on the way to it or away from it
 };
 
-/// To be called before the lists are emptied. A segment that is missing is made, and nothing is
-/// found in it.
+/// To be called once, when the service owns its name, and before the lists are emptied. A segment that is
+/// missing is made, and nothing is found in it; so it is in one that cannot be had, with an error in the log.
 LeftBehind ReadLeftBehind(SegmentOwner& segments);
 
 // The readers of the two lists. The memory may hold anything: what makes no sense is left out.

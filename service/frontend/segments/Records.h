@@ -19,7 +19,8 @@ void PackRecord(ListWriter& writer, const Contact& contact);
 /// SH_CALL_LOG_LIST, SH_CALL_LOG_INFO.
 void PackRecord(ListWriter& writer, const CallLogEntry& entry);
 
-/// A counted list of records, of as many as fit into that many bytes.
+/// A counted list of records, of as many as fit into that many bytes: the rest is left out, and the writer's
+/// Count says how many are in it.
 template <typename Record>
 ListWriter PackList(const std::vector<Record>& records, std::size_t capacity) {
   ListWriter writer(capacity);
@@ -38,7 +39,8 @@ struct PackedCallTable {
   std::array<std::size_t, kCallSlots> seconds;  ///< where the seconds of each slot lie
 };
 
-/// SH_CALL_INFO_LIST: the number of calls, then always two slots, of which unused ones are empty.
+/// SH_CALL_INFO_LIST: the number of calls, then always two slots, of which unused ones are empty. capacity is
+/// in bytes; texts are cut to their places in the slots.
 PackedCallTable PackCallTable(const std::vector<CallInfo>& calls, std::size_t capacity);
 
 /// What a slot says of a call. Nothing is checked.

@@ -6,7 +6,8 @@
 
 namespace btservice {
 
-/// At most that many bytes of a text, cut between two characters of UTF-8. What is not UTF-8 is cut anywhere.
+/// At most that many bytes of a text, cut between two characters of UTF-8, so that up to three bytes more are
+/// left out. What is not UTF-8 is cut anywhere.
 std::string CutText(const std::string& text, std::size_t mostBytes);
 
 }  // namespace btservice

@@ -36,9 +36,16 @@ class CallTable {
 
   CallTable(ModelContext& context, Settings& settings, Connections& connections);
 
+  // The requests of CallControl.
+
+  /// From the phone in use; the active call is held. False without a phone, for a number that cannot be
+  /// dialled, while a call rings, waits or is on its way, and when one is active and one held.
   bool Dial(const std::string& number);
+  /// The number that was dialled last, whatever became of that call; false if there is none.
   bool Redial();
+  /// The call that rings or waits; the active one is held.
   bool Accept();
+  /// The call that rings or waits.
   bool Reject();
   /// Ends the outgoing call or the active ones, or rejects the one that rings. A held call is not affected.
   bool HangUp();
@@ -55,9 +62,10 @@ class CallTable {
   /// callId 0: all calls of the device.
   bool EndThere(RemoteDevice& device, int callId);
 
+  /// In the order in which they began. A call that has ended is no longer there, and its object is gone.
   const std::vector<std::unique_ptr<Call>>& All() const { return m_calls; }
   bool Has(CallStatus status) const;
-  /// Since it was answered; 0 if it was not.
+  /// Whole seconds since it was answered; 0 if it was not.
   int Seconds(const Call& call) const;
   /// Reports the calls as they stand, for whoever comes late.
   void ReportAll() const { m_reports.ReportAll(); }

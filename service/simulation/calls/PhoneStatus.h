@@ -12,9 +12,12 @@ class PhoneStatus {
  public:
   PhoneStatus(ModelContext& context, Connections& connections);
 
+  /// Reports all of it for the phone in use; without one, that there is no network.
   void ReportAll() const;
 
-  // Changes at the phone. They are reported if it is the one in use.
+  // Changes at the phone. They are reported if it is the one in use, and kept in any case. Bars: 0 to 5,
+  // which is not checked here.
+
   void SetSignal(RemoteDevice& device, int bars);
   void SetBattery(RemoteDevice& device, int bars);
   /// An empty name: the phone has lost its network.

@@ -17,10 +17,15 @@ class Projection {
 
   // The requests of DeviceControl.
 
+  /// Whether projection runs: then no phone asks for it. False while the adapter is off; going down ends it.
   bool SetRunning(bool running);
+  /// ProjectionPairingAnswered follows, and the pairing if the answer is that it can begin. False while the
+  /// adapter is off, and for a text that is no address.
   bool RequestPairing(const std::string& address);
+  /// A phone that is allowed does not ask again. An address that no device has is ignored.
   void SetAllowed(const std::string& address, bool allowed);
-  /// The phone asks (again).
+  /// The phone asks (again): ProjectionRequested. False while the adapter is off, if it is not capable of it,
+  /// and if it is allowed already.
   bool RequestFromRemote(RemoteDevice& device);
 
  private:

@@ -15,6 +15,7 @@ class RemoteDevice {
   RemoteDevice(const RemoteDevice&) = delete;
   RemoteDevice& operator=(const RemoteDevice&) = delete;
 
+  /// Whether it has a single profile.
   bool Supports(ProfileId profile) const;
   /// Of a single profile; DISCONNECTED if it was never connected.
   ConnStatus Status(ProfileId profile) const;
@@ -24,12 +25,12 @@ class RemoteDevice {
   /// As the list of paired devices shows it.
   DeviceInfo Info() const;
 
-  DeviceData data;
-  bool inRange;
+  DeviceData data;     ///< as the world has it, and as it was changed from outside since
+  bool inRange;        ///< of the radio; one that is not is neither found nor connected
   bool found = false;  ///< by a search
   bool paired = false;
-  bool profilesEnabled = true;
-  bool projectionAllowed = false;
+  bool profilesEnabled = true;                  ///< may be connected
+  bool projectionAllowed = false;               ///< need not ask for wireless projection again
   std::map<ProfileId, ConnStatus> connections;  ///< single profiles only
 };
 

@@ -11,7 +11,9 @@ class Scanner {
  public:
   Scanner(ModelContext& context, DeviceTable& devices);
 
-  /// Refuses what is so already.
+  /// Begins or ends a search: ScanChanged, and DeviceFound for each device in range, one after the other,
+  /// also for those that were found before. It ends by itself (Delays). Refuses what is so already; power is
+  /// the caller's affair.
   bool Set(bool on);
   /// Reports whether a search runs, for whoever comes late.
   void Report() const;

@@ -15,6 +15,7 @@ class Browser {
  public:
   Browser(ModelContext& context, Player& player, Connections& connections);
 
+  /// Whether the current folder is the top; also without a player.
   bool IsRoot() const { return m_path.empty(); }
 
   // The requests of MusicControl. False without a player, or for a range that makes no sense; else what comes

@@ -17,6 +17,8 @@ class DevicePlayer {
  public:
   using Report = std::function<void(const StackEvent&)>;
 
+  /// The device and what report refers to must outlive it. report gets each event before the call that causes
+  /// it returns.
   DevicePlayer(ModelContext& context, RemoteDevice& device, Report report);
 
   RemoteDevice& Device() { return m_device; }
@@ -25,7 +27,8 @@ class DevicePlayer {
   MusicPlayStatus Status() const { return m_status; }
   /// Whether it plays or winds: its position changes.
   bool IsRunning() const;
-  // In the current track; 0 if there is none.
+  // In the current track, at this moment; 0 if there is none.
+
   Milliseconds Position() const;
   Milliseconds Length() const;
   TrackInfo Info() const;

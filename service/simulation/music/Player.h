@@ -21,7 +21,8 @@ class Player {
 
   /// Null if no player is connected.
   DevicePlayer* InUse() const;
-  /// Has the player in use do something as soon as the request has reached it. False without a player.
+  /// Has the player in use do something as soon as the request has reached it (Delays). False without a
+  /// player; one that is gone by then does nothing.
   bool Command(std::function<void(DevicePlayer&)> command);
   /// Opens or closes the way of the music to the loudspeakers; possible without a player.
   bool SetOutput(bool open);

@@ -15,9 +15,13 @@ class PhoneBookDownload {
   PhoneBookDownload(ModelContext& context, Settings& settings, Connections& connections,
                     PhoneBookStore& store);
 
+  /// True if it begins: a phone is connected for its phone book, the type is one, and no download is under
+  /// way. DownloadStatusChanged and DownloadProgress report the rest, each part of BT_PBAP_ALL by itself:
+  /// that the phone refuses, too. What was downloaded of this kind before goes when the part begins.
   bool Start(PbapType type);
+  /// Ends it with BT_PBAP_STOPPED; what has arrived stays. False if none is under way.
   bool Stop();
-  /// The phone is gone: a download under way has failed.
+  /// The phone is gone: a download under way has failed, which is reported before this returns.
   void PhoneLost();
   /// Reports how far a download is, if one is under way.
   void Report() const;

@@ -28,9 +28,10 @@ class SimulatedPhoneBook : public PhoneBookControl {
   bool DeleteCallLog(int id) override;
   bool ClearCallLogs(CallLogType type) override;
 
+  /// Reports how far a download is, if one is under way.
   void ReportDownload() const { m_download.Report(); }
 
-  /// Empty if the number is not in the phone book.
+  /// The full name of the first contact with a number; empty if the number is not in the phone book.
   std::string NameOf(const std::string& number) const;
 
  private:

@@ -20,7 +20,7 @@ class SimulatedSerial : public SerialControl {
   bool SendHidPosition(const std::string& address, HIDTYPE type, int x, int y, int buttons) override;
   bool SendHidKey(const std::string& address, int key) override;
 
-  /// The device sends by itself.
+  /// The device sends by itself: SerialDataArrived, before it returns. False if it has no serial channel.
   bool SendFromRemote(RemoteDevice& device, const Bytes& data);
 
  private:
