@@ -185,9 +185,9 @@ bool TakeSeconds(Bytes& copy, int (&seconds)[2]) {
 }
 
 TEST(RunningCallTableTest, NoReadIsTornWhileOnlySecondsTick) {
-  // A thousand ticks a second, and reads without a pause until two thousand have come: each tick is met by some
-  // of them. How many reads that makes depends on the machine; the result has their number. In this world
-  // nobody gives up ringing.
+  // A thousand ticks a second, and reads without a pause until two thousand have come: each tick is met by
+  // some of them. How many reads that makes depends on the machine; the result has their number. In this
+  // world nobody gives up ringing.
   RunningService service({"--speed", "1000", "--world", BTTEST_FULL_WORLD});
   ASSERT_TRUE(service.WaitFor("OnPBDownloadStatus (byte 0x03, byte 0x06)"));
   for (const char* const number : {"+49170000002", "+49170000003"}) {
