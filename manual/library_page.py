@@ -18,7 +18,7 @@ def library(headers, tree, date):
         ".Ss Requests", "A facade has the requests of one subject:", *items(facades),
         ".Ss Events", *comment(headers.classes["IMWPBtListenerBase"].comment),
         ".Ss Threads and the main loop", *markdown(documents.section(readme, "Threads and the main loop")),
-        ".Ss When things go wrong", *markdown(documents.section(readme, "When things go wrong")),
+        ".Ss When things go wrong", *markdown(documents.section(tree / "docs/failures.md", "What a caller gets")),
         ".Sh ENVIRONMENT", *markdown(documents.section(tree / "platform/README.md", "Environment")),
         ".Sh FILES", *items([
             ("Pa etc/libbt/defaults.ini", paragraph("The configured defaults, in the tree in which the library lies.")),

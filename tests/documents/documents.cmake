@@ -45,6 +45,8 @@ endif()
 # What SECURITY.md says of each reader is what a test shows.
 bt_add_source_test(NAME documents/EachTestThatSecurityNamesIsThere
   Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/security_test.py ${CMAKE_SOURCE_DIR})
+bt_add_source_test(NAME documents/EachFailureIsHeldByATest
+  Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/failures_test.py ${CMAKE_SOURCE_DIR})
 bt_add_source_test(NAME documents/TheChangelogHasItsForm
   Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/changelog_test.py ${CMAKE_SOURCE_DIR})
 

@@ -4,20 +4,16 @@ import pathlib
 import re
 import sys
 
+from cases import cases_by_suite, sources
+
 TREE = pathlib.Path(sys.argv[1])
-
-
-def sources(*patterns):
-    return "\n".join(path.read_text() for pattern in patterns for path in sorted((TREE / "tests").glob(pattern)))
 
 
 def faults():
     text = (TREE / "SECURITY.md").read_text()
     cells = "\n".join(line for line in text.splitlines() if line.startswith("|")) + text.split("## What is not trusted")[0]
-    suites, tests = {}, set()
-    for suite, case in re.findall(r"^TEST(?:_[FP])?\(\s*(\w+),\s*(\w+)\)", sources("*/*.cpp"), re.MULTILINE):
-        suites.setdefault(suite, set()).add(case)
-    tests = set(re.findall(r"NAME (\w+/\w+)", sources("*/*.cmake")))
+    suites = cases_by_suite(TREE)
+    tests = set(re.findall(r"NAME (\w+/\w+)", sources(TREE, "*/*.cmake")))
     targets = set(re.findall(r"^ *bt_add_fuzzer\((\w+)", (TREE / "tests/fuzz/CMakeLists.txt").read_text(), re.MULTILINE))
     named = re.findall(r"`([A-Z]\w+)\.([A-Z]\w+)`", text)
     for suite, case in named:

@@ -136,7 +136,8 @@ class TheHelp(unittest.TestCase):
 
     def test_Documents(self):
         calls = 0
-        for document in [TREE / "README.md", *TREE.glob("docs/*.md"), *TREE.glob("*/README.md")]:
+        for document in [TREE / "README.md", *TREE.glob("docs/*.md"), *TREE.glob("docs/screens/*.md"),
+                         *TREE.glob("*/README.md")]:
             for script, rest in re.findall(r"\b((?:script|tests/fuzz|cmake/toolchains)/[\w-]+)((?: [^\s`]+)*)",
                                            document.read_text()):
                 with self.subTest(document.name, call=script + rest):
