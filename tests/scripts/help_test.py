@@ -22,7 +22,7 @@ HAND_ON = {"script/test": "CTEST-OPTION", "tests/fuzz/run": "LIBFUZZER-OPTION",
            "cmake/toolchains/with-qemu-arm": "COMMAND"}
 # What is given to an option whose value has this name in the help.
 VALUES = {"N": "1", "SECONDS": "1", "NAME": "ci", "NAME|FILE": "empty", "FILE": "empty", "NAME=VALUE": "A=B",
-          "DIRECTORY": "."}
+          "DIRECTORY": ".", "ARCH": "amd64"}
 
 
 def run(script, *arguments):
