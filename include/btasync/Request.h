@@ -7,6 +7,7 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <type_traits>
 #include <utility>
 
 #include <btasync/Answer.h>
@@ -146,7 +147,8 @@ class Completion final : public PendingCall {
   }
   void Forget() override { m_function.reset(); }
 
-  Decode<T> m_decode;
+  /// A Decode<T>; that name has no arguments in debug information, and is the same for all types there.
+  typename std::add_pointer<Answer<T>(_GVariant*)>::type m_decode;
   std::optional<Function> m_function;
 };
 
@@ -229,7 +231,8 @@ class [[nodiscard]] Request {
 
  private:
   detail::Outgoing m_outgoing;
-  detail::Decode<T> m_decode;
+  /// A Decode<T>, as in Completion.
+  typename std::add_pointer<Answer<T>(_GVariant*)>::type m_decode;
 };
 
 }  // namespace v0

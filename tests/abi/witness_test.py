@@ -71,7 +71,7 @@ class TheWitness(unittest.TestCase):
                 self.assertNotIn(" line='", text)
 
     def test_ExceptionsAreOnlyDeclaredInTheHeaders(self):
-        names = re.search(r"detail::\(([\w|]+)\)\$", (HERE / "opaque.abignore").read_text())[1].split("|")
+        names = re.search(r"detail::\(([\w|]+)\)\$", (HERE / "exceptions.abignore").read_text())[1].split("|")
         text = "\n".join(without_comments(header.read_text()) for header in headers("btasync"))
         for name in names:
             with self.subTest(name):
