@@ -47,6 +47,8 @@ bt_add_source_test(NAME documents/EachTestThatSecurityNamesIsThere
   Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/security_test.py ${CMAKE_SOURCE_DIR})
 bt_add_source_test(NAME documents/EachFailureIsHeldByATest
   Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/failures_test.py ${CMAKE_SOURCE_DIR})
+bt_add_source_test(NAME documents/EachNameIsInTheHeaders
+  Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/names_test.py ${CMAKE_SOURCE_DIR})
 bt_add_source_test(NAME documents/TheChangelogHasItsForm
   Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/changelog_test.py ${CMAKE_SOURCE_DIR})
 

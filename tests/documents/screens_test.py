@@ -4,7 +4,6 @@ what appears on the terminal.
 
 Usage: screens_test.py TREE BUILD PROGRAMS GUIDE|README (PROGRAMS: the folder in which the programs of the guides are built)
 """
-import os
 import pathlib
 import re
 import shlex
@@ -77,15 +76,6 @@ class TheGuide(InACheckout):
         return [(command.text, sorted(appeared[begin:end]))
                 for command, begin, end in zip(session, begins, begins[1:])]
 
-
-    def test_NamesOnlyWhatThereIs(self):
-        headers = " ".join(path.read_text() for folder in ("include", "docs/screens") for path in (TREE / folder).rglob("*.h"))
-        words = set(re.findall(r"\w+", headers)) | {path.name for path in (TREE / "include").rglob("*.h")}
-        outside = re.sub(r"^```.*?^```", "", TEXT, flags=re.MULTILINE | re.DOTALL)
-        code = [word for quoted in re.findall(r"`([^`\n]+)`", outside) for word in re.findall(r"^[\w:.]+", quoted)]
-        names = {name for word in code for name in re.split(r"::|\.(?!h$)", word) if re.match(r"[A-Z]\w*[a-z]|BT_|PART_", name)}
-        self.assertGreater(len(names), 5)
-        self.assertEqual(sorted(names - words), [])
 
     def test_NamesOnlyControlsThatThereAre(self):
         methods = re.findall(r'<method name="(\w+)"', CONTROLS.read_text())
