@@ -42,6 +42,15 @@ if(BT_BUILD_SIMULATION AND BT_BUILD_TOOLS AND BT_BUILD_ASYNC AND NOT BT_SANITIZE
   endforeach()
 endif()
 
+# What docs/writing-a-service.md says of segments, records and settings.
+bt_add_source_test(NAME documents/ThePageForServicesSaysWhatTheHeadersSay
+  Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/service_page_test.py ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR} ThePage)
+if(BT_BUILD_SIMULATION AND BT_BUILD_TOOLS AND NOT BT_SANITIZE AND NOT CMAKE_CROSSCOMPILING)
+  add_test(NAME documents/TheSegmentsHoldWhatThePageForServicesShows
+    COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/service_page_test.py ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR}
+            TheSegments)
+endif()
+
 # What SECURITY.md says of each reader is what a test shows.
 bt_add_source_test(NAME documents/EachTestThatSecurityNamesIsThere
   Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/security_test.py ${CMAKE_SOURCE_DIR})
