@@ -11,6 +11,7 @@
 #include "libbtasync/SegmentDecoder.h"
 #include "libbtasync/TablePlan.h"
 #include "libbtasync/Wire.h"
+#include "protocol/Records.h"
 #include "protocol/Segments.h"
 
 namespace btasync {
@@ -76,7 +77,8 @@ Answer<ContactList> JudgeFavorites(const SegmentCopy& copy, const ListQuestion&)
 /// Whether all entries say which log they belong to, as btservice has it.
 bool SayTheirLog(const CallLogList& logs) {
   return std::all_of(logs.begin(), logs.end(), [](const MWPTypeCallLog& log) {
-    return log.nValue2 >= CALL_LOG_INCOMING && log.nValue2 <= CALL_LOG_MISSED;
+    return log.*CallLogFields::kRepository >= CALL_LOG_INCOMING &&
+           log.*CallLogFields::kRepository <= CALL_LOG_MISSED;
   });
 }
 
@@ -89,7 +91,9 @@ Answer<CallLogList> JudgeCallLogs(const SegmentCopy& copy, const ListQuestion& q
   if (!IsWhole(*list, copy, question.serviceCount)) {
     return WrongCount(SH_CALL_LOG_LIST, *list, question.serviceCount);
   }
-  const auto isOfOther = [&](const MWPTypeCallLog& log) { return log.nValue2 != question.argument; };
+  const auto isOfOther = [&](const MWPTypeCallLog& log) {
+    return log.*CallLogFields::kRepository != question.argument;
+  };
   if (question.argument != CALL_LOG_ALL && SayTheirLog(logs) &&
       std::any_of(logs.begin(), logs.end(), isOfOther)) {
     return Wrong(SH_CALL_LOG_LIST, " holds entries of another log");

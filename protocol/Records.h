@@ -12,7 +12,8 @@
 #include "protocol/ListWriter.h"
 
 // The records of the list segments: which items each consists of, in the order in which they lie there, and
-// how they are written. Who reads them goes by the same tables. Only the service gives the items a meaning.
+// how they are written. What reads them goes by the same tables. Only the service gives the items a meaning:
+// what btservice means by those that have a number for a name is below, by names.
 
 /// The items with which a record begins: its integers, then its texts, as pointers to members, for
 /// std::apply.
@@ -49,6 +50,38 @@ struct RecordItems<MWPTypeCallSlot> {
   static constexpr std::size_t kOffsetOfValue5 = 4 * sizeof(std::int32_t);
 };
 constexpr std::size_t kCallSlots = 2;
+
+/// What btservice means by the items of a call slot: slot.*CallFields::kNumber.
+struct CallFields {
+  using Slot = MWPTypeCallSlot;
+  static constexpr int Slot::*kId = &Slot::nValue1;          ///< 0: the slot is empty
+  static constexpr int Slot::*kStatus = &Slot::nValue2;      ///< a CallStatus
+  static constexpr int Slot::*kIncoming = &Slot::nValue3;    ///< 1: the other party has called
+  static constexpr int Slot::*kConference = &Slot::nValue4;  ///< 1: part of one
+  static constexpr int Slot::*kSeconds = &Slot::nValue5;     ///< since it was answered
+  static constexpr std::string Slot::*kNumber = &Slot::strText1;
+  static constexpr std::string Slot::*kName = &Slot::strText2;   ///< empty if it is not known
+  static constexpr std::string Slot::*kPhone = &Slot::strText3;  ///< the address of the phone it goes over
+};
+
+/// What btservice means by the items of an entry of a call log.
+struct CallLogFields {
+  using Log = MWPTypeCallLog;
+  static constexpr int Log::*kContactId = &Log::nValue1;      ///< -1: the number is in no contact
+  static constexpr int Log::*kRepository = &Log::nValue2;     ///< the log it is in, as a PbapType
+  static constexpr std::string Log::*kName = &Log::strText1;  ///< empty if it is not known
+  static constexpr std::string Log::*kNumber = &Log::strText2;
+  static constexpr std::string Log::*kDate = &Log::strText3;     ///< 2026-05-31
+  static constexpr std::string Log::*kTime = &Log::strText4;     ///< 18:05:00
+  static constexpr std::string Log::*kSeconds = &Log::strText5;  ///< how long was spoken, in digits
+};
+
+/// What btservice means by the texts of a contact.
+struct ContactFields {
+  using Person = MWPTypeContact;
+  static constexpr std::string Person::*kFirstName = &Person::strText1;
+  static constexpr std::string Person::*kFamilyName = &Person::strText2;
+};
 
 /// SH_CONTACT_LIST, SH_FAV_CONTACT_LIST, SH_CONTACT_INFO. The number of groups and the groups come behind
 /// these; a group is its type, the number of its values, and the values.

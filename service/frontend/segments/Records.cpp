@@ -26,14 +26,14 @@ PbapType Repository(CallLogType type) {
 
 MWPTypeCallSlot SlotOf(const CallInfo& call) {
   MWPTypeCallSlot slot;
-  slot.nValue1 = call.id;
-  slot.nValue2 = call.status;
-  slot.nValue3 = call.incoming ? 1 : 0;
-  slot.nValue4 = call.multiparty ? 1 : 0;  // part of a conference
-  slot.nValue5 = call.seconds;             // since it was answered
-  slot.strText1 = CutText(call.number, kLongestCallText);
-  slot.strText2 = CutText(call.name, kLongestCallText);
-  slot.strText3 = CutText(call.deviceAddress, kLongestCallText);
+  slot.*CallFields::kId = call.id;
+  slot.*CallFields::kStatus = call.status;
+  slot.*CallFields::kIncoming = call.incoming ? 1 : 0;
+  slot.*CallFields::kConference = call.multiparty ? 1 : 0;
+  slot.*CallFields::kSeconds = call.seconds;
+  slot.*CallFields::kNumber = CutText(call.number, kLongestCallText);
+  slot.*CallFields::kName = CutText(call.name, kLongestCallText);
+  slot.*CallFields::kPhone = CutText(call.deviceAddress, kLongestCallText);
   return slot;
 }
 
@@ -60,8 +60,8 @@ void PackRecord(ListWriter& writer, const DeviceInfo& device) {
 void PackRecord(ListWriter& writer, const Contact& contact) {
   MWPTypeContact record;
   record.nContactId = contact.id;
-  record.strText1 = contact.firstName;
-  record.strText2 = contact.familyName;
+  record.*ContactFields::kFirstName = contact.firstName;
+  record.*ContactFields::kFamilyName = contact.familyName;
   for (const ContactNumbers& group : contact.numbers) {
     record.listNumbers.push_back({group.type, group.numbers});
   }
@@ -71,26 +71,26 @@ void PackRecord(ListWriter& writer, const Contact& contact) {
 void PackRecord(ListWriter& writer, const CallLogEntry& entry) {
   MWPTypeCallLog record;
   record.nLogId = entry.id;
-  record.nValue1 = entry.contactId;  // -1 if the number is in no contact
-  record.nValue2 = Repository(entry.type);
-  record.strText1 = entry.name;
-  record.strText2 = entry.number;
-  record.strText3 = entry.date;
-  record.strText4 = entry.time;
-  record.strText5 = std::to_string(entry.seconds);  // how long was spoken
+  record.*CallLogFields::kContactId = entry.contactId;
+  record.*CallLogFields::kRepository = Repository(entry.type);
+  record.*CallLogFields::kName = entry.name;
+  record.*CallLogFields::kNumber = entry.number;
+  record.*CallLogFields::kDate = entry.date;
+  record.*CallLogFields::kTime = entry.time;
+  record.*CallLogFields::kSeconds = std::to_string(entry.seconds);
   PutRecord(writer, record);
 }
 
 CallInfo CallOf(const MWPTypeCallSlot& slot) {
   CallInfo call;
-  call.id = slot.nValue1;
-  call.status = static_cast<CallStatus>(slot.nValue2);
-  call.incoming = slot.nValue3 != 0;
-  call.multiparty = slot.nValue4 != 0;
-  call.seconds = slot.nValue5;
-  call.number = slot.strText1;
-  call.name = slot.strText2;
-  call.deviceAddress = slot.strText3;
+  call.id = slot.*CallFields::kId;
+  call.status = static_cast<CallStatus>(slot.*CallFields::kStatus);
+  call.incoming = slot.*CallFields::kIncoming != 0;
+  call.multiparty = slot.*CallFields::kConference != 0;
+  call.seconds = slot.*CallFields::kSeconds;
+  call.number = slot.*CallFields::kNumber;
+  call.name = slot.*CallFields::kName;
+  call.deviceAddress = slot.*CallFields::kPhone;
   return call;
 }
 

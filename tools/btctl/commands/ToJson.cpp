@@ -2,14 +2,16 @@
 
 #include "btctl/base/Json.h"
 #include "btctl/words/Words.h"
+#include "protocol/Records.h"
 
 namespace btctl {
 
 using namespace MWPBtType;
 
 std::string NameOf(const MWPTypeContact& contact) {
-  const bool needsBlank = !contact.strText1.empty() && !contact.strText2.empty();
-  return contact.strText1 + (needsBlank ? " " : "") + contact.strText2;
+  const std::string& first = contact.*ContactFields::kFirstName;
+  const std::string& family = contact.*ContactFields::kFamilyName;
+  return first + (!first.empty() && !family.empty() ? " " : "") + family;
 }
 
 Json ToJson(const MWPTypeContact& contact) {
@@ -21,10 +23,14 @@ Json ToJson(const MWPTypeContact& contact) {
 }
 
 Json ToJson(const MWPTypeCallLog& log) {
-  return {{"id", log.nLogId},       {"name", log.strText1},
-          {"number", log.strText2}, {"date", log.strText3},
-          {"time", log.strText4},   {"seconds", log.strText5},
-          {"contact", log.nValue1}, {"type", WordsOf<PbapType>().Show(log.nValue2)}};
+  return {{"id", log.nLogId},
+          {"name", log.*CallLogFields::kName},
+          {"number", log.*CallLogFields::kNumber},
+          {"date", log.*CallLogFields::kDate},
+          {"time", log.*CallLogFields::kTime},
+          {"seconds", log.*CallLogFields::kSeconds},
+          {"contact", log.*CallLogFields::kContactId},
+          {"type", WordsOf<PbapType>().Show(log.*CallLogFields::kRepository)}};
 }
 
 Json ToJson(const MWPTypeCallInfo& info) {
@@ -32,14 +38,14 @@ Json ToJson(const MWPTypeCallInfo& info) {
   int count = 0;
   for (const MWPTypeCallSlot* const slot : {&info.callSlot1, &info.callSlot2}) {
     if (count++ < info.nCallCount) {
-      calls.push_back({{"id", slot->nValue1},
-                       {"status", WordsOf<CallStatus>().Show(slot->nValue2)},
-                       {"incoming", slot->nValue3 != 0},
-                       {"conference", slot->nValue4 != 0},
-                       {"seconds", slot->nValue5},
-                       {"number", slot->strText1},
-                       {"name", slot->strText2},
-                       {"address", slot->strText3}});
+      calls.push_back({{"id", slot->*CallFields::kId},
+                       {"status", WordsOf<CallStatus>().Show(slot->*CallFields::kStatus)},
+                       {"incoming", slot->*CallFields::kIncoming != 0},
+                       {"conference", slot->*CallFields::kConference != 0},
+                       {"seconds", slot->*CallFields::kSeconds},
+                       {"number", slot->*CallFields::kNumber},
+                       {"name", slot->*CallFields::kName},
+                       {"address", slot->*CallFields::kPhone}});
     }
   }
   return calls;
