@@ -33,7 +33,7 @@ void PendingCall::Unref() {
   }
 }
 
-void PendingCall::End() {
+void PendingCall::MarkEnded() {
   m_hasEnded = true;
   if (m_backend != nullptr) {
     m_backend->Leave(*this);
@@ -52,7 +52,7 @@ void PendingCall::Complete(Reply& reply) {
   const BackendRef alive(*m_backend);
   const Kept kept(*this);
   const bool mayRun = MayRun() && m_backend->IsOpen();
-  End();
+  MarkEnded();
   if (m_isCancelled) {
     reply = Reply();
     reply.failure = Failure{Reason::Cancelled, "cancelled by the application"};
@@ -81,7 +81,7 @@ void PendingCall::Cancel() {
 void PendingCall::Drop() {
   if (!m_hasEnded) {
     const Kept kept(*this);
-    End();
+    MarkEnded();
     Forget();
   }
 }

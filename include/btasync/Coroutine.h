@@ -139,8 +139,11 @@ class RequestAwaiter {
 class [[nodiscard]] Job {
  public:
   class promise_type;
+  /// What the compiler's code has of it.
   using Handle = std::coroutine_handle<promise_type>;
 
+  /// Takes a coroutine over.
+  /// @param other has none then
   Job(Job&& other) noexcept : m_handle(std::exchange(other.m_handle, nullptr)) {}
   Job& operator=(Job&&) = delete;
   /// One that was not started never runs.
@@ -151,6 +154,7 @@ class [[nodiscard]] Job {
   }
 
   /// Starts it: runs it, before this returns, until it first waits.
+  /// @param scope holds it until it has ended
   void StartIn(Scope& scope) &&;
 
  private:
@@ -162,6 +166,8 @@ class [[nodiscard]] Job {
 /// Waits for some time, of the service's loop: co_await Sleep(service, 200ms). With 0, until its next turn.
 class Sleep {
  public:
+  /// @param service whose loop counts
+  /// @param time from the co_await on
   Sleep(Service& service, std::chrono::milliseconds time) : m_timer(service), m_time(time) {}
 
   /// For the library.
@@ -199,7 +205,9 @@ class Sleep {
 template <typename Event>
 class Next {
  public:
-  /// fits: which events count; all of them if it is empty. What it throws is logged: the event does not
+  /// Listens from now on.
+  /// @param service that reports the event
+  /// @param fits which events count; all of them if it is empty. What it throws is logged: the event does not
   /// count.
   explicit Next(Service& service, std::function<bool(const Event&)> fits = nullptr) {
     service.On<Event>(m_scope, [this, fits = std::move(fits)](const Event& event) {

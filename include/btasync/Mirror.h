@@ -35,21 +35,27 @@ class BTASYNC_API Mirror {
   /// Now(). May destroy the mirror.
   using Changed = std::function<void(const State& state, unsigned parts)>;
 
-  /// parts: those that are wanted, as bits (Part); PART_SERVICE is always among them.
-  ///
-  /// With PART_POSITION it asks the service to report the position each second. Nothing switches that off
-  /// again: another application may have asked for it as well.
+  /// With PART_POSITION it asks the service to report the position each second. That interval is the
+  /// service's, for all applications: one that has asked for another one gets this one from then on, and the
+  /// other way round. The end of the mirror does not switch it off again, as another application may show the
+  /// position as well.
+  /// @param service may go before the mirror
+  /// @param parts those that are wanted, as bits (Part); PART_SERVICE is always among them
+  /// @param changed may be empty, for one that only looks at Now()
   Mirror(Service& service, unsigned parts, Changed changed);
   Mirror(const Mirror&) = delete;
   Mirror& operator=(const Mirror&) = delete;
   ~Mirror();
 
-  /// Of another thread than the loop's: an empty state.
+  /// What is known.
+  /// @returns the state, which belongs to the mirror; an empty one in another thread than the loop's
   const State& Now() const;
   /// Wants further parts, from now on. Those that it has stay as they are.
+  /// @param parts as bits (Part)
   void Want(unsigned parts);
   /// Asks again for these parts, for what no event reports: the order of the paired devices after
   /// Service::MovePairedDevice.
+  /// @param parts as bits (Part); those that are not wanted are left out
   void Refresh(unsigned parts);
 
  private:

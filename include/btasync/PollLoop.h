@@ -36,12 +36,15 @@ class BTASYNC_API PollLoop {
   PollLoop& operator=(const PollLoop&) = delete;
   ~PollLoop();
 
-  /// For Service; lives as long as this, and as what was made with it.
+  /// For Service.
+  /// @returns the context, which lives as long as this, and as what was made with it
   _GMainContext* Context() const { return m_context; }
-  /// Appends what is to be polled, and shortens timeoutMs, in milliseconds, where something is due earlier.
+  /// Adds what the library waits for.
+  /// @param fds what is to be polled is appended to it
+  /// @param timeoutMs in milliseconds, -1 for ever; is shortened where something is due earlier
   void Prepare(std::vector<pollfd>& fds, int& timeoutMs);
-  /// After poll(), with the vector of the last Prepare: calls what is due. What stands behind the appended
-  /// ones does not matter.
+  /// After poll(): calls what is due.
+  /// @param fds that of the last Prepare; what stands behind the appended ones does not matter
   void Dispatch(const std::vector<pollfd>& fds);
 
  private:

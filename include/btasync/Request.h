@@ -61,7 +61,7 @@ class BTASYNC_API PendingCall : public Held {
 
  private:
   friend class Backend;
-  void End();
+  void MarkEnded();
 
   std::atomic<int> m_references{1};
   std::atomic<bool> m_hasEnded{false};
@@ -163,9 +163,17 @@ struct IgnoreAnswer {
 /// this is destroyed. Belongs to the thread of the service's loop.
 class BTASYNC_API Call {
  public:
+  /// Of nothing: it is not under way.
   Call() = default;
+  /// For the library.
+  /// @param call what is under way
   explicit Call(detail::PendingCall& call) : m_call(&call) { call.Ref(); }
+  /// Takes a call over.
+  /// @param other is of nothing then
   Call(Call&& other) noexcept : m_call(std::exchange(other.m_call, nullptr)) {}
+  /// Takes a call over. The one that it had goes on.
+  /// @param other has that one then
+  /// @returns itself
   Call& operator=(Call&& other) noexcept {
     std::swap(m_call, other.m_call);
     return *this;
@@ -176,6 +184,8 @@ class BTASYNC_API Call {
     }
   }
 
+  /// Whether its completion may still run.
+  /// @returns false once it has ended, was cancelled by its scope, or if it was never sent
   bool IsUnderWay() const { return m_call != nullptr && !m_call->HasEnded(); }
   /// Completes it with Reason::Cancelled, by the loop, if it is under way. The service does not hear of it:
   /// it carries on with what it was asked for. (A pairing is called off by RejectPair, a call by
@@ -195,16 +205,25 @@ class BTASYNC_API Call {
 template <typename T = Accepted>
 class [[nodiscard]] Request {
  public:
+  /// For the library: Service and Outcome.h make them.
+  /// @param outgoing what will be sent
+  /// @param decode reads the answer
   Request(detail::Outgoing outgoing, detail::Decode<T> decode)
       : m_outgoing(std::move(outgoing)), m_decode(decode) {}
 
-  /// Its deadline, counted from sending. Without one, the service's default holds (Service::SetDeadline).
+  /// Sets its deadline. Without one, the service's default holds (Service::SetDeadline), or that which a
+  /// function of Outcome.h names.
+  /// @param time from the sending on
+  /// @returns itself, to be sent
   Request&& Within(std::chrono::milliseconds time) && {
     m_outgoing.SetDeadline(time);
     return std::move(*this);
   }
   /// Sends it. completion(Answer<T>) is called once, by the loop, never before this returns, and not at all
   /// once the scope or the service object is gone. An exception that it throws is logged and goes no further.
+  /// @param scope holds the call until it has ended
+  /// @param completion is moved from
+  /// @returns a handle to cancel it, which need not be kept
   template <typename Function>
   Call Then(Scope& scope, Function completion) && {
     if (!m_outgoing.MayBeSent() || !scope.MayHold()) {
@@ -224,9 +243,14 @@ class [[nodiscard]] Request {
     m_outgoing.Send(*new detail::Completion<T, detail::IgnoreAnswer>(m_decode, detail::IgnoreAnswer()));
   }
 
-  /// For the library: the parts, for other ways to wait.
+  /// For the library, for other ways to wait: what will be sent.
+  /// @returns a part of the request
   detail::Outgoing& Parts() { return m_outgoing; }
+  /// For the library: what will be sent.
+  /// @returns a part of the request
   const detail::Outgoing& Parts() const { return m_outgoing; }
+  /// For the library: how the answer is read.
+  /// @returns a function, or null where the answer needs none
   detail::Decode<T> Decoder() const { return m_decode; }
 
  private:

@@ -51,12 +51,16 @@ class BTASYNC_API Scope {
 
   /// Drops all that it holds. It may be used again.
   void Clear();
+  /// Whether nothing is under way or subscribed.
+  /// @returns false while it holds anything
   bool IsEmpty() const;
 
   /// For the library: whether this thread may give it something to hold. It may not while the scope holds
   /// what belongs to another one, which is logged.
+  /// @returns true if Hold may be called
   bool MayHold() const;
   /// For the library: takes something in.
+  /// @param held drops itself when it has ended
   void Hold(detail::Held& held);
 
  private:

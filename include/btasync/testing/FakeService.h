@@ -78,26 +78,38 @@ using RequestFunction = Request<T> (Service::*)(Arguments...);
 template <typename T, typename... Arguments>
 class FakeReaction {
  public:
+  /// For FakeService, which makes them.
+  /// @param service that is asked
+  /// @param function makes the request
+  /// @param rule what is done with it
   FakeReaction(Service& service, RequestFunction<T, Arguments...> function, detail::FakeRule& rule)
       : m_service(&service), m_function(function), m_rule(&rule) {}
 
   /// Only for a request with these arguments.
+  /// @param arguments all of them
+  /// @returns itself, as all of these
   FakeReaction& With(const std::decay_t<Arguments>&... arguments) {
     m_rule->request = detail::ToText((m_service->*m_function)(arguments...).Parts());
     return *this;
   }
   /// Only for the next such request.
+  /// @returns itself
   FakeReaction& Once() {
     m_rule->isOnce = true;
     return *this;
   }
   /// The answer comes so long after the request.
+  /// @param delay 0 or more
+  /// @returns itself
   FakeReaction& After(std::chrono::milliseconds delay) {
     m_rule->delay = delay;
     return *this;
   }
   /// An event comes so long after the request. One that is due when the answer is comes before it, as from
   /// the simulated service. May be called several times.
+  /// @param event with its values
+  /// @param after 0 or more
+  /// @returns itself
   template <typename Event>
   FakeReaction& Emits(Event event, std::chrono::milliseconds after = std::chrono::milliseconds(0)) {
     m_rule->events.push_back(
@@ -132,12 +144,15 @@ class FakeReaction {
 /// to Service.
 class FakeService : public Service {
  public:
+  /// A service that answers nothing yet.
+  /// @param availability what OnAvailability reports first
   explicit FakeService(Availability availability = Availability::Present);
 
   // ----- Time
 
   /// Lets time pass, and runs all that becomes due in it, in the order of its time; for the same time, in the
   /// order in which it was asked for. Does not return before nothing is due any more.
+  /// @param time 0 or more
   void Advance(std::chrono::milliseconds time);
   /// Runs all that is due now.
   void Settle() { Advance(std::chrono::milliseconds(0)); }
@@ -148,32 +163,50 @@ class FakeService : public Service {
   // cannot travel fails with InvalidArgument, as always, and is not sent.
 
   /// The service answers with a value.
+  /// @param request such as &Service::GetPowerStatus
+  /// @param value of the type that it answers
+  /// @returns more about it
   template <typename T, typename... Arguments, typename Value = T>
   FakeReaction<T, Arguments...> WillAnswer(RequestFunction<T, Arguments...> request, Value value) {
     static_assert(detail::kMayAnswer<T, Value>, "this is not what the request answers");
     return WillEndWith(request, Answer<T>(T(std::move(value))));
   }
   /// The service accepts an order.
+  /// @param request such as &Service::DialCall
+  /// @returns more about it
   template <typename... Arguments>
   FakeReaction<Accepted, Arguments...> WillAccept(RequestFunction<Accepted, Arguments...> request) {
     return WillEndWith(request, Answer<>(Accepted()));
   }
+  /// The service refuses.
+  /// @param request such as &Service::DialCall
+  /// @returns more about it
   template <typename T, typename... Arguments>
   FakeReaction<T, Arguments...> WillRefuse(RequestFunction<T, Arguments...> request) {
     return WillEndWith(request, Answer<T>(Refusal()));
   }
+  /// There is no answer, for a reason that a real one may have.
+  /// @param request such as &Service::DialCall
+  /// @param reason of the failure
+  /// @param detail of the failure
+  /// @returns more about it
   template <typename T, typename... Arguments>
   FakeReaction<T, Arguments...> WillFail(RequestFunction<T, Arguments...> request, Reason reason,
                                          std::string detail = "FakeService was asked to fail") {
     return WillEndWith(request, Answer<T>(Failure{reason, std::move(detail)}));
   }
   /// The service does not answer: the deadline of the request passes, or the test ends it by AnswerNow.
+  /// @param request such as &Service::DialCall
+  /// @returns more about it
   template <typename T, typename... Arguments>
   FakeReaction<T, Arguments...> WillHang(RequestFunction<T, Arguments...> request) {
     return {*this, request, AddRule(NameOf(request))};
   }
   /// The handler decides, when the request arrives: Answer<T> handler(const std::string& request), with the
   /// request as Requests() has it. What it emits comes before the answer.
+  /// @param request such as &Service::DialCall
+  /// @param handler is called for each
+  /// @returns more about it
   template <typename T, typename... Arguments, typename Handler>
   FakeReaction<T, Arguments...> WillCall(RequestFunction<T, Arguments...> request, Handler handler) {
     detail::FakeRule& rule = AddRule(NameOf(request));
@@ -184,6 +217,8 @@ class FakeService : public Service {
   }
 
   /// Answers the oldest request of a kind that waits for its answer. Throws if none does.
+  /// @param request such as &Service::DialCall
+  /// @param value of the type that it answers, or a Refusal, or a Failure
   template <typename T, typename... Arguments, typename Value = T>
   void AnswerNow(RequestFunction<T, Arguments...> request, Value value) {
     static_assert(
@@ -200,11 +235,13 @@ class FakeService : public Service {
 
   /// The service emits an event: fake.Emit(PowerChanged{BT_POWER_ON}). It reaches those who have subscribed
   /// by the time that it is delivered; nobody, if the service is not there by then.
+  /// @param event with its values
   template <typename Event>
   void Emit(Event event) {
     EmitLater(detail::KindOf<Event>(), std::make_shared<const Event>(std::move(event)));
   }
   /// Whether anybody has subscribed a kind of event: fake.IsAwaited<PowerChanged>().
+  /// @returns true while a subscription of it is alive
   template <typename Event>
   bool IsAwaited() const {
     return IsAwaited(detail::KindOf<Event>());
@@ -213,6 +250,7 @@ class FakeService : public Service {
   /// The service comes or goes, or the bus. When it goes, the requests that wait for their answers fail: with
   /// ServiceGone for Absent and with NoBus for NoBus. New ones fail with NoService and with NoBus. While it
   /// is Unknown, they wait, as before the first connection.
+  /// @param availability what there is from now on
   void SetAvailability(Availability availability);
   /// The service hangs: it stays on the bus and takes requests, but answers none and emits nothing.
   void Hang();
@@ -222,8 +260,10 @@ class FakeService : public Service {
   // ----- What it was asked for
 
   /// What has been sent so far, by the names and types of the bus: DialCall('110',), SetPower(byte 0x01,).
+  /// @returns the requests in their order; valid until the next one
   const std::vector<std::string>& Requests() const;
   /// Those of Requests() that wait for their answers.
+  /// @returns the requests in their order
   std::vector<std::string> UnansweredRequests() const;
   /// Forgets what was sent.
   void ForgetRequests();
