@@ -15,16 +15,16 @@ class AdapterPart final : public MirrorPart {
   explicit AdapterPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_ADAPTER),
         m_power(
-            End(), [](Service& end) { return end.GetPowerStatus(); },
+            Source(), [](Service& service) { return service.GetPowerStatus(); },
             [this](PowerStatus power) { Take(Here().power, power); }),
         m_name(
-            End(), [](Service& end) { return end.GetAttribute(BT_ATTR_LOCAL_NAME); },
+            Source(), [](Service& service) { return service.GetAttribute(BT_ATTR_LOCAL_NAME); },
             [this](const std::string& name) { Take(Here().name, name); }),
         m_address(
-            End(), [](Service& end) { return end.GetAttribute(BT_ATTR_LOCAL_ADDRESS); },
+            Source(), [](Service& service) { return service.GetAttribute(BT_ATTR_LOCAL_ADDRESS); },
             [this](const std::string& address) { Take(Here().address, Address(address)); }),
         m_discoverable(
-            End(), [](Service& end) { return end.GetCapability(BT_CAP_ENABLE_SCAN); },
+            Source(), [](Service& service) { return service.GetCapability(BT_CAP_ENABLE_SCAN); },
             [this](bool on) { Take(Here().discoverable, on); }) {
     On<PowerChanged>([this](const PowerChanged& event) { Set(Here().power, event.status); });
     On<ScanChanged>(

@@ -23,7 +23,7 @@ class ListPart : public MirrorPart {
            bool& fresh)
       : MirrorPart(keeper, part),
         m_fresh(fresh),
-        m_list(End(), std::move(make), [this, &records](Records answered) {
+        m_list(Source(), std::move(make), [this, &records](Records answered) {
           records = std::move(answered);
           m_fresh = true;
           Note();
@@ -56,7 +56,7 @@ class ContactsPart final : public ListPart<MWPTypeContact> {
  public:
   explicit ContactsPart(MirrorKeeper& keeper, State& now)
       : ListPart(
-            keeper, PART_CONTACTS, [](Service& end) { return end.Contacts(); }, now.contacts.contacts,
+            keeper, PART_CONTACTS, [](Service& service) { return service.Contacts(); }, now.contacts.contacts,
             now.contacts.fresh) {
     On<PhoneBookDeleted>([this](const PhoneBookDeleted&) { Ask(); });
   }
@@ -66,7 +66,7 @@ class FavoritesPart final : public ListPart<MWPTypeContact> {
  public:
   explicit FavoritesPart(MirrorKeeper& keeper, State& now)
       : ListPart(
-            keeper, PART_FAVORITES, [](Service& end) { return end.FavoriteContacts(); },
+            keeper, PART_FAVORITES, [](Service& service) { return service.FavoriteContacts(); },
             now.favorites.contacts, now.favorites.fresh) {
     On<FavoriteChanged>([this](const FavoriteChanged&) { Ask(); });
     On<PhoneBookDeleted>([this](const PhoneBookDeleted&) { Ask(); });
@@ -77,7 +77,7 @@ class LogsPart final : public ListPart<MWPTypeCallLog> {
  public:
   explicit LogsPart(MirrorKeeper& keeper, State& now)
       : ListPart(
-            keeper, PART_LOGS, [](Service& end) { return end.CallLogs(CALL_LOG_ALL); }, now.logs.logs,
+            keeper, PART_LOGS, [](Service& service) { return service.CallLogs(CALL_LOG_ALL); }, now.logs.logs,
             now.logs.fresh) {
     On<CallLogsChanged>([this](const CallLogsChanged&) { Ask(); });
   }

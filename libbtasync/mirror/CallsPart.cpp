@@ -4,6 +4,7 @@
 
 #include "libbtasync/mirror/Keeper.h"
 #include "libbtasync/mirror/Question.h"
+#include "protocol/Records.h"
 
 namespace btasync {
 inline namespace v0 {
@@ -12,14 +13,14 @@ namespace {
 
 CallEntry ToEntry(const MWPTypeCallSlot& slot) {
   CallEntry entry;
-  entry.callId = slot.nValue1;
-  entry.status = static_cast<CallStatus>(slot.nValue2);
-  entry.incoming = slot.nValue3 != 0;
-  entry.conference = slot.nValue4 != 0;
-  entry.seconds = slot.nValue5;
-  entry.number = slot.strText1;
-  entry.name = slot.strText2;
-  entry.phone = Address(slot.strText3);
+  entry.callId = slot.*CallFields::kId;
+  entry.status = static_cast<CallStatus>(slot.*CallFields::kStatus);
+  entry.incoming = slot.*CallFields::kIncoming != 0;
+  entry.conference = slot.*CallFields::kConference != 0;
+  entry.seconds = slot.*CallFields::kSeconds;
+  entry.number = slot.*CallFields::kNumber;
+  entry.name = slot.*CallFields::kName;
+  entry.phone = Address(slot.*CallFields::kPhone);
   return entry;
 }
 
@@ -28,7 +29,7 @@ class CallsPart final : public MirrorPart {
   explicit CallsPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_CALLS),
         m_calls(
-            End(), [](Service& end) { return end.CurrentCalls(); },
+            Source(), [](Service& service) { return service.CurrentCalls(); },
             [this](const MWPTypeCallInfo& info) { Take(info); }) {
     On<CallStatusChanged>([this](const CallStatusChanged&) { m_calls.Ask(); });
     On<CallsChanged>([this](const CallsChanged&) { m_calls.Ask(); });
@@ -62,7 +63,7 @@ class CallsPart final : public MirrorPart {
   void Take(const MWPTypeCallInfo& info) {
     std::vector<CallEntry> calls;
     for (const MWPTypeCallSlot* const slot : {&info.callSlot1, &info.callSlot2}) {
-      if (slot->nValue1 != 0) {
+      if (slot->*CallFields::kId != 0) {
         calls.push_back(ToEntry(*slot));
       }
     }
@@ -92,7 +93,7 @@ class AudioPart final : public MirrorPart {
   explicit AudioPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_AUDIO),
         m_privacy(
-            End(), [](Service& end) { return end.GetAudioIsPrivacy(); },
+            Source(), [](Service& service) { return service.GetAudioIsPrivacy(); },
             [this](bool onPhone) {
               Set(Here().onPhone, onPhone);
               SetFreshness();
@@ -131,7 +132,7 @@ class NetworkPart final : public MirrorPart {
   explicit NetworkPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_NETWORK),
         m_phone(
-            End(), [](Service& end) { return end.GetPhoneConnectionState(); },
+            Source(), [](Service& service) { return service.GetPhoneConnectionState(); },
             [this](const ConnectionState& phone) { Take(phone); }) {
     On<NetworkChanged>([this](const NetworkChanged& event) { Set(Here().available, event.available); });
     On<OperatorChanged>([this](const OperatorChanged& event) { Set(Here().operatorName, event.name); });

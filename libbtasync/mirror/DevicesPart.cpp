@@ -23,7 +23,7 @@ class PairedPart final : public MirrorPart {
   explicit PairedPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_PAIRED),
         m_list(
-            End(), [](Service& end) { return end.PairedDevices(); },
+            Source(), [](Service& service) { return service.PairedDevices(); },
             [this](std::vector<MWPTypeDevice> devices) { Take(std::move(devices)); }) {
     On<ConnectionChanged>([this](const ConnectionChanged& event) {
       Keep(event);

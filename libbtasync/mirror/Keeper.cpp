@@ -20,7 +20,7 @@ constexpr std::pair<Part, MakePart> kParts[] = {
 
 State& MirrorPart::Now() { return m_keeper.m_state; }
 
-Service& MirrorPart::End() { return m_keeper.m_service; }
+Service& MirrorPart::Source() { return m_keeper.m_service; }
 
 void MirrorPart::Note() { m_keeper.Note(m_part); }
 

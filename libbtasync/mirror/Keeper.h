@@ -34,7 +34,7 @@ class MirrorPart {
 
  protected:
   State& Now();
-  Service& End();
+  Service& Source();
   /// Subscribes an event of this part.
   template <typename Event, typename Function>
   void On(Function function);

@@ -15,20 +15,20 @@ class MusicPart final : public MirrorPart {
   explicit MusicPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_MUSIC),
         m_player(
-            End(), [](Service& end) { return end.GetMediaConnectionState(); },
+            Source(), [](Service& service) { return service.GetMediaConnectionState(); },
             [this](const ConnectionState& player) {
               Set(Here().player.status, player.status);
               Set(Here().player.address, player.address);
               SetFreshness();
             }),
         m_status(
-            End(), [](Service& end) { return end.GetMusicPlayStatus(); },
+            Source(), [](Service& service) { return service.GetMusicPlayStatus(); },
             [this](MusicPlayStatus status) {
               Set(Here().status, status);
               SetFreshness();
             }),
         m_track(
-            End(), [](Service& end) { return end.GetMediaInfo(); },
+            Source(), [](Service& service) { return service.GetMediaInfo(); },
             [this](MWPTypeMediaInfo track) {
               Here().track = std::move(track);
               Note();
@@ -75,10 +75,10 @@ class ModesPart final : public MirrorPart {
   explicit ModesPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_MODES),
         m_current(
-            End(), [](Service& end) { return end.GetPlayModes(); },
+            Source(), [](Service& service) { return service.GetPlayModes(); },
             [this](Modes modes) { Take(Now().modes.current, std::move(modes)); }),
         m_possible(
-            End(), [](Service& end) { return end.GetSupportedPlayModes(); },
+            Source(), [](Service& service) { return service.GetSupportedPlayModes(); },
             [this](Modes modes) { Take(Now().modes.possible, std::move(modes)); }) {
     On<PlayModeChanged>([this](const PlayModeChanged&) { m_current.Ask(); });
     On<SupportedPlayModeChanged>([this](const SupportedPlayModeChanged&) { m_possible.Ask(); });
@@ -115,21 +115,25 @@ class PositionPart final : public MirrorPart {
  public:
   explicit PositionPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_POSITION),
+        m_report(
+            Source(), [](Service& service) { return service.ReportPosition(true, kPositionInterval); },
+            [this](Accepted) { SetFreshness(); }),
         m_position(
-            End(), [](Service& end) { return end.GetPlayPosition(); },
+            Source(), [](Service& service) { return service.GetPlayPosition(); },
             [this](const PlayPosition& position) {
               Take(position);
-              Set(Now().position.fresh, true);
+              SetFreshness();
             }) {
     On<PositionChanged>([this](const PositionChanged& event) { Take({event.position, event.length}); });
     On<TrackChanged>([this](const TrackChanged&) { m_position.Ask(); });
   }
 
   void Ask() override {
-    End().ReportPosition(true, kPositionInterval).Send();
+    m_report.Ask();
     m_position.Ask();
   }
   void Gone() override {
+    m_report.Forget();
     m_position.Forget();
     Set(Now().position.fresh, false);
   }
@@ -140,6 +144,10 @@ class PositionPart final : public MirrorPart {
     Set(Now().position.position.length, position.length);
   }
 
+  /// A position that is not reported is out of date a second later.
+  void SetFreshness() { Set(Now().position.fresh, m_report.IsAnswered() && m_position.IsAnswered()); }
+
+  Question<Accepted> m_report;
   Question<PlayPosition> m_position;
 };
 

@@ -208,6 +208,18 @@ TEST_F(MirrorTest, AsksThePositionToBeReported) {
   EXPECT_THAT(fake.Requests(), Contains("RegGetPlayStatus(true, 1000)"));
 }
 
+TEST_F(MirrorTest, HasNoFreshPositionUntilItIsReported) {
+  fake.WillFail(&Service::ReportPosition, Reason::TimedOut);
+  const auto mirror = Mirrored(PART_POSITION);
+  fake.Settle();
+  EXPECT_EQ(mirror->Now().position.position.length, 167000);
+  EXPECT_FALSE(mirror->Now().position.fresh);
+  fake.WillAccept(&Service::ReportPosition);
+  fake.Advance(std::chrono::seconds(5));
+  EXPECT_THAT(fake.Requests(), Contains("RegGetPlayStatus(true, 1000)").Times(2));
+  EXPECT_TRUE(mirror->Now().position.fresh);
+}
+
 TEST_F(MirrorTest, FetchesListsThatHaveChanged) {
   const auto mirror = Settled(PART_CONTACTS | PART_FAVORITES | PART_LOGS);
   fake.Emit(CallLogsChanged());
