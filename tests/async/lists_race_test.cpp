@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
+#include <cstdint>
+#include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include <sys/ipc.h>
 #include <sys/shm.h>
@@ -22,8 +26,8 @@ using bttest::Wait;
 constexpr int kContacts = 3000;  // so many that a look takes a while
 constexpr int kFew = 200;
 
-/// Writes one list after the other, all of the same size and no two alike, without waiting for anybody: what
-/// is a mixture at one moment is never the same mixture again, unless the writer is stopped in the middle.
+/// Writes one list after the other, all of the same size and no two alike, without waiting for the reader:
+/// what is a mixture at one moment is never the same mixture again once it has gone on.
 class RacingWriter {
  public:
   explicit RacingWriter(ShareMemID id)
@@ -37,20 +41,19 @@ class RacingWriter {
     shmdt(m_memory);
   }
 
-  /// How often it has written a list.
-  int Rounds() const { return m_rounds; }
-  /// How often something kept it from going on in the middle of a list. Two looks may then see the same half.
-  int Stalls() const { return m_stalls; }
+  /// How much it has written, in all lists.
+  std::uint64_t Progress() const { return m_progress; }
+  /// Holds it back between two lists, for as long as the lock lives.
+  std::unique_lock<std::mutex> HoldBack() { return std::unique_lock(m_list); }
 
  private:
-  using Clock = std::chrono::steady_clock;
-
   void Run() {
-    while (!m_stop) {
-      Write(ContactItems(kContacts, NameOf(m_rounds)).Bytes());
-      ++m_rounds;
-      // Long enough that some lists are read as a whole.
-      std::this_thread::sleep_for(std::chrono::milliseconds(m_rounds % 2));
+    for (int list = 0; !m_stop; ++list) {
+      {
+        const std::lock_guard<std::mutex> lock(m_list);
+        Write(ContactItems(kContacts, NameOf(list)).Bytes());
+      }
+      std::this_thread::yield();
     }
   }
 
@@ -67,51 +70,73 @@ class RacingWriter {
 
   /// As another process writes: behind the back of the reader's compiler.
   void Write(const std::vector<unsigned char>& bytes) {
-    constexpr std::size_t kChunk = 64;
-    constexpr std::chrono::microseconds kLongest{20};  // less than the service takes to answer
     volatile unsigned char* const target = m_memory;
-    Clock::time_point before = Clock::now();
     for (std::size_t i = 0; i < bytes.size(); ++i) {
       target[i] = bytes[i];
-      if (i % kChunk == 0) {
-        const Clock::time_point now = Clock::now();
-        m_stalls += now - before > kLongest ? 1 : 0;
-        before = now;
-      }
+      m_progress.fetch_add(target[i] != 0 ? 1 : 0, std::memory_order_relaxed);
     }
-    m_stalls += Clock::now() - before > kLongest ? 1 : 0;
   }
 
   unsigned char* const m_memory;
   std::atomic<bool> m_stop{false};
-  std::atomic<int> m_rounds{0};
-  std::atomic<int> m_stalls{0};
+  std::atomic<std::uint64_t> m_progress{0};
+  std::mutex m_list;
   std::thread m_thread;
 };
 
-class RacingWriters : public bttest::ListsFixture {};
+class RacingWriters : public bttest::ListsFixture {
+ protected:
+  using Contacts = Answer<std::vector<MWPTypeContact>>;
+
+  /// Reads the list, and sees to it that the writer goes on between two looks at it.
+  Contacts ReadWhileItIsWritten(const RacingWriter& writer) {
+    std::optional<Contacts> answer;
+    Scope scope;
+    recorder.Hang("GetContactCount");
+    service.Contacts().Then(scope, [&](Contacts given) { answer.emplace(std::move(given)); });
+    while (!answer) {
+      EXPECT_TRUE(bttest::RunUntil([&] { return answer || IsCounting(); }));
+      const std::uint64_t before = writer.Progress();
+      EXPECT_TRUE(bttest::RunUntil([&] { return writer.Progress() > before + kLonger; }));
+      recorder.Release("GetContactCount");
+      recorder.Hang("GetContactCount");
+    }
+    recorder.Release("GetContactCount");
+    return *std::move(answer);
+  }
+
+ private:
+  /// More than one name, so that what is written is not what was there.
+  static constexpr std::uint64_t kLonger = 1000;
+
+  bool IsCounting() {
+    const auto calls = recorder.TakeCallTexts();
+    return std::find(calls.begin(), calls.end(), "GetContactCount()") != calls.end();
+  }
+};
 
 TEST_F(RacingWriters, NeverMakeAListOfTwo) {
   ContactItems(kContacts).Publish(SH_CONTACT_LIST);
   SetCount(kContacts);
-  const RacingWriter writer(SH_CONTACT_LIST);
-  int whole = 0;
-  for (int reads = 0; reads < 1000 || whole < 10; ++reads) {
-    const int stallsBefore = writer.Stalls();
-    const auto contacts = Wait(service.Contacts());
-    if (!contacts) {
-      ASSERT_EQ(contacts.Why().reason, Reason::Malformed);
-      continue;
+  RacingWriter writer(SH_CONTACT_LIST);
+  const auto isWhole = [](const std::vector<MWPTypeContact>& contacts) {
+    return contacts.size() == kContacts &&
+           std::all_of(contacts.begin(), contacts.end(),
+                       [&](const auto& contact) { return contact.strText1 == contacts.front().strText1; });
+  };
+  for (int read = 0; read < 100; ++read) {
+    const Contacts racing = ReadWhileItIsWritten(writer);
+    if (racing) {
+      ASSERT_TRUE(isWhole(*racing)) << "read " << read;
+    } else {
+      ASSERT_EQ(racing.Why().reason, Reason::Malformed) << racing.Why().detail;
     }
-    const auto isOther = [&](const auto& contact) { return contact.strText1 != contacts->front().strText1; };
-    if (std::any_of(contacts->begin(), contacts->end(), isOther)) {
-      const int rounds = writer.Rounds();
-      ASSERT_TRUE(bttest::RunUntil([&] { return writer.Rounds() > rounds; }));
-      ASSERT_GT(writer.Stalls(), stallsBefore) << "read " << reads << ": nothing stopped the writer";
-      continue;
+    if (read % 10 == 0) {
+      const auto heldBack = writer.HoldBack();
+      const Contacts still = Wait(service.Contacts());
+      ASSERT_TRUE(still) << still.Why().detail;
+      ASSERT_TRUE(isWhole(*still)) << "read " << read;
     }
-    ++whole;
-    ASSERT_EQ(contacts->size(), static_cast<std::size_t>(kContacts));
   }
 }
 

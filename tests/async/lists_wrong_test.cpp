@@ -246,6 +246,25 @@ TEST_F(WrongLists, PairedDevicesOfAServiceThatLeavesBytesBehindAreNone) {
   EXPECT_TRUE(devices->empty());
 }
 
+TEST_F(WrongLists, PairedDevicesThatAreBeingWrittenAreLookedAtTenTimes) {
+  DeviceItems({"00:1A:7D:DA:71:13"}).Publish(SH_PAIRED_LIST);
+  ASSERT_TRUE(Wait(service.PairedDevices()));  // the service has answered once: from now on, nothing is asked
+  // Each look is a turn of the loop.
+  const auto turns = [this] {
+    bool isAnswered = false;
+    Scope scope;
+    service.PairedDevices().Then(scope, [&](const auto&) { isAnswered = true; });
+    int count = 0;
+    while (!isAnswered) {
+      count += g_main_context_iteration(nullptr, TRUE) ? 1 : 0;
+    }
+    return count;
+  };
+  const int withOneLook = turns();
+  bttest::WriteSegment(SH_PAIRED_LIST, 0, SegmentItems().Int(0).Bytes());
+  EXPECT_EQ(turns(), withOneLook + 9);
+}
+
 TEST_F(WrongLists, CurrentCallsThatAreCorruptAreMalformed) {
   SegmentItems().Int(-1).Publish(SH_CALL_INFO_LIST);
   ExpectMalformed(Wait(service.CurrentCalls()), StartsWith("SH_CALL_INFO_LIST, the count, at byte 0: "));
