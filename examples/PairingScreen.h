@@ -24,6 +24,11 @@ class PairingScreen {
   PairingScreen(btasync::Service& service, std::function<void()> changed)
       : m_service(service), m_changed(std::move(changed)) {
     m_service.OnAvailability(m_scope, [this](btasync::Availability now) { OnAvailability(now); });
+    m_service.On<btasync::PowerChanged>(m_scope, [this](const btasync::PowerChanged& event) {
+      if (m_waitsForPower) {
+        SearchWith(event.status);
+      }
+    });
     m_service.On<btasync::DeviceFound>(m_scope, [this](const btasync::DeviceFound& found) { Add(found); });
     m_service.On<btasync::PairRequested>(m_scope, [this](const btasync::PairRequested& question) {
       m_question = question;
@@ -53,14 +58,7 @@ class PairingScreen {
     m_found.clear();
     Show("searching");
     m_service.GetPowerStatus().Then(m_scope, [this](const btasync::Answer<btasync::PowerStatus>& power) {
-      if (power && *power == btasync::BT_POWER_ON) {
-        Scan();
-        return;
-      }
-      btasync::SwitchPower(m_service, true)
-          .Then(m_scope, [this](const btasync::Answer<btasync::PowerChanged>& switched) {
-            switched ? Scan() : Show("Bluetooth cannot be switched on");
-          });
+      SearchWith(power.ValueOr(btasync::BT_POWER_OFF));
     });
   }
 
@@ -94,6 +92,19 @@ class PairingScreen {
   }
 
  private:
+  void SearchWith(btasync::PowerStatus power) {
+    // One that is on its way is not switched: that would be refused.
+    m_waitsForPower = power == btasync::BT_POWER_TURNING_ON || power == btasync::BT_POWER_TURNING_OFF;
+    if (power == btasync::BT_POWER_ON) {
+      Scan();
+    } else if (!m_waitsForPower) {
+      btasync::SwitchPower(m_service, true)
+          .Then(m_scope, [this](const btasync::Answer<btasync::PowerChanged>& switched) {
+            switched ? Scan() : Show("Bluetooth cannot be switched on");
+          });
+    }
+  }
+
   void Scan() {
     m_service.SetScanAction(true).Then(m_scope, [this](const btasync::Answer<>& accepted) {
       if (accepted.Failed()) {
@@ -127,6 +138,7 @@ class PairingScreen {
     } else {
       m_found.clear();
       m_question.reset();
+      m_waitsForPower = false;
       Show("Bluetooth is not there yet");
     }
   }
@@ -168,7 +180,8 @@ class PairingScreen {
   std::vector<Device> m_found;
   std::optional<btasync::PairRequested> m_question;
   bool m_isBusy = false;
-  btasync::Scope m_scope;  // the last member: nothing runs any more once the screen goes
+  bool m_waitsForPower = false;  // to search
+  btasync::Scope m_scope;        // the last member: nothing runs any more once the screen goes
 };
 
 #endif

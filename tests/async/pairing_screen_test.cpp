@@ -63,6 +63,40 @@ TEST_F(PairingScreenTest, SwitchesTheAdapterOnToSearch) {
   EXPECT_THAT(fake.Requests(), Contains("SetScanAction(true,)"));
 }
 
+TEST_F(PairingScreenTest, WaitsForAnAdapterThatIsOnItsWay) {
+  fake.WillRefuse(&Service::SetPower);
+  fake.WillAnswer(&Service::GetPowerStatus, BT_POWER_TURNING_ON);
+  screen->Search();
+  fake.Settle();
+  EXPECT_EQ(screen->Status(), "searching");
+  EXPECT_THAT(fake.Requests(), Not(Contains(HasSubstr("SetPower"))));
+  EXPECT_THAT(fake.Requests(), Not(Contains("SetScanAction(true,)")));
+  fake.Emit(PowerChanged{BT_POWER_ON});
+  fake.Settle();
+  EXPECT_EQ(screen->Status(), "searching");
+  EXPECT_THAT(fake.Requests(), Contains("SetScanAction(true,)"));
+}
+
+TEST_F(PairingScreenTest, SwitchesOnAgainWhatWasBeingSwitchedOff) {
+  fake.WillAccept(&Service::SetPower).Emits(PowerChanged{BT_POWER_ON}, seconds(1));
+  fake.WillAnswer(&Service::GetPowerStatus, BT_POWER_TURNING_OFF);
+  screen->Search();
+  fake.Settle();
+  EXPECT_THAT(fake.Requests(), Not(Contains(HasSubstr("SetPower"))));
+  fake.Emit(PowerChanged{BT_POWER_OFF});
+  fake.Advance(seconds(1));
+  EXPECT_THAT(fake.Requests(), Contains("SetPower(byte 0x01,)"));
+  EXPECT_THAT(fake.Requests(), Contains("SetScanAction(true,)"));
+}
+
+TEST_F(PairingScreenTest, SaysThatTheAdapterCannotBeSwitchedOn) {
+  fake.WillAnswer(&Service::GetPowerStatus, BT_POWER_OFF);
+  fake.WillRefuse(&Service::SetPower);
+  screen->Search();
+  fake.Settle();
+  EXPECT_EQ(screen->Status(), "Bluetooth cannot be switched on");
+}
+
 TEST_F(PairingScreenTest, PairsWithTheQuestionShownAndConnects) {
   screen->Pair(kAda);
   fake.Settle();
