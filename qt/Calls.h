@@ -63,7 +63,7 @@ class BTASYNCQT_API Calls : public Subject {
   Q_INVOKABLE void merge(btqt::Operation* operation = nullptr);
   /// Sends one tone: 0-9, *, #, A-D. Anything else fails as InvalidArgument.
   Q_INVOKABLE void sendTone(const QString& tone, btqt::Operation* operation = nullptr);
-  /// Moves the sound to the phone, or to the head unit.
+  /// Moves the sound to the phone, or to the head unit. (The interface cannot mute the microphone.)
   Q_INVOKABLE void setPrivacy(bool on, btqt::Operation* operation = nullptr);
 
  Q_SIGNALS:

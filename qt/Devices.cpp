@@ -19,7 +19,9 @@ static_assert(static_cast<int>(btasync::BT_SUPPORT_SERIAL_ACCESSORY) == Devices:
                   static_cast<int>(btasync::BT_CONN_CONNECTED) == Devices::Connected &&
                   static_cast<int>(btasync::BT_CONN_UNKNOWN) == Devices::Unknown &&
                   static_cast<int>(btasync::BT_PROFILE_HFP_A2DP) == Devices::HfpAndA2dp &&
-                  static_cast<int>(btasync::BT_PROFILE_GATT) == Devices::Gatt,
+                  static_cast<int>(btasync::BT_PROFILE_GATT) == Devices::Gatt &&
+                  static_cast<int>(btasync::BT_PAIR_REASON_AUTHENTICATION) == Devices::Authentication &&
+                  static_cast<int>(btasync::BT_PAIR_REASON_BUSY) == Devices::Busy,
               "they have the numbers of libbtasync's");
 
 template <btasync::ProfileId profile>
@@ -30,6 +32,16 @@ QVariant statusOf(const btasync::PairedDevice& device) {
 bool isConnected(const btasync::PairedDevice& device) {
   return std::any_of(device.connections.begin(), device.connections.end(),
                      [](const auto& connection) { return connection.status == btasync::BT_CONN_CONNECTED; });
+}
+
+Devices::PairFailure failureOf(const btasync::PairingState& pairing) {
+  if (!pairing.failed) {
+    return Devices::NoFailure;
+  }
+  const int reason = pairing.failed->reason;
+  return reason > Devices::NoFailure && reason < Devices::UnknownFailure
+             ? static_cast<Devices::PairFailure>(reason)
+             : Devices::UnknownFailure;
 }
 
 template <typename Device>
@@ -118,6 +130,7 @@ void Devices::showFound(const btasync::State& state) {
 void Devices::showPairing(const btasync::State& state) {
   const btasync::PairingState& pairing = state.pairing;
   Changes changes(*this);
+  changes.set(m_pairFailure, failureOf(pairing), &Devices::pairFailureChanged);
   changes.set(m_pairing, pairing.underWay ? toQt(*pairing.underWay) : QString(), &Devices::pairingChanged);
   if (pairing.question && m_question != nullptr && isSame(*pairing.question, m_asked)) {
     return;

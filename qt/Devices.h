@@ -24,6 +24,9 @@ class BTASYNCQT_API Devices : public Subject {
   Q_PROPERTY(btqt::RowsModel* found READ found CONSTANT)
   /// The address of the device that is being paired, or empty.
   Q_PROPERTY(QString pairing READ pairing NOTIFY pairingChanged)
+  /// Why the last pairing failed; NoFailure if it did not, once another one begins, and when the service
+  /// goes.
+  Q_PROPERTY(PairFailure pairFailure READ pairFailure NOTIFY pairFailureChanged)
   /// A device wants to pair; null if none does, or no longer.
   Q_PROPERTY(btqt::PairingQuestion* question READ question NOTIFY questionChanged)
 
@@ -37,6 +40,19 @@ class BTASYNCQT_API Devices : public Subject {
   /// As btasync::ProfileId.
   enum Profile { NoProfile, Hfp, A2dp, HfpAndA2dp, Avrcp, Pbap, Map, Spp, Hid, Pan, Gatt };
   Q_ENUM(Profile)
+  /// As btasync::PairFailedReson.
+  enum PairFailure {
+    NoFailure,
+    Authentication,  ///< wrong PIN or key
+    RejectedThere,   ///< refused on the other device
+    RejectedHere,    ///< refused here
+    TimedOut,        ///< nobody answered the question
+    Unreachable,     ///< the device did not answer
+    ListFull,        ///< no room for a further paired device
+    Busy,            ///< another pairing is under way
+    UnknownFailure,  ///< the service gave no reason, or one that is not known
+  };
+  Q_ENUM(PairFailure)
 
   explicit Devices(BtService& service);
   ~Devices() override;
@@ -44,10 +60,12 @@ class BTASYNCQT_API Devices : public Subject {
   RowsModel* paired() const;
   RowsModel* found() const;
   QString pairing() const { return m_pairing; }
+  PairFailure pairFailure() const { return m_pairFailure; }
   PairingQuestion* question() const { return m_question; }
 
   /// The operation lasts until the pairing has ended: Accepted if the device is paired, Refused if that
-  /// failed. While it lasts, a question may come.
+  /// failed: pairFailure then has the reason, if not now, in the next turn of the loop. While it lasts, a
+  /// question may come.
   Q_INVOKABLE void pair(const QString& address, btqt::Operation* operation = nullptr);
   /// Connects calls and music. The operation lasts until both are connected, or Refused.
   Q_INVOKABLE void connect(const QString& address, btqt::Operation* operation = nullptr);
@@ -66,6 +84,7 @@ class BTASYNCQT_API Devices : public Subject {
 
  Q_SIGNALS:
   void pairingChanged();
+  void pairFailureChanged();
   void questionChanged();
 
  private:
@@ -78,6 +97,7 @@ class BTASYNCQT_API Devices : public Subject {
   KeyedModel<btasync::PairedDevice>* m_paired;
   KeyedModel<btasync::DeviceFound>* m_found;
   QString m_pairing;
+  PairFailure m_pairFailure = NoFailure;
   PairingQuestion* m_question = nullptr;
   btasync::PairRequested m_asked{};
   btasync::Scope m_scope;

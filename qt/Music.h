@@ -26,7 +26,9 @@ class BTASYNCQT_API Music : public Subject {
   Q_PROPERTY(int length READ length NOTIFY lengthChanged)
   /// Where the player is, in milliseconds; 0 unless positionWanted.
   Q_PROPERTY(int position READ position NOTIFY positionChanged)
-  /// Somebody shows the position. As long as nobody does, nothing wakes the application for it.
+  /// Somebody shows the position. As long as nobody does, nothing wakes the application for it. True asks the
+  /// service to report it each second, to all applications; false does not switch that off again, as another
+  /// application may show the position as well.
   Q_PROPERTY(bool positionWanted READ isPositionWanted WRITE setPositionWanted NOTIFY positionWantedChanged)
   Q_PROPERTY(Repeat repeat READ repeat NOTIFY repeatChanged)
   Q_PROPERTY(Shuffle shuffle READ shuffle NOTIFY shuffleChanged)

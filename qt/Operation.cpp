@@ -1,5 +1,6 @@
 #include "Operation.h"
 
+#include <QThread>
 #include <QTimer>
 
 #include "Texts.h"
@@ -44,6 +45,20 @@ void Operation::fail(QObject& owner, btasync::Reason reason, const char* detail)
   if (isFirst) {
     Q_EMIT underWayChanged();
   }
+}
+
+bool Operation::isOfThisThread(const QObject& owner) {
+  if (owner.thread() == QThread::currentThread()) {
+    return true;
+  }
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        begin(*this);
+        end(Failed, {btasync::Reason::InvalidArgument, "another thread than the service's has asked"});
+      },
+      Qt::QueuedConnection);
+  return false;
 }
 
 bool Operation::begin(QObject& owner) {

@@ -52,7 +52,7 @@ class BTASYNCQT_API Operation : public QObject {
     Cancelled,        ///< by cancel()
     ServiceError,     ///< it answered with an error
     Malformed,        ///< its answer cannot be understood
-    InvalidArgument,  ///< nothing was sent: no address, no tone
+    InvalidArgument,  ///< nothing was sent: no address, no tone, or another thread has asked
   };
   Q_ENUM(Reason)
 
@@ -72,6 +72,10 @@ class BTASYNCQT_API Operation : public QObject {
   /// goes before the answer comes, it ends as Cancelled.
   template <typename Asked>
   void follow(QObject& owner, Asked asked) {
+    if (!isOfThisThread(owner)) {
+      std::move(asked).Send();  // which refuses it, and logs that
+      return;
+    }
     const bool isFirst = begin(owner);
     const auto take = [this](const auto& answer) {
       end(answer.Accepted() ? Accepted : answer.Refused() ? Refused : Failed, answer.Why());
@@ -95,6 +99,8 @@ class BTASYNCQT_API Operation : public QObject {
   void finished(btqt::Operation::Result result);
 
  private:
+  /// Whether this thread may ask. If not, it fails by its own loop.
+  bool isOfThisThread(const QObject& owner);
   /// Whether none was under way.
   bool begin(QObject& owner);
   void end(Result result, const btasync::Failure& failure);

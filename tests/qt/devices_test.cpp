@@ -17,6 +17,7 @@ class DevicesTest : public SubjectTest {
  private Q_SLOTS:
   void pairedDevicesAreRows();
   void pairingAndConnectingLastUntilTheyAreDone();
+  void aFailedPairingHasItsReasonUntilTheNext();
   void foundDevicesAreRows();
   void aMovedDeviceMoves();
   void aPairingAsksAPerson();
@@ -64,6 +65,7 @@ void DevicesTest::pairingAndConnectingLastUntilTheyAreDone() {
   QVERIFY(operation.isUnderWay());
   m_fake->Advance(milliseconds(1));
   QCOMPARE(operation.result(), Operation::Refused);
+  QCOMPARE(devices->pairFailure(), Devices::RejectedThere);
 
   m_fake->WillAccept(&Service::Connect)
       .Emits(ConnectionChanged{kBen, BT_PROFILE_HFP, BT_CONN_CONNECTED})
@@ -73,6 +75,30 @@ void DevicesTest::pairingAndConnectingLastUntilTheyAreDone() {
   QVERIFY(operation.isUnderWay());
   m_fake->Advance(milliseconds(1));
   QCOMPARE(operation.result(), Operation::Accepted);
+}
+
+void DevicesTest::aFailedPairingHasItsReasonUntilTheNext() {
+  Devices* const devices = m_bt->devices();
+  settle();
+  QSignalSpy changed(devices, &Devices::pairFailureChanged);
+  QCOMPARE(devices->pairFailure(), Devices::NoFailure);
+  const auto fails = [&](int reason) {
+    m_fake->Emit(PairChanged{BT_PAIR_FAILED, static_cast<PairFailedReson>(reason), kBen});
+    settle();
+    return devices->pairFailure();
+  };
+  QCOMPARE(fails(BT_PAIR_REASON_AUTHENTICATION), Devices::Authentication);
+  QCOMPARE(fails(BT_PAIR_REASON_LIST_FULL), Devices::ListFull);
+  QCOMPARE(fails(BT_PAIR_REASON_NONE), Devices::UnknownFailure);
+  QCOMPARE(fails(200), Devices::UnknownFailure);
+  QCOMPARE(changed.count(), 3);
+  m_fake->Emit(PairChanged{BT_PAIR_PAIRING, BT_PAIR_REASON_NONE, kBen});
+  settle();
+  QCOMPARE(devices->pairFailure(), Devices::NoFailure);
+  QCOMPARE(fails(BT_PAIR_REASON_BUSY), Devices::Busy);
+  m_fake->SetAvailability(Availability::Absent);
+  settle();
+  QCOMPARE(devices->pairFailure(), Devices::NoFailure);
 }
 
 void DevicesTest::foundDevicesAreRows() {

@@ -3,6 +3,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <memory>
+#include <thread>
 
 #include "BtService.h"
 #include "KnownService.h"
@@ -31,6 +32,7 @@ class OperationTest : public QObject {
   void endsWithTheService();
   void failsByTheLoopWhatCannotBeSent();
   void nobodyHasToFollow();
+  void failsIfAnotherThreadAsks();
 
  private:
   std::unique_ptr<bttest::KnownService> m_fake;
@@ -191,6 +193,25 @@ void OperationTest::nobodyHasToFollow() {
   for (const std::string& request : m_fake->Requests()) {
     QVERIFY(request.find("SendDTMF") == std::string::npos);
   }
+}
+
+void OperationTest::failsIfAnotherThreadAsks() {
+  m_fake->WillAccept(&Service::SetPower);
+  m_bt->adapter();
+  m_fake->Settle();
+  m_fake->ForgetRequests();
+  std::thread other([this] { m_bt->adapter()->setPower(false, m_operation.get()); });
+  other.join();
+  QVERIFY(m_finished->wait());
+  QVERIFY(!m_operation->isUnderWay());
+  QCOMPARE(m_operation->result(), Operation::Failed);
+  QCOMPARE(m_operation->reason(), Operation::InvalidArgument);
+  m_fake->Settle();
+  QVERIFY(m_fake->Requests().empty());
+  // It is ready for another one.
+  m_bt->adapter()->setPower(false, m_operation.get());
+  m_fake->Settle();
+  QCOMPARE(m_operation->result(), Operation::Accepted);
 }
 
 }  // namespace
