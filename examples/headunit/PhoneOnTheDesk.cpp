@@ -110,6 +110,9 @@ void PhoneOnTheDesk::hangUp() { ofThePhone(QStringLiteral("HangUp"), {0}); }
 void PhoneOnTheDesk::play() { ofThePhone(QStringLiteral("Play")); }
 void PhoneOnTheDesk::pause() { ofThePhone(QStringLiteral("Pause")); }
 void PhoneOnTheDesk::setBattery(int bars) { ofThePhone(QStringLiteral("SetBattery"), {bars}); }
+void PhoneOnTheDesk::setSignal(int bars) { ofThePhone(QStringLiteral("SetSignal"), {bars}); }
+void PhoneOnTheDesk::setOperator(const QString& name) { ofThePhone(QStringLiteral("SetOperator"), {name}); }
+void PhoneOnTheDesk::setRoaming(bool roaming) { ofThePhone(QStringLiteral("SetRoaming"), {roaming}); }
 
 void PhoneOnTheDesk::acceptPairing(const QString& address) {
   call(kOutside, QStringLiteral("AcceptPairing"), {address});

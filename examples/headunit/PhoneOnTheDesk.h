@@ -33,6 +33,10 @@ class PhoneOnTheDesk : public QObject {
   Q_INVOKABLE void play();
   Q_INVOKABLE void pause();
   Q_INVOKABLE void setBattery(int bars);
+  Q_INVOKABLE void setSignal(int bars);
+  /// Empty: it has lost the network.
+  Q_INVOKABLE void setOperator(const QString& name);
+  Q_INVOKABLE void setRoaming(bool roaming);
   /// The person at another device, which is being paired, accepts that.
   Q_INVOKABLE void acceptPairing(const QString& address);
   /// Somebody brings another device, whose address is anotherAddress().

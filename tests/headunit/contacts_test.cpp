@@ -10,6 +10,10 @@ namespace {
 constexpr int kManyContacts = 5000;
 constexpr int kMostDelegates = 60;  // some screens full; what is made for each contact would be thousands
 
+// Of those that are made up.
+constexpr int kAdaArndt = 1;  // with four numbers
+constexpr int kBenBaker = 2;  // with one
+
 const QString kList = QStringLiteral("entries");
 
 }  // namespace
@@ -19,14 +23,19 @@ class ContactsTest : public HeadUnitTest {
 
  private Q_SLOTS:
   void contactsAreSearched();
+  void fiveThousandContactsAreSearched();
   void fiveThousandContactsAreScrolled();
   void aContactBecomesAFavourite();
   void aContactAndACallerAreCalled();
+  void whichNumberOfAContactIsChosen();
   void theDownloadShowsItsProgressAndIsStopped();
 
  private:
   /// The first contact of the model, by the name of its row on the screen.
   static QString firstContact(RunningHeadUnit& unit);
+  /// Whether that number is called; ends the call, on the first page.
+  static bool isCalled(RunningHeadUnit& unit, const QVariant& number);
+  static QVariantList numbersOf(RunningHeadUnit& unit, int contactId);
   /// What is wrong with the rows that the list shows; empty if each shows its contact, one below the other.
   static QString faultOfRows(RunningHeadUnit& unit, QSet<int>& seen);
 };
@@ -34,6 +43,19 @@ class ContactsTest : public HeadUnitTest {
 QString ContactsTest::firstContact(RunningHeadUnit& unit) {
   return QStringLiteral("contact ") +
          unit.bt().contacts()->model()->get(0)[QStringLiteral("contactId")].toString();
+}
+
+bool ContactsTest::isCalled(RunningHeadUnit& unit, const QVariant& number) {
+  btqt::Calls& calls = *unit.bt().calls();
+  const bool isIt = unit.waitFor([&] { return calls.model()->count() == 1; }) &&
+                    calls.model()->get(0)[QStringLiteral("number")] == number;
+  unit.open(PHONE);
+  return isIt && unit.tap(QStringLiteral("hangUp")) && unit.waitFor([&] { return calls.count() == 0; });
+}
+
+QVariantList ContactsTest::numbersOf(RunningHeadUnit& unit, int contactId) {
+  btqt::RowsModel& model = *unit.bt().contacts()->model();
+  return model.get(model.rowOf(QString::number(contactId)))[QStringLiteral("numbers")].toList();
 }
 
 QString ContactsTest::faultOfRows(RunningHeadUnit& unit, QSet<int>& seen) {
@@ -88,6 +110,40 @@ void ContactsTest::contactsAreSearched() {
   QVERIFY(unit.waitFor([&] {
     return unit.text(QStringLiteral("nobody")) == QStringLiteral("Nobody with that name or number");
   }));
+}
+
+void ContactsTest::fiveThousandContactsAreSearched() {
+  RunningHeadUnit unit(QStringLiteral("big-phonebook"));
+  unit.open(CONTACTS);
+  btqt::RowsModel& model = *unit.bt().contacts()->model();
+  QVERIFY(unit.waitFor([&] { return model.count() == kManyContacts; }));
+  QVERIFY(unit.waitFor([&] { return !unit.shows(QStringLiteral("progress")); }));
+  QVERIFY(unit.tap(QStringLiteral("search")));
+  // Each letter leaves no more than there were, and what is in view is what was found.
+  int before = kManyContacts;
+  for (const char* letter = "hiro gr"; *letter != 0; ++letter) {
+    QTest::keyClick(&unit.window(), *letter);
+    QVERIFY(model.count() > 0);
+    QVERIFY(model.count() <= before);
+    before = model.count();
+    QSet<int> seen;
+    QVERIFY(unit.waitForFrames(1, [] { return true; }));
+    QCOMPARE(faultOfRows(unit, seen), QString());
+    QVERIFY(seen.contains(0));
+  }
+  QVERIFY(model.count() < kManyContacts / 100);
+  for (int row = 0; row < model.count(); ++row) {
+    const QString name = model.get(row)[QStringLiteral("name")].toString();
+    QVERIFY2(name.startsWith(QStringLiteral("Hiro Gr")), qPrintable(name));
+  }
+  // Without it, all of them are there again, in their order.
+  QVERIFY(unit.tap(QStringLiteral("search")));
+  QTest::keySequence(&unit.window(), QKeySequence::SelectAll);
+  QTest::keyClick(&unit.window(), Qt::Key_Backspace);
+  QCOMPARE(model.count(), kManyContacts);
+  QSet<int> seen;
+  QVERIFY(unit.waitForFrames(1, [] { return true; }));
+  QCOMPARE(faultOfRows(unit, seen), QString());
 }
 
 void ContactsTest::fiveThousandContactsAreScrolled() {
@@ -146,22 +202,39 @@ void ContactsTest::aContactAndACallerAreCalled() {
   unit.open(CONTACTS);
   QVERIFY(unit.waitFor([&] { return unit.bt().contacts()->model()->count() == 30; }));
   QVERIFY(unit.waitForPhone());
-  const auto isCalled = [&](const QVariant& number) {
-    btqt::Calls& calls = *unit.bt().calls();
-    const bool isIt = unit.waitFor([&] { return calls.model()->count() == 1; }) &&
-                      calls.model()->get(0)[QStringLiteral("number")] == number;
-    unit.open(PHONE);
-    return isIt && unit.tap(QStringLiteral("hangUp")) && unit.waitFor([&] { return calls.count() == 0; });
-  };
-  const QVariant numbers = unit.bt().contacts()->model()->get(0)[QStringLiteral("numbers")];
-  QVERIFY(unit.tap(firstContact(unit) + QStringLiteral("/callContact")));
-  QVERIFY(isCalled(numbers.toList().value(0).toMap()[QStringLiteral("number")]));
+  const QVariantList numbers = numbersOf(unit, kBenBaker);
+  QCOMPARE(numbers.size(), 1);
+  QVERIFY(unit.tap(QStringLiteral("contact %1/callContact").arg(kBenBaker)));
+  QVERIFY(isCalled(unit, numbers[0].toMap()[QStringLiteral("number")]));
 
   unit.open(CONTACTS);
   QVERIFY(unit.tap(QStringLiteral("list2")));
   const QVariantMap log = unit.bt().callLogs()->all()->get(0);
   QVERIFY(unit.tap(QStringLiteral("log %1/callBack").arg(log[QStringLiteral("logId")].toString())));
-  QVERIFY(isCalled(log[QStringLiteral("number")]));
+  QVERIFY(isCalled(unit, log[QStringLiteral("number")]));
+}
+
+void ContactsTest::whichNumberOfAContactIsChosen() {
+  RunningHeadUnit unit;
+  unit.open(CONTACTS);
+  QVERIFY(unit.waitFor([&] { return unit.bt().contacts()->model()->count() == 30; }));
+  QVERIFY(unit.waitForPhone());
+  const QVariantList numbers = numbersOf(unit, kAdaArndt);
+  QCOMPARE(numbers.size(), 4);
+  QVERIFY(unit.tap(QStringLiteral("contact %1/callContact").arg(kAdaArndt)));
+  const char* const kinds[] = {"Mobile", "Home", "Work", "Work"};
+  for (int i = 0; i < 4; ++i) {
+    QVERIFY(unit.wait(QStringLiteral("number %1").arg(i)) != nullptr);
+    QCOMPARE(unit.text(QStringLiteral("number %1/kind").arg(i)), QLatin1String(kinds[i]));
+  }
+  QVERIFY(unit.tap(QStringLiteral("callNobody")));
+  QVERIFY(unit.waitFor([&] { return !unit.shows(QStringLiteral("number 0")); }));
+  QCOMPARE(unit.bt().calls()->count(), 0);
+
+  QVERIFY(unit.tap(QStringLiteral("contact %1/callContact").arg(kAdaArndt)));
+  QVERIFY(unit.tap(QStringLiteral("number 3")));
+  QVERIFY(unit.waitFor([&] { return !unit.shows(QStringLiteral("number 0")); }));
+  QVERIFY(isCalled(unit, numbers[3].toMap()[QStringLiteral("number")]));
 }
 
 void ContactsTest::theDownloadShowsItsProgressAndIsStopped() {

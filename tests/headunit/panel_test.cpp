@@ -11,6 +11,7 @@ class PanelTest : public HeadUnitTest {
   void thePhonePlays();
   void thePhoneLeavesTheRoomAndComesBack();
   void theBatteryRunsDown();
+  void theNetworkGetsWorseGoesAndComesBack();
   void thePhoneAcceptsAPairing();
   void theServiceIsSlow();
   void theServiceHangsAndDies();
@@ -72,6 +73,27 @@ void PanelTest::theBatteryRunsDown() {
     QVERIFY(unit.tap(QStringLiteral("battery%1").arg(bars)));
     QVERIFY(unit.waitFor([&] { return unit.bt().network()->battery() == bars; }));
   }
+}
+
+void PanelTest::theNetworkGetsWorseGoesAndComesBack() {
+  RunningHeadUnit unit(deskWorld(), withPhone());
+  QVERIFY(unit.waitForPhone());
+  const btqt::Network& network = *unit.bt().network();
+  for (const int bars : {1, 5}) {
+    QVERIFY(unit.tap(QStringLiteral("signal%1").arg(bars)));
+    QVERIFY(unit.waitFor([&] { return network.signal() == bars; }));
+  }
+  QVERIFY(unit.tap(QStringLiteral("networkIsForeign")));
+  QVERIFY(unit.waitFor([&] { return network.isRoaming() && unit.shows(QStringLiteral("roaming")); }));
+  QVERIFY(unit.tap(QStringLiteral("networkIsForeign")));
+  QVERIFY(unit.waitFor([&] { return !network.isRoaming() && !unit.shows(QStringLiteral("roaming")); }));
+
+  QVERIFY(unit.tap(QStringLiteral("networkGoes")));
+  QVERIFY(unit.waitFor([&] { return !network.isAvailable(); }));
+  QVERIFY(unit.waitFor([&] { return unit.text(QStringLiteral("operator")).isEmpty(); }));
+  QVERIFY(unit.tap(QStringLiteral("networkGoes")));
+  QVERIFY(unit.waitFor([&] { return network.isAvailable(); }));
+  QVERIFY(unit.waitFor([&] { return unit.text(QStringLiteral("operator")) == QStringLiteral("Nordnetz"); }));
 }
 
 void PanelTest::thePhoneAcceptsAPairing() {

@@ -91,7 +91,9 @@ void SettingsTest::aPairingIsWithdrawnThere() {
   QVERIFY(unit.waitFor([&] { return unit.shows(QStringLiteral("digits")); }));
   QVERIFY(unit.outside(QStringLiteral("RejectPairing"), {kCarla}));
   QVERIFY(unit.waitFor([&] { return !unit.shows(QStringLiteral("digits")); }));
-  QVERIFY(unit.waitFor([&] { return unit.text(QStringLiteral("notice")) == QStringLiteral("Not paired"); }));
+  QVERIFY(unit.waitFor([&] {
+    return unit.text(QStringLiteral("notice")) == QStringLiteral("Not paired: the device refused");
+  }));
 }
 
 void SettingsTest::aPinIsTyped() {

@@ -99,39 +99,44 @@ void TextsTest::noneIsCut() {
     unit.open(page);
     return unit.waitFor([&] { return unit.bt().isFresh() && unit.shows(shown); });
   };
-  const QString fault =
-      walk(unit, {
-                     {"phone", [&] { return unit.waitForPhone(); }},
-                     {"a refused number",
-                      [&] {
-                        return unit.fault(QStringLiteral("FailAnswers"),
-                                          {QStringLiteral("DialCall"), 1U,
-                                           QStringLiteral("org.example.Tired"), QString()}) &&
-                               unit.tap(QStringLiteral("key1")) && tapped("dial", QStringLiteral("notice"));
-                      }},
-                     {"an incoming call", [&] { return rings("+49170000007"); }},
-                     {"a call", [&] { return tapped("acceptCall", QStringLiteral("call 1")); }},
-                     {"a second call comes", [&] { return rings("+49170000008"); }},
-                     {"two calls", [&] { return tapped("acceptCall", QStringLiteral("call 2")); }},
-                     {"a conference", [&] { return tapped("merge", QStringLiteral("call 2/conference")); }},
-                     {"the sound on the phone",
-                      [&] {
-                        return unit.tap(QStringLiteral("privacy")) &&
-                               unit.waitFor([&] { return unit.bt().calls()->isPrivate(); });
-                      }},
-                     {"contacts", [&] { return opened(CONTACTS, QStringLiteral("entries")); }},
-                     {"favourites", [&] { return tapped("list1", QStringLiteral("nobody")); }},
-                     {"the last calls", [&] { return tapped("list2", QStringLiteral("callBack")); }},
-                     {"nobody is found",
-                      [&] {
-                        return unit.tap(QStringLiteral("list0")) && unit.tap(QStringLiteral("search")) &&
-                               (QTest::keyClick(&unit.window(), '~'),
-                                unit.waitFor([&] { return unit.shows(QStringLiteral("nobody")); }));
-                      }},
-                     {"music", [&] { return opened(MUSIC, QStringLiteral("repeat")); }},
-                     {"settings", [&] { return opened(SETTINGS, QStringLiteral("paired/remove")); }},
-                     {"a search", [&] { return tapped("scan", QStringLiteral("found/pair")); }},
-                 });
+  const QString fault = walk(
+      unit, {
+                {"phone", [&] { return unit.waitForPhone(); }},
+                {"a refused number",
+                 [&] {
+                   return unit.fault(QStringLiteral("FailAnswers"),
+                                     {QStringLiteral("DialCall"), 1U, QStringLiteral("org.example.Tired"),
+                                      QString()}) &&
+                          unit.tap(QStringLiteral("key1")) && tapped("dial", QStringLiteral("notice"));
+                 }},
+                {"an incoming call", [&] { return rings("+49170000007"); }},
+                {"a call", [&] { return tapped("acceptCall", QStringLiteral("call 1")); }},
+                {"a second call comes", [&] { return rings("+49170000008"); }},
+                {"two calls", [&] { return tapped("acceptCall", QStringLiteral("call 2")); }},
+                {"a conference", [&] { return tapped("merge", QStringLiteral("call 2/conference")); }},
+                {"the sound on the phone",
+                 [&] {
+                   return unit.tap(QStringLiteral("privacy")) &&
+                          unit.waitFor([&] { return unit.bt().calls()->isPrivate(); });
+                 }},
+                {"contacts", [&] { return opened(CONTACTS, QStringLiteral("entries")); }},
+                {"which number is to be called",
+                 [&] { return tapped("callContact", QStringLiteral("callNobody")); }},
+                {"favourites",
+                 [&] {
+                   return unit.tap(QStringLiteral("callNobody")) && tapped("list1", QStringLiteral("nobody"));
+                 }},
+                {"the last calls", [&] { return tapped("list2", QStringLiteral("callBack")); }},
+                {"nobody is found",
+                 [&] {
+                   return unit.tap(QStringLiteral("list0")) && unit.tap(QStringLiteral("search")) &&
+                          (QTest::keyClick(&unit.window(), '~'),
+                           unit.waitFor([&] { return unit.shows(QStringLiteral("nobody")); }));
+                 }},
+                {"music", [&] { return opened(MUSIC, QStringLiteral("repeat")); }},
+                {"settings", [&] { return opened(SETTINGS, QStringLiteral("paired/remove")); }},
+                {"a search", [&] { return tapped("scan", QStringLiteral("found/pair")); }},
+            });
   QVERIFY2(fault.isEmpty(), qPrintable(fault));
 }
 
@@ -172,30 +177,38 @@ void TextsTest::noneIsCutInAPairing() {
 
 void TextsTest::noneIsCutWithoutPlayerPhoneAndService() {
   RunningHeadUnit unit(QStringLiteral(HEADUNIT_SLOW_DOWNLOAD_WORLD), fetched());
-  const QString fault =
-      walk(unit, {
-                     {"a download",
-                      [&] {
-                        unit.open(CONTACTS);
-                        return unit.waitFor([&] { return unit.shows(QStringLiteral("progress")); });
-                      }},
-                     {"no player",
-                      [&] {
-                        unit.open(MUSIC);
-                        return unit.waitFor([&] { return unit.shows(QStringLiteral("noPlayer")); });
-                      }},
-                     {"no phone",
-                      [&] {
-                        unit.open(PHONE);
-                        return unit.outside(QStringLiteral("SetInRange"), {kAda, false}) &&
-                               unit.waitFor([&] { return unit.bt().network()->phone().isEmpty(); });
-                      }},
-                     {"no service",
-                      [&] {
-                        unit.killService();
-                        return unit.waitFor([&] { return unit.shows(QStringLiteral("availability")); });
-                      }},
-                 });
+  const QString fault = walk(
+      unit, {
+                {"a download",
+                 [&] {
+                   unit.open(CONTACTS);
+                   return unit.waitFor([&] { return unit.shows(QStringLiteral("progress")); });
+                 }},
+                {"no player",
+                 [&] {
+                   unit.open(MUSIC);
+                   return unit.waitFor([&] { return unit.shows(QStringLiteral("noPlayer")); });
+                 }},
+                {"roaming, without a network",
+                 [&] {
+                   return unit.outside(QStringLiteral("SetRoaming"), {kAda, true}) &&
+                          unit.outside(QStringLiteral("SetOperator"), {kAda, QString()}) && unit.waitFor([&] {
+                            return unit.shows(QStringLiteral("roaming")) &&
+                                   !unit.bt().network()->isAvailable();
+                          });
+                 }},
+                {"no phone",
+                 [&] {
+                   unit.open(PHONE);
+                   return unit.outside(QStringLiteral("SetInRange"), {kAda, false}) &&
+                          unit.waitFor([&] { return unit.bt().network()->phone().isEmpty(); });
+                 }},
+                {"no service",
+                 [&] {
+                   unit.killService();
+                   return unit.waitFor([&] { return unit.shows(QStringLiteral("availability")); });
+                 }},
+            });
   QVERIFY2(fault.isEmpty(), qPrintable(fault));
 }
 

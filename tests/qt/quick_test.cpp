@@ -1,5 +1,6 @@
 // Runs the tests that are written in QML. A warning of QML, or any other, fails them.
 
+#include <QQmlEngine>
 #include <QtQuickTest>
 #include <atomic>
 
@@ -20,11 +21,22 @@ void countWarnings(QtMsgType type, const QMessageLogContext& context, const QStr
   }
 }
 
+/// Finds the modules that are built into the test.
+class Setup : public QObject {
+  Q_OBJECT
+
+ public Q_SLOTS:
+  void qmlEngineAvailable(QQmlEngine* engine) { engine->addImportPath(QStringLiteral("qrc:/qt/qml")); }
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
   qmlRegisterType<bttest::FakePhone>("BtAsyncTest", 1, 0, "FakePhone");
   t_before = qInstallMessageHandler(countWarnings);
-  const int failed = quick_test_main(argc, argv, "qt", QUICK_TEST_SOURCE_DIR);
+  Setup setup;
+  const int failed = quick_test_main_with_setup(argc, argv, "qt", QUICK_TEST_SOURCE_DIR, &setup);
   return failed != 0 ? failed : t_warnings.load();
 }
+
+#include "quick_test.moc"

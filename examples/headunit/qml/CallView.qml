@@ -3,8 +3,8 @@ import HeadUnit
 import QtQuick.Layouts
 import BtAsync
 
-// The calls, and what can be done with them. The service cannot mute the microphone, which is the car's own: it can send
-// the sound to the phone.
+// The calls, and what can be done with them. There is no button that mutes the microphone, since the interface has no
+// request for it: it can send the sound to the phone.
 ColumnLayout {
     id: view
 

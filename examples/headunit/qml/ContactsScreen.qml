@@ -172,7 +172,8 @@ Item {
                     fromOutside: true
                     color: Theme.faint
                     font.pixelSize: Theme.small
-                    text: entry.numbers.length > 0 ? entry.numbers[0].number : ""
+                    text: entry.numbers.length === 0 ? "" : entry.numbers.length === 1 ? entry.numbers[0].number
+                        : entry.numbers[0].number + "  +" + (entry.numbers.length - 1)
                 }
                 IconButton {
                     objectName: "favourite"
@@ -187,7 +188,8 @@ Item {
                     fromOutside: true
                     color: "transparent"
                     enabled: entry.numbers.length > 0
-                    onClicked: screen.bt.calls.dial(entry.numbers[0].number, dialing)
+                    onClicked: entry.numbers.length === 1 ? screen.bt.calls.dial(entry.numbers[0].number, dialing)
+                                                          : numberChooser.choose(entry.name, entry.numbers)
                 }
             }
         }
@@ -236,6 +238,11 @@ Item {
                 }
             }
         }
+    }
+    NumberChooser {
+        id: numberChooser
+        anchors.fill: parent
+        onChosen: number => screen.bt.calls.dial(number, dialing)
     }
     Operation { id: loading }
     Operation { id: stopping }

@@ -57,6 +57,7 @@ Rectangle {
                 IconButton {
                     objectName: "acceptCall"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1  // as wide as the one beside it
                     text: qsTr("Accept")
                     color: Theme.good
                     textColor: Theme.onSignal
@@ -67,6 +68,7 @@ Rectangle {
                 IconButton {
                     objectName: "rejectCall"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1  // as wide as the one beside it
                     text: qsTr("Reject")
                     color: Theme.bad
                     textColor: Theme.onSignal

@@ -21,6 +21,7 @@ Item {
     }
 
     ColumnLayout {
+        objectName: "music"
         anchors.fill: parent
         anchors.margins: 3 * Theme.gap
         spacing: Theme.gap

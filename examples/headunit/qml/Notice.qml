@@ -9,6 +9,8 @@ Rectangle {
     required property Operation operation
     property string refused: qsTr("That is not possible now")
 
+    property bool isShown: false
+
     visible: label.text !== ""
     implicitWidth: label.implicitWidth + 2 * Theme.gap
     implicitHeight: label.implicitHeight + Theme.gap
@@ -21,29 +23,26 @@ Rectangle {
         anchors.centerIn: parent
         wrapMode: Text.NoWrap
         color: Theme.text
+        text: !notice.isShown ? ""
+            : notice.operation.result === Operation.Refused ? notice.refused
+            : notice.operation.reason === Operation.NoService
+              || notice.operation.reason === Operation.NoBus ? qsTr("Bluetooth is not ready yet")
+            : notice.operation.reason === Operation.TimedOut ? qsTr("No answer. Try again")
+            : qsTr("That did not work. Try again")
     }
     Timer {
         id: hide
         interval: 6000
-        onTriggered: label.text = ""
+        onTriggered: notice.isShown = false
     }
     Connections {
         target: notice.operation
         function onUnderWayChanged() {
             if (notice.operation.underWay)
-                label.text = ""
+                notice.isShown = false
         }
         function onFinished(result) {
-            if (result === Operation.Accepted) {
-                label.text = ""
-                return
-            }
-            const reason = notice.operation.reason
-            label.text = result === Operation.Refused ? notice.refused
-                : reason === Operation.NoService || reason === Operation.NoBus ? qsTr("Bluetooth is not ready yet")
-                : reason === Operation.TimedOut ? qsTr("No answer. Try again")
-                : reason === Operation.Cancelled ? ""
-                : qsTr("That did not work. Try again")
+            notice.isShown = result !== Operation.Accepted && notice.operation.reason !== Operation.Cancelled
             hide.restart()
         }
     }

@@ -83,6 +83,7 @@ Rectangle {
                 IconButton {
                     objectName: "acceptPairing"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1  // as wide as the one beside it
                     text: qsTr("Pair")
                     color: Theme.accent
                     textColor: Theme.onAccent
@@ -94,6 +95,7 @@ Rectangle {
                 IconButton {
                     objectName: "rejectPairing"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1  // as wide as the one beside it
                     text: qsTr("Do not pair")
                     enabled: !answer.underWay
                     onClicked: dialog.question.reject(answer)

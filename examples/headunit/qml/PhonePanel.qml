@@ -9,6 +9,7 @@ Rectangle {
 
     required property BtService bt
     required property var phone
+    property string operatorName  // the last one, for when the network is back
 
     width: 360
     color: Qt.darker(Theme.background, 1.2)
@@ -51,17 +52,22 @@ Rectangle {
             onClicked: panel.phone.inRange = !panel.phone.inRange
         }
         Label { text: qsTr("Battery"); color: Theme.faint }
+        BarChoice { name: "battery"; onChosen: bars => panel.phone.setBattery(bars) }
+        Label { text: qsTr("The network"); color: Theme.faint }
+        BarChoice { name: "signal"; onChosen: bars => panel.phone.setSignal(bars) }
         RowLayout {
-            spacing: 6
-            Repeater {
-                model: 6
-                Act {
-                    required property int index
-                    objectName: "battery" + index
-                    text: index
-                    fromOutside: true
-                    onClicked: panel.phone.setBattery(index)
-                }
+            spacing: 10
+            Act {
+                objectName: "networkGoes"
+                Layout.preferredWidth: 1
+                text: panel.bt.network.available ? qsTr("None") : qsTr("Back")
+                onClicked: panel.phone.setOperator(panel.bt.network.available ? "" : panel.operatorName)
+            }
+            Act {
+                objectName: "networkIsForeign"
+                Layout.preferredWidth: 1
+                text: panel.bt.network.roaming ? qsTr("At home") : qsTr("Abroad")
+                onClicked: panel.phone.setRoaming(!panel.bt.network.roaming)
             }
         }
         Item { Layout.fillHeight: true }
@@ -80,12 +86,36 @@ Rectangle {
 
     component Act: IconButton {
         Layout.fillWidth: true
-        implicitHeight: 52
+        implicitHeight: 44
         textSize: Theme.small
+    }
+    component BarChoice: RowLayout {
+        id: choice
+        property string name
+        signal chosen(int bars)
+        spacing: 6
+        Repeater {
+            model: 6
+            Act {
+                required property int index
+                objectName: choice.name + index
+                text: index
+                fromOutside: true
+                onClicked: choice.chosen(index)
+            }
+        }
+    }
+
+    function noteOperator() {
+        if (panel.bt.network.operatorName !== "")
+            panel.operatorName = panel.bt.network.operatorName
     }
 
     // Which phone it is may be another one once something has connected, or the service has come back.
-    Component.onCompleted: panel.phone.look()
+    Component.onCompleted: {
+        panel.phone.look()
+        panel.noteOperator()
+    }
     Connections {
         target: panel.bt
         function onAvailabilityChanged() { panel.phone.look() }
@@ -93,5 +123,6 @@ Rectangle {
     Connections {
         target: panel.bt.network
         function onPhoneChanged() { panel.phone.look() }
+        function onOperatorNameChanged() { panel.noteOperator() }
     }
 }

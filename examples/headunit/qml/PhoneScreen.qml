@@ -71,6 +71,7 @@ Item {
                 IconButton {
                     objectName: "dial"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1  // as wide as the one beside it
                     text: qsTr("Call")
                     color: Theme.good
                     textColor: Theme.onSignal
@@ -81,6 +82,7 @@ Item {
                 IconButton {
                     objectName: "redial"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1  // as wide as the one beside it
                     text: qsTr("Redial")
                     enabled: !dialing.underWay
                     onClicked: screen.bt.calls.redial(dialing)

@@ -29,6 +29,21 @@ Item {
         return qsTr("Not connected")
     }
 
+    function wordsFor(pairFailure) {
+        switch (pairFailure) {
+        case Devices.Authentication:
+            return qsTr("Not paired: the PIN is wrong")
+        case Devices.RejectedThere:
+            return qsTr("Not paired: the device refused")
+        case Devices.TimedOut:
+        case Devices.Unreachable:
+            return qsTr("Not paired: the device does not answer")
+        case Devices.ListFull:
+            return qsTr("Not paired: delete a device first")
+        }
+        return qsTr("Not paired")
+    }
+
     RowLayout {
         anchors.fill: parent
         anchors.margins: Theme.gap
@@ -39,6 +54,7 @@ Item {
             Layout.maximumWidth: 380
             Layout.fillHeight: true
             spacing: 12
+            objectName: "adapter"
             opacity: screen.bt.adapter.fresh ? 1 : Theme.stale
             Setting {
                 title: qsTr("Bluetooth")
@@ -187,7 +203,7 @@ Item {
             Notice {
                 Layout.alignment: Qt.AlignHCenter
                 operation: pairing
-                refused: qsTr("Not paired")
+                refused: screen.wordsFor(screen.bt.devices.pairFailure)
             }
             Notice {
                 Layout.alignment: Qt.AlignHCenter

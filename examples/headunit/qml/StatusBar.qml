@@ -38,6 +38,7 @@ Rectangle {
             text: bar.bt.network.phone === "" ? "" : bar.bt.network.operatorName
         }
         Label {
+            objectName: "roaming"
             visible: bar.bt.network.roaming
             opacity: bar.bt.network.fresh ? 1 : Theme.stale
             font.pixelSize: Theme.small
@@ -50,6 +51,7 @@ Rectangle {
 
     component Bars: Row {
         id: bars
+        objectName: "bars"
         property int value: 0
         property bool rising: true
         visible: bar.bt.network.phone !== ""
