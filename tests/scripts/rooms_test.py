@@ -43,6 +43,7 @@ ROOMS = {
     "tools/btctl": "include/bluetooth glib protocol",
     "tools/btctl/composed/Devices": "include/bluetooth include/btasync tools/btctl",  # what libbt does not have
     "examples": "include/bluetooth include/btasync",
+    "examples/platform": "platform",  # no application, but what lies below the library
     "examples/power_only_service": "include/bluetooth service/app",  # no application, but a stack
     "bench": "include/bluetooth include/btasync glib protocol ipc service/frontend/segments service/phonebook",
 }
