@@ -1,0 +1,16 @@
+# bt_set_install_run_path(target from folder...): where a target that is installed in the folder `from` looks for its
+# libraries, which are installed in the folders. All of them are absolute paths. A tree that may be moved (BT_RELOCATABLE)
+# is searched from where the target is; otherwise only what the system does not find by itself is named.
+function(bt_set_install_run_path target from)
+  set(run_path)
+  foreach(folder IN LISTS ARGN)
+    if(BT_RELOCATABLE)
+      file(RELATIVE_PATH relative ${from} ${folder})
+      string(REGEX REPLACE "/$" "" relative $ORIGIN/${relative})
+      list(APPEND run_path ${relative})
+    elseif(NOT folder STREQUAL CMAKE_INSTALL_FULL_LIBDIR)
+      list(APPEND run_path ${folder})
+    endif()
+  endforeach()
+  set_target_properties(${target} PROPERTIES INSTALL_RPATH "${run_path}")
+endfunction()
