@@ -23,6 +23,11 @@ EXCEPTIONS = {
     "script/test": "it is what runs this test",
     "script/test --asan": "it is what runs this test, once more",
     "script/test --tsan": "it builds another preset and runs for minutes",
+    "script/test --packages": "it makes the packages and a root of their own, with what is downloaded from the network",
+    "script/package": "it compiles everything for minutes; packaging/test_packages tests the packages",
+    "script/package --twice": "as script/package, twice",
+    "apt install ./libbt1_*.deb ./libbt-dev_*.deb ./libbtasync0_*.deb ./btctl_*.deb ./btservice-sim_*.deb":
+        "it installs on this machine; packaging/test_packages does it in a root of its own",
     "script/test --library": "it is what runs this test",
     "script/test --preset NAME": "NAME is to be replaced, and it is what runs this test",
     "script/test -R REGEX": "REGEX is to be replaced, and it is what runs this test",

@@ -23,3 +23,10 @@ foreach(promise
   bt_add_source_test(NAME scripts_ci/${name}
     Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/ci_test.py ${CMAKE_SOURCE_DIR} ${promise})
 endforeach()
+
+# What debian/ says twice, or has to say.
+foreach(promise TheVersionIsThatOfTheLibrary WhatTheBuildNeedsIsInstalledByBootstrap NothingIsTakenBecauseItIsFound
+                EachOverrideHasItsReason)
+  bt_add_source_test(NAME debian/${promise}
+    Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/debian_test.py ${CMAKE_SOURCE_DIR} Debian.test_${promise})
+endforeach()

@@ -1,0 +1,52 @@
+#!/usr/bin/env python3
+"""Holds debian/ to the rest of the tree. Usage: debian_test.py TREE [TEST...]"""
+import pathlib
+import re
+import subprocess
+import sys
+import unittest
+
+TREE = pathlib.Path(sys.argv.pop(1))
+DEBIAN = TREE / "debian"
+
+
+def words_of_field(field):
+    text = (DEBIAN / "control").read_text()
+    match = re.search(rf"^{field}:((?:.*\n)(?: .*\n)*)", text, re.MULTILINE)
+    return [re.match(r"[\w.+-]+", entry.strip())[0] for entry in match[1].split(",") if entry.strip()]
+
+
+class Debian(unittest.TestCase):
+    def test_TheVersionIsThatOfTheLibrary(self):
+        packaged = re.match(r"libbt \(([\d.]+)[^)]*\)", (DEBIAN / "changelog").read_text())[1]
+        self.assertEqual(packaged, re.search(r"project\(libbt VERSION ([\d.]+)", (TREE / "CMakeLists.txt").read_text())[1])
+
+    def test_WhatTheBuildNeedsIsInstalledByBootstrap(self):
+        installed = subprocess.run([TREE / "script/bootstrap", "--list", "build", "tools", "qt", "docs", "packages"],
+                                   check=True, capture_output=True, text=True).stdout.split()
+        needed = set(words_of_field("Build-Depends") + words_of_field("Build-Depends-Indep"))
+        self.assertEqual(needed - set(installed) - {"debhelper-compat"}, set())
+
+    def test_NothingIsTakenBecauseItIsFound(self):
+        """Each option of what is built, and each that would be chosen by what is installed, is set by debian/rules."""
+        options = set()
+        for path in [TREE / "CMakeLists.txt", *TREE.glob("*/CMakeLists.txt"), *TREE.glob("*/*/CMakeLists.txt")]:
+            if path.relative_to(TREE).parts[0] in ("build", "packaging", "examples"):
+                continue
+            text = path.read_text()
+            options.update(re.findall(r"option\((BT_BUILD_\w+)", text) + re.findall(r"set\((\w+) AUTO CACHE", text))
+        self.assertIn("MWP_ZLOG", options)
+        self.assertIn("BT_BUILD_QT", options)
+        self.assertEqual(options - set(re.findall(r"-D(\w+)=(?:ON|OFF)", (DEBIAN / "rules").read_text())), set())
+
+    def test_EachOverrideHasItsReason(self):
+        files = list(DEBIAN.glob("*lintian-overrides"))
+        self.assertTrue(files)
+        for path in files:
+            for block in path.read_text().strip().split("\n\n"):
+                with self.subTest(path.name, block=block):
+                    self.assertTrue(block.startswith("# "), "each block begins with the reason")
+
+
+if __name__ == "__main__":
+    unittest.main()
