@@ -13,6 +13,7 @@ import unittest
 TREE = pathlib.Path(sys.argv.pop(1)) if len(sys.argv) > 1 else pathlib.Path.cwd()
 CLOSING = ["100% tests passed, 0 tests failed out of 7", "", "Total Test time (real) =   0.70 sec"]
 TESTS = "printf '1/7 passed\\n100%% tests passed, 0 tests failed out of 7\\n\\nTotal Test time (real) =   0.70 sec\\n'"
+LEFT_OUT = "printf '1 of 7 tests were left out:\\n  1: no display\\n'"
 
 
 class Stages(unittest.TestCase):
@@ -36,7 +37,7 @@ class Stages(unittest.TestCase):
         return answer
 
     def test_TheClosingLinesOfTheTestsComeLast(self):
-        answer = self.run_ci([("tests", "always", TESTS, "t"), ("after", "always", "echo afterwards", "a")])
+        answer = self.run_ci([("tests", "always", f"{TESTS}; {LEFT_OUT}", "t"), ("after", "always", "echo afterwards", "a")])
         self.assertEqual(answer.returncode, 0)
         self.assertEqual(self.results, {"tests": "passed", "after": "passed"})
         self.assertEqual(self.lines[-3:], CLOSING)
