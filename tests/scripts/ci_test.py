@@ -37,7 +37,8 @@ class Stages(unittest.TestCase):
         return answer
 
     def test_TheClosingLinesOfTheTestsComeLast(self):
-        answer = self.run_ci([("tests", "always", f"{TESTS}; {LEFT_OUT}", "t"), ("after", "always", "echo afterwards", "a")])
+        answer = self.run_ci([("tests", "always", f"{TESTS}; {LEFT_OUT}", "t"),
+                              ("after", "always", "echo afterwards", "a")])
         self.assertEqual(answer.returncode, 0)
         self.assertEqual(self.results, {"tests": "passed", "after": "passed"})
         self.assertEqual(self.lines[-3:], CLOSING)
