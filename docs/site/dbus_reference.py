@@ -1,4 +1,5 @@
-"""Writes the reference of an interface of D-Bus as Markdown, from its description in XML and the comments in that.
+"""Writes the reference of an interface of D-Bus as Markdown, from its description in XML and the comments in that, or from
+what the headers say.
 
 GLib's generator writes such a page as well, but without the comments.
 """
@@ -42,7 +43,22 @@ def declaration_of(member):
     return f"{member.get('name')}({list_of(arguments_of(member, 'in'))})" + (f" -> ({answer})" if answer else "")
 
 
-def lines_of_interface(interface, before, level):
+def lines_of_meaning(member, meanings):
+    """What the headers say of a method or signal, and of its arguments, which have the order of the header's parameters."""
+    if member.get("name") not in meanings:
+        return
+    name, paragraphs, parameters = meanings[member.get("name")]
+    for text in paragraphs:
+        yield as_markdown(text)
+    arguments = member.findall("arg") if member.tag == "signal" else arguments_of(member, "in")
+    described = [f"- {as_markdown(argument.get('name'))}: {as_markdown(text)}"
+                 for argument, text in zip(arguments, parameters) if text] if len(arguments) == len(parameters) else []
+    if described:
+        yield "\n".join(described)
+    yield f"In libbt: `{name}::{member.get('name')}`."
+
+
+def lines_of_interface(interface, before, level, meanings):
     yield f"{'#' * level} Interface {interface.get('name')}"
     if before:
         yield as_markdown(before)
@@ -66,16 +82,18 @@ def lines_of_interface(interface, before, level):
         if pending:
             yield as_markdown(pending)
             pending = ""
+        else:
+            yield from lines_of_meaning(element, meanings)
 
 
-def page(title, introduction, path):
-    """The page of all interfaces in a description."""
+def page(title, introduction, path, meanings):
+    """The page of all interfaces in a description. meanings: as meanings.read() finds them."""
     parts = [f"# {title}", introduction]
     before = ""
     for element in read(path):
         if is_comment(element):
             before = text_of(element)
         elif element.tag == "interface":
-            parts += lines_of_interface(element, before, 2)
+            parts += lines_of_interface(element, before, 2, meanings)
             before = ""
     return "\n\n".join(parts) + "\n"

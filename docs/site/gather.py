@@ -11,6 +11,7 @@ import sys
 
 import dbus_reference
 import headers_reference
+import meanings
 
 SITE = "docs/site"
 TEXTS = ("*.md", "docs/*.md", "docs/screens/*.md", "*/README.md")
@@ -28,8 +29,8 @@ DESCRIPTIONS = {
     "dbus-service": (
         "The service on the bus", "ipc/D-Bus/com.zelk.linux.bluetooth.xml",
         "What is between the library and the service. The types are those of D-Bus: `y` a byte, `i` and `u` 32 bits, `b` yes "
-        "or no, `s` a text, `v` a variant. [Writing a service](../docs/writing-a-service.md) says what a service has to do; "
-        "the headers say what each method means."),
+        "or no, `s` a text, `v` a variant. [Writing a service](../docs/writing-a-service.md) says what a service has to do. "
+        "The meanings are those of libbt's headers, which are written for applications: with 0 and 1 for no and yes."),
     "dbus-simulation": (
         "The controls of the simulation", "service/simulation/com.zelk.linux.bluetooth.sim.xml",
         "How a person or a test controls `btservice`. [Its own page](../service/README.md#controlling-it-and-injecting-faults) "
@@ -71,8 +72,9 @@ def gather(tree, xml, output):
     reference.mkdir()
     for library, (title, introduction) in LIBRARIES.items():
         (reference / f"{library}.md").write_text(headers_reference.page(title, introduction, title, xml / library / "xml"))
+    known = meanings.read(xml / "bluetooth" / "xml")
     for name, (title, path, introduction) in DESCRIPTIONS.items():
-        (reference / f"{name}.md").write_text(dbus_reference.page(title, introduction, tree / path))
+        (reference / f"{name}.md").write_text(dbus_reference.page(title, introduction, tree / path, known))
 
 
 if __name__ == "__main__":

@@ -85,6 +85,9 @@ class TheSite(InAFolder):
             self.assertGreater(len(members), 30)
             for member in members:
                 self.assertIn(member.get("name") + "(", page)
+            written = (self.folder / f"site/source/reference/dbus-{reference}.md").read_text()
+            explained = re.findall(r"^#### (\w+)\n\n```text\n.*\n```\n\n(?!#)\S", written, re.MULTILINE)
+            self.assertEqual([member.get("name") for member in members if member.get("name") not in explained], [])
             self.assertEqual(page.count("-&gt; ("), sum(any(arg.get("direction") == "out" for arg in method)
                                                         for method in root.iter("method")))
 
