@@ -42,6 +42,7 @@ void BtService::show(const btasync::State& state, unsigned parts) {
   Changes changes(*this);
   changes.set(m_availability, static_cast<Availability>(state.service), &BtService::availabilityChanged);
   // What is told may make further subjects, which show what is known by then.
+  // NOLINTNEXTLINE(modernize-loop-convert): which is not for a vector that grows meanwhile
   for (std::size_t i = 0; i < m_subjects.size(); ++i) {
     Subject& subject = *m_subjects[i];
     if ((parts & subject.m_parts) != 0) {
