@@ -38,7 +38,10 @@ int EnterSandbox(int argc, char** argv) {
   // GLib's locks are its own, so ThreadSanitizer cannot see how it orders what it does for several threads:
   // it is to judge our code alone, in this process and in those that it starts.
   setenv("TSAN_OPTIONS", "ignore_noninstrumented_modules=1", 0);
-  const char* const service = access(BTTEST_SERVICE, X_OK) == 0 ? BTTEST_SERVICE : "empty";
+  // That of another build, or of another architecture, if the environment names it.
+  const char* const chosen = std::getenv("BTTEST_SERVICE");
+  const char* const own = access(BTTEST_SERVICE, X_OK) == 0 ? BTTEST_SERVICE : "empty";
+  const char* const service = chosen != nullptr ? chosen : own;
   std::vector<std::string> command{BTTEST_SANDBOX, "--service", service, ThisExecutable()};
   std::vector<char*> pointers;
   pointers.reserve(command.size() + static_cast<std::size_t>(argc));
