@@ -33,14 +33,15 @@ Shots::Shots(QQuickWindow& window, PhoneOnTheDesk& phone, const QString& directo
        [this] { return m_bt.music()->state() == btqt::Music::Playing && m_bt.music()->position() > 0; }},
       {QStringLiteral("settings"), [this] { open(SETTINGS); },
        [this] { return m_bt.devices()->paired()->count() > 0; }},
-      {QStringLiteral("pairing"),
-       [this] {
-         m_phone.bringAnother();
-         m_bt.adapter()->startScan();
-       },
+      {QStringLiteral("pairing"), [this] { m_phone.bringAnother(); },
        [this] {
          const QString another = PhoneOnTheDesk::anotherAddress();
-         if (m_bt.devices()->pairing().isEmpty() && m_bt.devices()->found()->rowOf(another) >= 0) {
+         if (m_bt.devices()->found()->rowOf(another) < 0) {
+           // A search that has begun before it was brought does not find it.
+           if (!m_bt.adapter()->isScanning()) {
+             m_bt.adapter()->startScan();
+           }
+         } else if (m_bt.devices()->pairing().isEmpty()) {
            m_bt.devices()->pair(another);
          }
          return m_bt.devices()->question() != nullptr;

@@ -47,6 +47,8 @@ SHOWN_BY_DEMO = {"btctl": r"power +o(n|ff)", "your-application": "arguments: arg
 TYPED = {"btctl": "status\nquit\n", "poll_loop": "on\nquit\n"}  # at the program that it starts
 PICTURES = re.compile(r"!\[[^\]]*\]\((docs/images/headunit/[\w-]+\.png)\)")  # those of the head unit in README.md
 LARGEST_PICTURE = 150000  # bytes
+SCREENS = {f"{name}.png" for name in ("phone", "contacts", "music", "settings", "pairing", "incoming-call")}
+HEADUNIT_MAIN = TREE / "examples/headunit/main.cpp"
 NOT_BUILT = 77
 CTRL_C = {"found_devices": "found "}  # examples that run until Ctrl-C, and what they print before
 ANSWERS_OF_CONTROLS = {"LeaveBus": "()", "DelayAnswers": "()", "FailAnswers": "()", "EmitSignal": "()"}
@@ -154,14 +156,32 @@ class TheHeadUnit(InACheckout):
         super().setUp()
 
     def test_EachScreenIsDrawn(self):
-        """Where there is no display, every command that starts it draws."""
+        """Where there is no display, every command that starts it draws, and each option draws something else."""
         shown = {pathlib.Path(name).name for name in PICTURES.findall((TREE / "README.md").read_text())}
         drawn = self.checkout.root / "build/shots"
+        pictures = {}
         for command in of_runner("headunit"):
             shutil.rmtree(drawn, ignore_errors=True)
             self.assert_runs(command, self.checkout.run(command.text, DISPLAY="", WAYLAND_DISPLAY=""))
-            names = {path.name for path in drawn.iterdir() if path.stat().st_size > 0}
-            self.assertLessEqual(shown, names, "README.md shows pictures that the script does not draw")
+            self.assertEqual({path.name for path in drawn.iterdir()}, SCREENS, command.text)
+            pictures[command.text] = (drawn / "settings.png").read_bytes()
+        self.assertLessEqual(shown, SCREENS, "README.md shows pictures that the script does not draw")
+        self.assertEqual(len(set(pictures.values())), len(pictures), "an option makes no difference")
+        for option in re.findall(r'QStringLiteral\("([a-z-]+)"\),\s*QStringLiteral\("[A-Z]', HEADUNIT_MAIN.read_text()):
+            self.assertIn(f"--{option}", " ".join(pictures), "an option that no document shows")
+
+    def test_ItOpensWhereThereIsADisplay(self):
+        """There is none here: Qt is asked for a window that nobody sees."""
+        for command in of_runner("headunit"):
+            if "--shots" in command.text:
+                continue
+            process = self.checkout.start(command.text, DISPLAY=":0", QT_QPA_PLATFORM="offscreen",
+                                          QT_QUICK_BACKEND="software", QSG_INFO="1")
+            self.assertTrue(process.wait_for("qt.scenegraph"), process.output())
+            self.assertNotIn("there is no display", process.output())
+            process.press_ctrl_c()
+            process.wait()
+            self.assertFalse((self.checkout.root / "build/shots").exists(), "it draws, although there is a display")
 
 
 class TheSandbox(InACheckout):
