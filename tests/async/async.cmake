@@ -55,8 +55,6 @@ target_compile_features(async_walk_test PRIVATE cxx_std_20)
 set_target_properties(async_walk_test PROPERTIES DISABLE_PRECOMPILE_HEADERS ON)
 
 # The same walk under valgrind's memcheck. What GLib never frees is reachable to the end: its types, names and threads.
-find_program(BT_VALGRIND valgrind)
-mark_as_advanced(BT_VALGRIND)
 if(BT_VALGRIND AND NOT BT_SANITIZE AND NOT CMAKE_CROSSCOMPILING)
   add_test(NAME async_memcheck/TheWalkTouchesNothingThatIsGoneAndLeavesNothing
     COMMAND ${CMAKE_COMMAND} -E env BTTEST_IN_SANDBOX=1 BTTEST_WALK_SEED=4 BTTEST_WALK_STEPS=500 G_SLICE=always-malloc

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <stdexcept>
 #include <string_view>
@@ -104,6 +105,11 @@ ChildProcess::ChildProcess(const std::vector<std::string>& argv, const Environme
 }
 
 ChildProcess::~ChildProcess() {
+  if (std::getenv("BTTEST_UNDER") != nullptr) {
+    // valgrind reports on a process that is asked to end, but cannot on one that is killed.
+    Signal(SIGTERM);
+    Wait();
+  }
   Kill();
   close(m_output);
   close(m_errors);

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -42,7 +44,11 @@ int EnterSandbox(int argc, char** argv) {
   const char* const chosen = std::getenv("BTTEST_SERVICE");
   const char* const own = access(BTTEST_SERVICE, X_OK) == 0 ? BTTEST_SERVICE : "empty";
   const char* const service = chosen != nullptr ? chosen : own;
-  std::vector<std::string> command{BTTEST_SANDBOX, "--service", service, ThisExecutable()};
+  std::vector<std::string> command{BTTEST_SANDBOX, "--service", service};
+  // What script/valgrind puts before each test. From outside, it would look at the sandbox.
+  std::istringstream under(std::getenv("BTTEST_UNDER") != nullptr ? std::getenv("BTTEST_UNDER") : "");
+  command.insert(command.end(), std::istream_iterator<std::string>(under), {});
+  command.push_back(ThisExecutable());
   std::vector<char*> pointers;
   pointers.reserve(command.size() + static_cast<std::size_t>(argc));
   for (std::string& word : command) {
