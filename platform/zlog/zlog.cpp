@@ -75,14 +75,17 @@ class Message {
 }  // namespace
 
 zlog_category_t* zlog_get_category(const char* name) {
+  struct Categories {
+    std::mutex mutex;
+    std::map<std::string, zlog_category_s> byName;
+  };
   // Never deleted: static destructors log, too.
-  static auto* const mutex = new std::mutex;
-  static auto* const categories = new std::map<std::string, zlog_category_s>;
+  static auto* const categories = new Categories;
   if (name == nullptr) {
     return nullptr;
   }
-  std::lock_guard<std::mutex> lock(*mutex);
-  return &categories->emplace(name, zlog_category_s{name}).first->second;
+  std::lock_guard<std::mutex> lock(categories->mutex);
+  return &categories->byName.emplace(name, zlog_category_s{name}).first->second;
 }
 
 void vzlog(zlog_category_t* category, const char* file, size_t filelen, const char* func, size_t funclen,

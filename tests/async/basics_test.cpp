@@ -21,6 +21,23 @@ class BasicsTest : public testing::Test {
   Service service;
 };
 
+TEST(Texts, OfEachReasonAndAvailabilityAreItsOwn) {
+  EXPECT_STREQ(ToText(Reason::NoBus), "no bus");
+  EXPECT_STREQ(ToText(Reason::NoService), "no service");
+  EXPECT_STREQ(ToText(Reason::ServiceGone), "service gone");
+  EXPECT_STREQ(ToText(Reason::TimedOut), "timed out");
+  EXPECT_STREQ(ToText(Reason::Cancelled), "cancelled");
+  EXPECT_STREQ(ToText(Reason::ServiceError), "service error");
+  EXPECT_STREQ(ToText(Reason::Malformed), "malformed");
+  EXPECT_STREQ(ToText(Reason::InvalidArgument), "invalid argument");
+  EXPECT_STREQ(ToText(static_cast<Reason>(99)), "unknown");
+  EXPECT_STREQ(ToText(Availability::Unknown), "unknown");
+  EXPECT_STREQ(ToText(Availability::NoBus), "no bus");
+  EXPECT_STREQ(ToText(Availability::Absent), "absent");
+  EXPECT_STREQ(ToText(Availability::Present), "present");
+  EXPECT_STREQ(ToText(static_cast<Availability>(99)), "unknown");
+}
+
 TEST_F(BasicsTest, SeesTheServiceComeAndGo) {
   std::vector<Availability> seen;
   Scope scope;

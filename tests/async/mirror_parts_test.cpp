@@ -96,6 +96,63 @@ TEST_F(MirrorTest, KeepsThePairingAndItsQuestion) {
   EXPECT_FALSE(mirror->Now().pairing.underWay);
 }
 
+TEST_F(MirrorTest, AQuestionGoesWhenThePairingOfAnotherDeviceBegins) {
+  const auto mirror = Settled(PART_PAIRING);
+  fake.Emit(PairChanged{BT_PAIR_PAIRING, BT_PAIR_REASON_NONE, kPhone});
+  fake.Emit(PairRequested{kPhone, "123456", false, BT_PAIR_REQUEST_CONFIRMATION});
+  fake.Settle();
+  ASSERT_TRUE(mirror->Now().pairing.question);
+  fake.Emit(PairChanged{BT_PAIR_PAIRING, BT_PAIR_REASON_NONE, kOther});
+  fake.Settle();
+  EXPECT_FALSE(mirror->Now().pairing.question);
+  EXPECT_EQ(mirror->Now().pairing.underWay, kOther);
+}
+
+TEST_F(MirrorTest, FollowsTheNameAndWhetherItIsDiscoverableAndNothingElseOfTheSettings) {
+  const auto mirror = Settled(PART_ADAPTER);
+  fake.Emit(AttributeChanged{BT_ATTR_PIN_CODE, "1234"});
+  fake.Emit(CapabilityChanged{BT_CAP_AUTO_ANSWER, false});
+  fake.Settle();
+  EXPECT_EQ(mirror->Now().adapter.name, "Head Unit");
+  EXPECT_TRUE(mirror->Now().adapter.discoverable);
+  fake.Emit(AttributeChanged{BT_ATTR_LOCAL_NAME, "My car"});
+  fake.Emit(CapabilityChanged{BT_CAP_ENABLE_SCAN, false});
+  fake.Settle();
+  EXPECT_EQ(mirror->Now().adapter.name, "My car");
+  EXPECT_FALSE(mirror->Now().adapter.discoverable);
+}
+
+TEST_F(MirrorTest, AsksAboutTheMusicWhenAPlayerComesOrGoes) {
+  const auto mirror = Settled(PART_MUSIC | PART_MODES);
+  for (const ProfileId profile : {BT_PROFILE_A2DP, BT_PROFILE_AVRCP}) {
+    fake.ForgetRequests();
+    fake.Emit(ConnectionChanged{kPhone, profile, BT_CONN_DISCONNECTED});
+    fake.Settle();
+    EXPECT_THAT(fake.Requests(),
+                testing::IsSupersetOf({"GetMediaConnectionState()", "GetMusicPlayStatus()", "GetMediaInfo()",
+                                       "GetCurPlayMode()", "GetSupportPlayMode()"}))
+        << profile;
+  }
+  fake.ForgetRequests();
+  fake.Emit(ConnectionChanged{kPhone, BT_PROFILE_HFP, BT_CONN_DISCONNECTED});
+  fake.Settle();
+  EXPECT_THAT(fake.Requests(), IsEmpty());
+}
+
+TEST_F(MirrorTest, AsksForTheBooksWhenAPhoneComesOrGoes) {
+  const auto mirror = Settled(PART_CONTACTS | PART_FAVORITES | PART_LOGS);
+  for (const ProfileId profile : {BT_PROFILE_HFP, BT_PROFILE_PBAP}) {
+    fake.ForgetRequests();
+    fake.Emit(ConnectionChanged{kPhone, profile, BT_CONN_CONNECTED});
+    fake.Settle();
+    EXPECT_THAT(fake.Requests(), SizeIs(3)) << profile;
+  }
+  fake.ForgetRequests();
+  fake.Emit(ConnectionChanged{kPhone, BT_PROFILE_A2DP, BT_CONN_CONNECTED});
+  fake.Settle();
+  EXPECT_THAT(fake.Requests(), IsEmpty());
+}
+
 TEST_F(MirrorTest, KeepsWhyAPairingFailedUntilTheNextOneBeginsOrTheServiceGoes) {
   const auto mirror = Settled(PART_PAIRING);
   const auto& failed = mirror->Now().pairing.failed;

@@ -98,5 +98,35 @@ TEST_F(Events, TheMissingAddressOfALinkKeyEventIsAnErrorAndReachesNobody) {
   EXPECT_EQ(records[0].message, "CallBackOnSetDeviceOOBLinkKeyChanged address is invalid...");
 }
 
+TEST_F(Events, AListenerThatOverridesNothingHearsEverySignalAndDoesNothing) {
+  listeners.reset();
+  IMWPBtComListener com;
+  IMWPBtPhoneListener phone;
+  IMWPBtMediaListener media;
+  IMWPBtPbapListener pbap;
+  IMWPBtMessageListener message;
+  IMWPBtSppListener spp;
+  IMWPBtBleListener ble;
+  // Constructed last, it shows that the others before it in the registry kept nothing from it.
+  listeners.emplace(receptions);
+  for (const SignalDescription& signal : BluetoothInterface().signals) {
+    if (signal.name != kHeardByNobody) {
+      const OwnedVariant arguments(MakeTuple(signal.arguments, 0));
+      Send(signal, arguments.get());
+      ExpectOneKindHears(signal.name, TextsOf(arguments.get()));
+    }
+  }
+  // No signal of the interface is for this kind.
+  IMWPBtBleListener& anyBle = ble;
+  anyBle.OnBleDiscoveryResponse(1, 2);
+  anyBle.OnBleConnectStatusChanged("00:1A:7D:DA:71:13", 1);
+  anyBle.OnBleAllService(1);
+  anyBle.OnBleSmpNotify({}, "00:1A:7D:DA:71:13", 1, 2);
+  anyBle.OnBleCharNotify(1, nullptr, 0);
+  anyBle.OnBleGAttribResultNotify(1, nullptr, 0);
+  EXPECT_TRUE(log.OfLevel(100).empty());
+  EXPECT_TRUE(log.Complaints().empty());
+}
+
 }  // namespace
 }  // namespace bttest

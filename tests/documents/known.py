@@ -32,6 +32,8 @@ EXCEPTIONS = {
     "script/test --preset NAME": "NAME is to be replaced, and it is what runs this test",
     "script/test -R REGEX": "REGEX is to be replaced, and it is what runs this test",
     "script/lint": "it runs clang-tidy for an hour; .ci/run checks the format with it",
+    "script/valgrind": "it runs for many minutes; system_valgrind shows that it finds a leak",
+    "script/coverage": "it builds another preset and runs for minutes",
     "script/soak [MINUTES]": "it runs for minutes or hours; soak_test is a short one",
     "script/mutate [FILE...]": "it builds and tests for hours; unit_mutate tests the script itself",
     "tests/fuzz/run": "it builds another preset and runs for minutes; .ci/run runs it briefly",

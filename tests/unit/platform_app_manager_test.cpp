@@ -128,4 +128,33 @@ TEST_F(PlatformAppManager, NobodyIsTakenOutWhileAnotherThreadCallsTheListeners) 
   EXPECT_EQ(manager.GetListenerCount(), 2u);
 }
 
+TEST_F(PlatformAppManager, NoListenerIsEnteredOrTakenOutForNull) {
+  AddAll();
+  manager.AddListener(nullptr);
+  EXPECT_EQ(manager.GetListenerCount(), 3u);
+  manager.RemoveListener(nullptr);
+  manager.NotifyModuleStatus(up);
+  EXPECT_EQ(listeners[2].seen.size(), 1u);
+}
+
+TEST_F(PlatformAppManager, AListenerThatOverridesNothingDoesNothingWhateverItHears) {
+  IMWPAppListener listener;
+  manager.AddListener(&listener);
+  manager.AddListener(&listeners[0]);
+  manager.NotifyModuleStatus(up);
+  EXPECT_EQ(listeners[0].seen.size(), 1u);
+  manager.RemoveListener(&listener);
+
+  AppBootInfo info = up;
+  listener.OnModuleStatusChanged(info);
+  EXPECT_EQ(info.nModule, up.nModule);
+  EXPECT_EQ(info.nStatus, up.nStatus);
+  listener.OnSystemBootStageNotify(BOOT_STAGE_COMPLETE);
+  listener.OnAndroidAutoAbortHandle(1);
+  listener.OnAAConnectionTimeoutNotify(1, "device");
+  listener.OnReloadLogConfigNotify(LOG_LEVEL_DEBUG);
+  listener.OnResourceDataChangeNotify();
+  listener.OnProcRebootNotify(SERVICE_MODULE_BLUETOOTH);
+}
+
 }  // namespace

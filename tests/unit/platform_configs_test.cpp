@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -9,6 +10,7 @@
 #include <mwp/MWPLibConfigs.h>
 #include <mwp/MWPLog.h>
 
+#include "support/ChildProcess.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryDirectory.h"
 #include "unit/platform_files.h"
@@ -18,6 +20,7 @@ namespace {
 using platform_test::WriteFile;
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 class PlatformConfigs : public ::testing::Test {
  protected:
@@ -110,6 +113,23 @@ TEST_F(PlatformConfigs, APathOfAnotherFormIsReported) {
   WriteFile(file, "[setting]\nvolume=1\n");
   for (const char* path : {"", "/", "//", "volume", "/volume", "setting/volume", "/setting/", "//volume"}) {
     ExpectNoValue(path, "a path looks like /group/key");
+  }
+}
+
+TEST_F(PlatformConfigs, ALibraryThatCannotSayWhereItLiesHasNoDefaultsAndReportsThat) {
+  if (!std::filesystem::exists(PLATFORM_BUILT_DEFAULTS)) {
+    GTEST_SKIP() << "configured for a tree that does not fit into the build directory";
+  }
+  const auto run = [this](const char* failing) {
+    bttest::ChildProcess program({PLATFORM_PLACE_PROGRAM}, {{"PLATFORM_FAILING", failing},
+                                                            {"MWP_CONFIG_FILE", std::nullopt},
+                                                            {"XDG_CONFIG_HOME", directory.Path().string()}});
+    EXPECT_EQ(program.Wait(), 0);
+    return program.Output() + program.Errors();
+  };
+  EXPECT_EQ(run("nothing"), "1\n");
+  for (const char* failing : {"dladdr", "name", "realpath"}) {
+    EXPECT_THAT(run(failing), AllOf(StartsWith("0\n"), HasSubstr("no value for"))) << failing;
   }
 }
 

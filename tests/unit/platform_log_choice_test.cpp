@@ -83,6 +83,13 @@ TEST(PlatformLogChoice, TheLevelIsGivenByNameOrNumber) {
   }
 }
 
+TEST(PlatformLogChoice, AnEmptyLevelIsTheDefault) {
+  const Outcome run = RunProgram({{"MWP_LOG_LEVEL", ""}});
+  EXPECT_FALSE(Has(run.All(), "MWP_LOG_LEVEL")) << run.All();
+  EXPECT_FALSE(Has(run.All(), "line debug")) << run.All();
+  EXPECT_TRUE(Has(run.All(), "line info")) << run.All();
+}
+
 TEST(PlatformLogChoice, ALevelThatIsNoneIsReportedAndInfoTaken) {
   for (const char* level : {"loud", "19", "101", "40x", "99999999999999999999"}) {
     const Outcome run = RunProgram({{"MWP_LOG_LEVEL", level}});

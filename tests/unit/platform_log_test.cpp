@@ -167,4 +167,9 @@ TEST_F(PlatformLog, ThereIsNoCategoryWithoutANameAndLoggingToNoneDoesNothing) {
   EXPECT_TRUE(log.Take().empty());
 }
 
+TEST_F(PlatformLog, ATextThatTheLocaleCannotExpressIsLoggedAsItsFormat) {
+  zlog(liblog_category, "file", 4, "function", 8, 1, MWP_LOG_INFO, "the name is %ls", L"\u4e16");
+  EXPECT_EQ(OnlyRecord()["MESSAGE"], "the name is %ls");
+}
+
 }  // namespace

@@ -1,17 +1,22 @@
 // A write is safe from a power cut: the order in which its content, its name and its directory are made to
 // last. The calls of the C library that matter are noted on their way.
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include <dlfcn.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <mwp/MWPPersistService.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "support/LogCapture.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {
@@ -20,6 +25,8 @@ std::vector<std::string>& Steps() {
   static std::vector<std::string> steps;
   return steps;
 }
+
+bool s_hasNoLocks = false;
 
 template <typename Function>
 Function Original(const char* name) {
@@ -42,6 +49,14 @@ __attribute__((visibility("default"))) int rename(const char* from, const char* 
   Steps().push_back("rename to " + std::string(to));
   return Original<int (*)(const char*, const char*)>("rename")(from, to);
 }
+
+__attribute__((visibility("default"))) int flock(int descriptor, int operation) noexcept {
+  if (s_hasNoLocks) {
+    errno = ENOLCK;
+    return -1;
+  }
+  return Original<int (*)(int, int)>("flock")(descriptor, operation);
+}
 }
 
 namespace {
@@ -58,6 +73,19 @@ TEST(PlatformPersistDurability, TheContentIsOnTheDiskBeforeItGetsTheNameAndTheNa
     EXPECT_EQ(Steps(), expected) << kind;
   }
   unsetenv("MWP_PERSIST_FILE");
+}
+
+TEST(PlatformPersistDurability, AWriteFailsWithOneErrorLineWhereTheKernelHasNoLockLeft) {
+  const bttest::TemporaryDirectory directory;
+  const bttest::LogCapture log;
+  const std::string store = directory.Path() / "persist.ini";
+  setenv("MWP_PERSIST_FILE", store.c_str(), 1);
+  s_hasNoLocks = true;
+  EXPECT_NE(MWP_GetA7PersistService()->WriteInt(8, 303, 1, 0), 0);
+  s_hasNoLocks = false;
+  unsetenv("MWP_PERSIST_FILE");
+  EXPECT_THAT(log.Messages(), testing::ElementsAre(testing::HasSubstr("cannot lock " + store)));
+  EXPECT_FALSE(std::filesystem::exists(store));
 }
 
 }  // namespace

@@ -1,19 +1,27 @@
 // Persisted values: what is read back, where it is kept, and what becomes of a store that is damaged.
 
+#include <atomic>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <thread>
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <mwp/MWPLog.h>
 #include <mwp/MWPPersistService.h>
+#include <pthread.h>
+#include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "support/LogCapture.h"
 #include "support/TemporaryDirectory.h"
+#include "support/Waiting.h"
 #include "unit/platform_files.h"
-#include "unit/platform_process.h"
 
 namespace {
 
@@ -110,17 +118,6 @@ TEST_F(PlatformPersist, TheEnvironmentNamesTheStoreAtEachUse) {
   EXPECT_EQ(Read(303), 1);
 }
 
-TEST_F(PlatformPersist, WithoutTheVariableTheStoreIsInTheUsersStateDirectory) {
-  // In a process of its own, because GLib looks for that directory once.
-  const pid_t child = platform_test::StartProcess([this] {
-    unsetenv("MWP_PERSIST_FILE");
-    setenv("XDG_STATE_HOME", (directory.Path() / "home").c_str(), 1);
-    return Write(303, 4) == 0;
-  });
-  EXPECT_TRUE(platform_test::Succeeded(child));
-  EXPECT_EQ(ReadFile(directory.Path() / "home/libbt/persist.ini"), "[category-8]\n303=4\n");
-}
-
 struct Damage {
   const char* name;
   std::string content;
@@ -182,6 +179,8 @@ TEST_F(PlatformPersist, AWriteFailsWithOneErrorLineWhereNoDirectoryCanBeMade) {
 
   EXPECT_NE(Write(303, 1), 0);
   ExpectOneError("cannot make the directory");
+  EXPECT_EQ(Read(303), kUntouched);
+  ExpectOneError("cannot read");
 }
 
 TEST_F(PlatformPersist, AWriteFailsWithOneErrorLineWhereTheLockCannotBeMade) {
@@ -192,6 +191,80 @@ TEST_F(PlatformPersist, AWriteFailsWithOneErrorLineWhereTheLockCannotBeMade) {
   EXPECT_NE(Write(303, 2), 0);
   ExpectOneError("cannot lock");
   EXPECT_EQ(Read(303), 1);
+}
+
+TEST_F(PlatformPersist, AWriteFailsWithOneErrorLineWhereABrokenStoreCannotBeSetAside) {
+  ASSERT_EQ(Write(303, 1), 0);
+  WriteFile(store, "garbage");
+  std::filesystem::create_directories(store + ".broken/in the way");
+
+  EXPECT_NE(Write(303, 2), 0);
+  ExpectOneError("cannot be moved to");
+  EXPECT_EQ(ReadFile(store), "garbage");
+}
+
+/// The process may have no more of something while this lives.
+class Limit {
+ public:
+  Limit(__rlimit_resource resource, rlim_t most) : m_resource(resource) {
+    getrlimit(resource, &m_before);
+    rlimit limit = m_before;
+    limit.rlim_cur = most;
+    setrlimit(resource, &limit);
+  }
+  ~Limit() { setrlimit(m_resource, &m_before); }
+
+ private:
+  const __rlimit_resource m_resource;
+  rlimit m_before = {};
+};
+
+TEST_F(PlatformPersist, AWriteThatTheDiskRefusesFailsWithOneErrorLineAndKeepsTheOldValues) {
+  ASSERT_EQ(Write(303, 1), 0);
+  std::signal(SIGXFSZ, SIG_IGN);
+  {
+    const Limit noByteMore(RLIMIT_FSIZE, 0);
+    EXPECT_NE(Write(303, 2), 0);
+  }
+  ExpectOneError("cannot write");
+  EXPECT_EQ(Read(303), 1);
+}
+
+TEST_F(PlatformPersist, AReadFailsWithOneErrorLineWhereTheStoreCannotBeOpened) {
+  ASSERT_EQ(Write(303, 1), 0);
+  {
+    const Limit noFileMore(RLIMIT_NOFILE, 0);
+    EXPECT_EQ(Read(303), kUntouched);
+  }
+  ExpectOneError("cannot read");
+  EXPECT_EQ(Read(303), 1);
+}
+
+std::atomic<int> s_interruptions{0};
+
+TEST_F(PlatformPersist, AWriteThatASignalInterruptsGoesOnWaitingForTheLock) {
+  ASSERT_EQ(Write(303, 1), 0);
+  struct sigaction interrupt = {};
+  interrupt.sa_handler = [](int) { ++s_interruptions; };  // without SA_RESTART: the call returns
+  sigaction(SIGUSR1, &interrupt, nullptr);
+  const int lock = open((store + ".lock").c_str(), O_RDWR | O_CLOEXEC);
+  ASSERT_EQ(flock(lock, LOCK_EX), 0);
+
+  std::atomic<bool> isDone{false};
+  std::thread writer([&] {
+    EXPECT_EQ(Write(303, 2), 0);
+    isDone = true;
+  });
+  EXPECT_TRUE(bttest::WaitUntil([&] {
+    pthread_kill(writer.native_handle(), SIGUSR1);
+    return s_interruptions >= 20;
+  }));
+  EXPECT_FALSE(isDone);
+  EXPECT_EQ(Read(303), 1);
+  close(lock);
+  writer.join();
+  EXPECT_EQ(Read(303), 2);
+  EXPECT_TRUE(log.Records().empty());
 }
 
 }  // namespace
