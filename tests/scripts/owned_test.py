@@ -27,6 +27,7 @@ EXCEPTIONS = {
     "glib/": "the owners themselves",
     "tests/unit/owned_test.cpp": "tests them",
     "examples/": "what an application needs to know, without anything of this tree but the library's headers",
+    "docs/screens/": "as the examples",
     "bench/harness/MeasuredRequests.h": "the yardstick by hand, which must not change with this tree",
     "bench/harness/MeasuredEvents.cpp": "disconnects handlers that are the library's, and never end otherwise",
 }
