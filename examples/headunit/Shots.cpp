@@ -10,7 +10,8 @@ namespace {
 enum Page { PHONE, CONTACTS, MUSIC, SETTINGS };
 
 constexpr int kLookMs = 250;
-constexpr int kMostLooks = 120;  // half a minute, far more than it takes
+constexpr int kMostLooks = 120;        // half a minute, far more than it takes
+constexpr int kMostLooksForRest = 12;  // three seconds: a countdown never comes to rest, and its end is near
 constexpr int kBestCompression = 0;
 
 }  // namespace
@@ -76,7 +77,7 @@ void Shots::look() {
   const bool isLast = ++m_looks == kMostLooks;
   if (m_bt.isFresh() && shot.isReady()) {
     const QImage image = m_window.grabWindow();
-    if (image != m_before && !isLast) {
+    if (image != m_before && ++m_looksForRest < kMostLooksForRest && !isLast) {
       m_before = image;
       return;
     }
@@ -111,6 +112,7 @@ bool Shots::write(const QImage& image, const QString& name) {
 
 void Shots::next() {
   m_looks = 0;
+  m_looksForRest = 0;
   m_before = QImage();
   if (++m_place < m_shots.size()) {
     m_shots[m_place].prepare();

@@ -48,7 +48,8 @@ class Shots : public QObject {
   QString m_directory;
   std::vector<Shot> m_shots;
   std::size_t m_place = 0;  ///< of the shot that is taken
-  int m_looks = 0;
+  int m_looks = 0;          ///< since it was prepared
+  int m_looksForRest = 0;   ///< since there was something to draw
   QImage m_before;
   QTimer m_timer;
 };

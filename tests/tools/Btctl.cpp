@@ -61,6 +61,11 @@ Ran Ended(ChildProcess& process) {
   return {code, process.Output(), process.Errors()};
 }
 
+bool WaitForErrors(ChildProcess& process, const std::string& text) {
+  return WaitUntil([&] { return process.Errors().find(text) != std::string::npos || !process.IsAlive(); }) &&
+         process.Errors().find(text) != std::string::npos;
+}
+
 void BtctlWithRecorder::Accept(const std::string& method) {
   std::vector<GVariant*> values;
   for (const ArgumentDescription& out : BluetoothInterface().Method(method).out) {

@@ -40,6 +40,8 @@ Words CommandLine(const Words& words);
 Ran RunBtctl(const Words& words, const ChildProcess::Environment& changes = {});
 /// What a btctl that was started left; waits for its end.
 Ran Ended(ChildProcess& process);
+/// Whether the process, while it lives, writes this to standard error.
+bool WaitForErrors(ChildProcess& process, const std::string& text);
 
 /// A bus without the service.
 struct BtctlWithBus : testing::Test {

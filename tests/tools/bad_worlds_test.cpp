@@ -35,11 +35,6 @@ void ExpectFailure(const Ran& ran, int code, const std::string& message) {
   EXPECT_LE(std::count(ran.errors.begin(), ran.errors.end(), '\n'), 2) << ran.errors;
 }
 
-bool WaitForErrors(ChildProcess& process, const std::string& text) {
-  return WaitUntil([&] { return process.Errors().find(text) != std::string::npos || !process.IsAlive(); }) &&
-         process.Errors().find(text) != std::string::npos;
-}
-
 TEST(WithoutABus, TheMessageSaysWhichVariableIsMissing) {
   MakeDummySegments();
   ExpectFailure(RunBtctl({"power", "status"}), NO_BUS, "DBUS_SESSION_BUS_ADDRESS is not set\n");

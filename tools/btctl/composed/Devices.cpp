@@ -152,6 +152,7 @@ void ListDevices(Context& context, const Given& given) {
       session.Begin(std::nullopt);  // it takes as long as it was asked to
     }
     if (isSearching) {
+      context.output.Note("listening to a search that somebody else has begun");
       session.WaitUntil([&] { return !isSearching; }, searchFor);
     } else {
       SearchFor(context, searchFor, [](const Event&) {});
