@@ -1,5 +1,6 @@
 #include "support/MainLoop.h"
 
+#include <atomic>
 #include <future>
 
 #include "glib/OwnedId.h"
@@ -55,12 +56,15 @@ void LoopThread::Invoke(const std::function<void()>& task) {
     const std::function<void()>& task;
     std::promise<void> done;
   } job{task, {}};
+  // The loop's lock orders the two threads, but ThreadSanitizer does not see GLib's locks.
+  std::atomic<Job*> handedOver;
+  handedOver.store(&job, std::memory_order_release);
   const OwnedSource source(g_idle_source_new());
   g_source_set_priority(source.get(), G_PRIORITY_DEFAULT);
   g_source_set_callback(
       source.get(),
       [](gpointer data) -> gboolean {
-        auto* const job = static_cast<Job*>(data);
+        Job* const job = static_cast<std::atomic<Job*>*>(data)->load(std::memory_order_acquire);
         try {
           job->task();
           job->done.set_value();
@@ -69,7 +73,7 @@ void LoopThread::Invoke(const std::function<void()>& task) {
         }
         return G_SOURCE_REMOVE;
       },
-      &job, nullptr);
+      &handedOver, nullptr);
   // A source, not g_main_context_invoke(): that would run the task right here before the loop has the
   // context.
   g_source_attach(source.get(), m_context.get());
