@@ -14,7 +14,6 @@ using bttest::DeviceItems;
 using bttest::SegmentItems;
 using bttest::Wait;
 using bttest::WaitFor;
-using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
