@@ -27,7 +27,7 @@ EXCEPTIONS = {
     "script/package": "it compiles everything for minutes; packaging/test_packages tests the packages",
     "script/package --twice": "as script/package, twice",
     "apt install ./libbt1_*.deb ./libbt-dev_*.deb ./libbtasync0_*.deb ./btctl_*.deb ./btservice-sim_*.deb":
-        "it installs on this machine; packaging/test_packages does it in a root of its own",
+        "it installs on this machine; packaging/test_packages installs them in a root of its own",
     "script/test --library": "it is what runs this test",
     "script/test --preset NAME": "NAME is to be replaced, and it is what runs this test",
     "script/test -R REGEX": "REGEX is to be replaced, and it is what runs this test",
