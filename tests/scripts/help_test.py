@@ -91,6 +91,11 @@ class TheHelp(unittest.TestCase):
                 self.assertIn("--no-such-option", answer.stderr)
                 self.assertIn("--help", answer.stderr)
 
+    def test_PackagesTakesNoOptionOfCtest(self):
+        answer = run("script/test", "--packages", "-R", "demo")
+        self.assertEqual((answer.returncode, answer.stdout), (2, ""))
+        self.assertIn("-R", answer.stderr)
+
     def test_Groups(self):
         groups = groups_of_bootstrap()
         self.assertLessEqual({"build", "test", "all", "armhf"}, set(groups))

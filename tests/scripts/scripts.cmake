@@ -1,6 +1,6 @@
 # What the scripts' help texts and the documents promise about the scripts.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
-foreach(promise Help Options UnknownOptions Groups Dependencies Sections Documents)
+foreach(promise Help Options UnknownOptions PackagesTakesNoOptionOfCtest Groups Dependencies Sections Documents)
   bt_add_source_test(NAME scripts_help/${promise}
     Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/help_test.py ${CMAKE_SOURCE_DIR} TheHelp.test_${promise})
 endforeach()
