@@ -28,6 +28,14 @@ done
 NOISE = re.compile(r"^dbus-daemon.*Failed to set fd limit.*\n", re.MULTILINE)
 
 
+def phone_has_come(calls):
+    """A piece of a script: waits until the service is there, and a phone with so many calls in its log, the last that it brings."""
+    return f"""
+gdbus wait --session --timeout 60 com.zelk.linux.bluetooth || exit 99
+for try in {{1..600}}; do [[ $(btctl log count all 2>/dev/null) == {calls} ]] && break; sleep 0.1; done
+"""
+
+
 class Running:
     """A command that runs, with all that it starts, in a process group of its own."""
 

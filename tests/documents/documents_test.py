@@ -13,7 +13,7 @@ import unittest
 
 import blocks
 import known
-from checkout import Checkout
+from checkout import Checkout, phone_has_come
 
 TREE, BUILD = (pathlib.Path(sys.argv.pop(1)).resolve() for _ in range(2))
 DOCUMENTS = sorted(path for pattern in ("*.md", "*/*.md", "*/*/*.md") for path in TREE.glob(pattern)
@@ -21,11 +21,7 @@ DOCUMENTS = sorted(path for pattern in ("*.md", "*/*.md", "*/*/*.md") for path i
 
 # Prints a mark and restores the exit status, so that 'echo $?' shows that of the command before.
 NEXT = "\n{ status=$?; printf '\\n@next@\\n'; (exit $status); } 2>&1\n"
-# A phone that has come, with all that it brings.
-PHONE_IS_THERE = """
-gdbus wait --session --timeout 60 com.zelk.linux.bluetooth || exit 99
-for try in {1..600}; do [[ $(btctl log count all 2>/dev/null) == 3 ]] && break; sleep 0.1; done
-"""
+PHONE_IS_THERE = phone_has_come(calls=3)
 PLACEHOLDERS = {"/path/to/your/platform": "$PWD/platform"}
 
 # How a group of commands is run, by what they begin with; each command of the documents belongs to one of them.
@@ -103,7 +99,6 @@ class WhatIsRun(unittest.TestCase):
         self.assertEqual(set(known.NOT_COMMANDS) - firsts, set())
         self.assertEqual({text for text in known.SYNOPSES if not any(text in path.read_text() for path in DOCUMENTS)}, set())
         self.assertIn(known.RUN_BY_PACKAGING, (TREE / "packaging/CMakeLists.txt").read_text())
-
 
     def test_ThePicturesOfTheHeadUnitAreThereAndSmall(self):
         pictures = [TREE / name for name in PICTURES.findall((TREE / "README.md").read_text())]

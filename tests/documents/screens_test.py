@@ -12,7 +12,7 @@ import sys
 import unittest
 
 import blocks
-from checkout import Checkout
+from checkout import Checkout, phone_has_come
 
 TREE, BUILD, PROGRAMS = (pathlib.Path(sys.argv.pop(1)).resolve() for _ in range(3))
 GUIDE = f"docs/screens/{sys.argv.pop(1)}.md"
@@ -22,12 +22,11 @@ STARTS = re.compile(r"\./(\w+) <>buttons &")
 MARK = "@next@"
 CONTROLS = TREE / "service/simulation/com.zelk.linux.bluetooth.sim.xml"
 
-# As the README of the guides has it: the service, then wait until the phone has come with all that it brings.
+# As the README of the guides has it: the service, then wait until the phone has come.
 PREPARATION = """
 trap 'kill $(jobs -p) 2>/dev/null' EXIT  # a program outlives its bus
 btservice --no-state --world docs/screens/desk.json >/dev/null 2>&1 &
-gdbus wait --session --timeout 60 com.zelk.linux.bluetooth || exit 99
-for try in {1..600}; do [[ $(btctl log count all 2>/dev/null) == 2 ]] && break; sleep 0.1; done
+""" + phone_has_come(calls=2) + """
 rm -f buttons terminal
 mkfifo buttons
 touch terminal
@@ -75,7 +74,6 @@ class TheGuide(InACheckout):
         appeared = output.rpartition(MARK)[2].splitlines()[1:]
         return [(command.text, sorted(appeared[begin:end]))
                 for command, begin, end in zip(session, begins, begins[1:])]
-
 
     def test_NamesOnlyControlsThatThereAre(self):
         methods = re.findall(r'<method name="(\w+)"', CONTROLS.read_text())

@@ -8,7 +8,7 @@ import re
 import sys
 import unittest
 
-from checkout import Checkout
+from checkout import Checkout, phone_has_come
 
 TREE, BUILD = (pathlib.Path(sys.argv.pop(1)).resolve() for _ in range(2))
 TEXT = (TREE / "docs/writing-a-service.md").read_text()
@@ -89,8 +89,7 @@ class TheSegments(unittest.TestCase):
         status, output = self.checkout.run_in_sandbox(f"""
 trap 'kill $(jobs -p) 2>/dev/null' EXIT
 btservice --no-state --world docs/screens/desk.json >/dev/null 2>&1 &
-gdbus wait --session --timeout 60 com.zelk.linux.bluetooth || exit 99
-for try in {{1..600}}; do [[ $(btctl log count all 2>/dev/null) == 2 ]] && break; sleep 0.1; done
+{phone_has_come(calls=2)}
 btctl contacts list >/dev/null
 python3 print_segment.py {contacts[1]} {len(shown.split())}
 """)
