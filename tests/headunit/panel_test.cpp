@@ -45,7 +45,8 @@ void PanelTest::thePhoneRingsAnswersAndHangsUp() {
 void PanelTest::thePhonePlays() {
   RunningHeadUnit unit(deskWorld(), withPhone());
   unit.open(MUSIC);
-  QVERIFY(unit.waitFor([&] { return unit.shows(QStringLiteral("title")); }));
+  // The connection for the sound is first. A phone has modes to play in as soon as it can be controlled.
+  QVERIFY(unit.waitFor([&] { return !unit.bt().music()->repeatModes().isEmpty(); }));
   QVERIFY(unit.tap(QStringLiteral("phonePlays")));
   QVERIFY(unit.waitFor([&] { return unit.bt().music()->state() == btqt::Music::Playing; }));
   QVERIFY(unit.tap(QStringLiteral("phonePauses")));
