@@ -277,6 +277,28 @@ TEST_F(MirrorTest, HasNoFreshPositionUntilItIsReported) {
   EXPECT_TRUE(mirror->Now().position.fresh);
 }
 
+TEST_F(MirrorTest, HasNoFreshPositionUntilItIsAnswered) {
+  fake.WillFail(&Service::GetPlayPosition, Reason::TimedOut);
+  const auto mirror = Mirrored(PART_POSITION);
+  fake.Settle();
+  EXPECT_THAT(fake.Requests(), Contains("RegGetPlayStatus(true, 1000)"));
+  EXPECT_FALSE(mirror->Now().position.fresh);
+  fake.WillAnswer(&Service::GetPlayPosition, PlayPosition{1000, 167000});
+  fake.Advance(std::chrono::seconds(5));
+  EXPECT_TRUE(mirror->Now().position.fresh);
+}
+
+TEST_F(MirrorTest, HasNoFreshPositionOfAServiceThatReportsNone) {
+  const auto mirror = Settled(PART_POSITION);
+  fake.SetAvailability(Availability::Absent);
+  fake.Settle();
+  fake.WillFail(&Service::ReportPosition, Reason::TimedOut);
+  fake.SetAvailability(Availability::Present);
+  fake.Settle();
+  EXPECT_THAT(fake.Requests(), Contains("RegGetPlayStatus(true, 1000)"));
+  EXPECT_FALSE(mirror->Now().position.fresh) << "the one before has reported it";
+}
+
 TEST_F(MirrorTest, FetchesListsThatHaveChanged) {
   const auto mirror = Settled(PART_CONTACTS | PART_FAVORITES | PART_LOGS);
   fake.Emit(CallLogsChanged());
