@@ -2,98 +2,24 @@
 #define BTASYNC_SERVICE_H
 
 #include <chrono>
-#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include <btasync/Answer.h>
+#include <btasync/Availability.h>
 #include <btasync/Events.h>
 #include <btasync/Export.h>
 #include <btasync/Records.h>
 #include <btasync/Request.h>
 #include <btasync/Scope.h>
+#include <btasync/Subscription.h>
 #include <btasync/Text.h>
-#include <btasync/Timer.h>
 
 struct _GMainContext;
 
 namespace btasync {
 inline namespace v0 {
-
-/// Whether the Bluetooth service is there.
-enum class Availability {
-  Unknown,  ///< not known yet: the first moments
-  NoBus,    ///< no session bus, or the connection to it was lost; tried again every second
-  Absent,   ///< nobody on the bus has the service's name
-  Present,  ///< somebody has; what was known of the service before is void
-};
-
-/// A word for it: "absent".
-BTASYNC_API const char* ToText(Availability availability);
-
-namespace detail {
-
-struct EventKind;
-
-class Subscribers;
-
-/// What waits for a kind of event.
-class BTASYNC_API Subscription : public Held {
- public:
-  /// Runs what waits, with an event of the subscription's kind. Nothing that is thrown there goes further.
-  void Run(const void* event);
-  void Drop() override;
-
- protected:
-  Subscription() = default;
-  /// Runs, with the availability that is known now.
-  void RunWithNow(const Backend& backend);
-  ~Subscription() override;
-  virtual void Deliver(const void* event) = 0;
-
- private:
-  friend class Subscribers;
-  Subscribers* m_subscribers = nullptr;
-  Subscription* m_nextOfKind = nullptr;
-  Subscription* m_previousOfKind = nullptr;
-  unsigned long m_number = 0;
-  int m_runs = 0;
-  bool m_isDropped = false;
-};
-
-template <typename Event, typename Function>
-class EventSubscription final : public Subscription {
- public:
-  explicit EventSubscription(Function&& function) : m_function(std::move(function)) {}
-
- private:
-  void Deliver(const void* event) override { m_function(*static_cast<const Event*>(event)); }
-
-  Function m_function;
-};
-
-/// Runs once by itself, with what is known then, and at each change.
-template <typename Function>
-class AvailabilitySubscription final : public Subscription {
- public:
-  AvailabilitySubscription(Service& service, Function&& function);
-
- private:
-  void Deliver(const void* event) override {
-    m_first.Stop();
-    m_function(*static_cast<const Availability*>(event));
-  }
-
-  Function m_function;
-  Timer m_first;
-};
-
-/// The kind of an event; there is one for each structure of Events.h, and for Availability.
-template <typename Event>
-BTASYNC_API const EventKind& KindOf();
-
-}  // namespace detail
 
 /// The Bluetooth service, without ever waiting for it. One object per loop is enough. It may live beside the
 /// MWPBt… facades, with which it shares nothing.
@@ -131,7 +57,7 @@ class BTASYNC_API Service {
   void OnAvailability(Scope& scope, Function callback) {
     if (MaySubscribe(scope)) {
       Subscribe(detail::KindOf<Availability>(), scope,
-                *new detail::AvailabilitySubscription<Function>(*this, std::move(callback)));
+                *new detail::AvailabilitySubscription<Function>(*this, *m_backend, std::move(callback)));
     }
   }
   /// Calls back, by the loop, for each event of a kind: service.On<PowerChanged>(scope, [](const
@@ -623,16 +549,6 @@ class BTASYNC_API Service {
 
   detail::Backend* m_backend;
 };
-
-namespace detail {
-
-template <typename Function>
-AvailabilitySubscription<Function>::AvailabilitySubscription(Service& service, Function&& function)
-    : m_function(std::move(function)), m_first(service) {
-  m_first.Start(std::chrono::milliseconds(0), [this, &end = service.End()] { RunWithNow(end); });
-}
-
-}  // namespace detail
 
 }  // namespace v0
 }  // namespace btasync

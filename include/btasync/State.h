@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
+#include <btasync/Availability.h>
 #include <btasync/Events.h>
 #include <btasync/Export.h>
 #include <btasync/Records.h>
-#include <btasync/Service.h>
 
 // What is known of the service: what a screen draws. Plain values. Mirror.h keeps them current.
 //
