@@ -24,6 +24,18 @@ foreach(promise
     Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/ci_test.py ${CMAKE_SOURCE_DIR} ${promise})
 endforeach()
 
+# What the scripts do on machines that are not like this one.
+foreach(promise
+    Tests.test_ALanguageThatIsNotInstalledIsOfNoMatter Tests.test_SanitizersGetAddressesThatTheyKnow
+    Tests.test_SanitizersRunWhereAddressesCannotBeFixed Stages.test_ALanguageThatIsNotInstalledIsOfNoMatter
+    Benchmarks.test_WhatTheyNeedIsInstalledFirst Fuzzing.test_WhatItNeedsIsInstalledFirst
+    Fuzzing.test_TheSanitizersGetAddressesThatTheyKnow Fuzzing.test_ItRunsWhereAddressesCannotBeFixed
+    Fuzzing.test_NoInputOfTheCorpusIsCutOff)
+  string(REPLACE ".test_" "." name ${promise})
+  bt_add_source_test(NAME scripts_elsewhere/${name}
+    Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/elsewhere_test.py ${CMAKE_SOURCE_DIR} ${promise})
+endforeach()
+
 # What debian/ says twice, or has to say.
 foreach(promise TheVersionIsThatOfTheLibrary WhatTheBuildNeedsIsInstalledByBootstrap NothingIsTakenBecauseItIsFound
                 EachOverrideHasItsReason)

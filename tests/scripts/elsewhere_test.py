@@ -1,0 +1,117 @@
+#!/usr/bin/env python3
+"""Holds the scripts to what they do on machines that are not like the one on which they were written.
+
+Usage: elsewhere_test.py TREE [TEST...]
+"""
+import pathlib
+import re
+import subprocess
+import sys
+import unittest
+
+from stub_tree import StubTreeTest
+
+StubTreeTest.TREE = pathlib.Path(sys.argv.pop(1)).resolve() if len(sys.argv) > 1 else pathlib.Path.cwd()
+# No machine has this language, and each bash says so.
+STRANGE_LANGUAGE = {"LANG": "xx_XX.UTF-8", "LC_ALL": "xx_XX.UTF-8", "LANGUAGE": "xx"}
+SHOW_LANGUAGE = 'echo "language: $LC_ALL ${LANGUAGE-none}"'
+KNOWN_LANGUAGE = "language: C.UTF-8 none"
+SETARCH_ALLOWED = 'shift; exec "$@"'
+SETARCH_FORBIDDEN = "echo 'setarch: failed to set personality: Operation not permitted' >&2; exit 1"
+
+
+class Tests(StubTreeTest):
+    """script/test."""
+
+    def setUp(self):
+        super().setUp()
+        self.copy("script/test", "tests/support/with-fixed-addresses")
+        for script in ("script/bootstrap", "script/build"):
+            self.stub(script)
+        self.program("ctest", SHOW_LANGUAGE)
+        self.program("setarch", SETARCH_ALLOWED)
+
+    def test_ALanguageThatIsNotInstalledIsOfNoMatter(self):
+        answer = self.run_script("script/test", **STRANGE_LANGUAGE)
+        self.assertEqual(answer.returncode, 0, answer.stderr)
+        self.assertIn(KNOWN_LANGUAGE, answer.stdout.splitlines())
+
+    def test_SanitizersGetAddressesThatTheyKnow(self):
+        for option in ("--asan", "--tsan"):
+            with self.subTest(option):
+                self.log.unlink(missing_ok=True)
+                self.assertEqual(self.run_script("script/test", option).returncode, 0)
+                run = [call for call in self.calls() if call.startswith("setarch --addr-no-randomize ctest")]
+                self.assertEqual(len(run), 1, self.calls())
+
+    def test_SanitizersRunWhereAddressesCannotBeFixed(self):
+        self.program("setarch", SETARCH_FORBIDDEN)
+        for option in ("--asan", "--tsan"):
+            with self.subTest(option):
+                self.log.unlink(missing_ok=True)
+                answer = self.run_script("script/test", option)
+                self.assertEqual((answer.returncode, answer.stderr), (0, ""))
+                self.assertEqual(len([call for call in self.calls() if call.startswith("ctest ")]), 1, self.calls())
+
+
+class Stages(StubTreeTest):
+    """script/ci."""
+
+    def test_ALanguageThatIsNotInstalledIsOfNoMatter(self):
+        self.copy("script/ci")
+        self.write(".ci/stages", f"one | always | bash -c {SHOW_LANGUAGE!r} | o\n")
+        answer = self.run_script("script/ci", **STRANGE_LANGUAGE)
+        self.assertEqual(answer.returncode, 0, answer.stderr)
+        self.assertIn(KNOWN_LANGUAGE, answer.stdout.splitlines())
+
+
+class Benchmarks(StubTreeTest):
+    """script/bench."""
+
+    def test_WhatTheyNeedIsInstalledFirst(self):
+        self.copy("script/bench")
+        for script in ("script/bootstrap", "script/build", "script/sandbox"):
+            self.stub(script)
+        self.assertEqual(self.run_script("script/bench", "--instructions").returncode, 0)
+        self.assertEqual([call.split()[0] for call in self.calls()],
+                         ["script/bootstrap", "script/build", "script/sandbox"])
+        self.assertLessEqual({"build", "tools", "bench"}, set(self.calls()[0].split()))
+
+
+class Fuzzing(StubTreeTest):
+    """tests/fuzz/run."""
+
+    def setUp(self):
+        super().setUp()
+        self.copy("tests/fuzz/run", "tests/support/with-fixed-addresses")
+        for script in ("script/bootstrap", "script/build", "script/sandbox"):
+            self.stub(script)
+        (self.tree / "build/fuzz").mkdir(parents=True)
+
+    def test_WhatItNeedsIsInstalledFirst(self):
+        self.assertEqual(self.run_script("tests/fuzz/run", "lines").returncode, 0)
+        self.assertEqual([call.split()[0] for call in self.calls()][:2], ["script/bootstrap", "script/build"])
+        self.assertLessEqual({"build", "fuzz"}, set(self.calls()[0].split()))
+
+    def test_TheSanitizersGetAddressesThatTheyKnow(self):
+        self.program("setarch", SETARCH_ALLOWED)
+        self.assertEqual(self.run_script("tests/fuzz/run", "lines").returncode, 0)
+        self.assertTrue(any(re.match(r"setarch --addr-no-randomize \S*/script/sandbox .*bt_fuzz_lines ", call)
+                            for call in self.calls()), self.calls())
+
+    def test_ItRunsWhereAddressesCannotBeFixed(self):
+        self.program("setarch", SETARCH_FORBIDDEN)
+        answer = self.run_script("tests/fuzz/run", "lines")
+        self.assertEqual((answer.returncode, answer.stderr), (0, ""))
+        self.assertEqual(len([call for call in self.calls() if call.startswith("script/sandbox ")]), 1)
+
+    def test_NoInputOfTheCorpusIsCutOff(self):
+        self.assertEqual(self.run_script("tests/fuzz/run", "lines").returncode, 0)
+        longest = int(re.search(r" -max_len=(\d+) ", self.calls()[-1])[1])
+        inputs = [path for path in (self.TREE / "tests/fuzz/corpus").rglob("*") if path.is_file()]
+        self.assertTrue(inputs)
+        self.assertEqual([path.name for path in inputs if path.stat().st_size > longest], [])
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
