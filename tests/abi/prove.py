@@ -101,8 +101,9 @@ CHANGES = (
 
 def copy_tree(copy):
     """Copies what is in git, as it is now; a file that is the same keeps its time."""
-    listed = subprocess.run(["git", "-C", TREE, "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
-                            stdout=subprocess.PIPE, check=True).stdout.decode().split("\0")
+    # Also where the tree belongs to another user, as it may in a container: git would not read it.
+    listed = subprocess.run(["git", "-C", TREE, "-c", f"safe.directory={TREE}", "ls-files", "-z", "--cached", "--others",
+                             "--exclude-standard"], stdout=subprocess.PIPE, check=True).stdout.decode().split("\0")
     for name in filter(None, listed):
         source, target = TREE / name, copy / name
         if not source.is_file():

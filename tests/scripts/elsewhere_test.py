@@ -3,8 +3,10 @@
 
 Usage: elsewhere_test.py TREE [TEST...]
 """
+import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import unittest
@@ -111,6 +113,88 @@ class Fuzzing(StubTreeTest):
         inputs = [path for path in (self.TREE / "tests/fuzz/corpus").rglob("*") if path.is_file()]
         self.assertTrue(inputs)
         self.assertEqual([path.name for path in inputs if path.stat().st_size > longest], [])
+
+
+class Checkouts(StubTreeTest):
+    """What knows the sources from git. GIT_TEST_ASSUME_DIFFERENT_OWNER is git's own way to test its distrust."""
+    FOREIGN = {"GIT_TEST_ASSUME_DIFFERENT_OWNER": "1"}
+
+    def setUp(self):
+        super().setUp()
+        self.stub("script/bootstrap")
+        self.stub("script/build")
+        self.program("clang-format")
+        self.copy("script/lint", "script/package", "script/mutate", "tests/abi/prove.py", ".gitignore")
+        self.write("ipc/main.cpp", "int main(int argc, char**) {\n  return argc == 1;\n}\n")
+        self.git("init", "--quiet")
+        self.git("add", ".")
+        self.git("-c", "user.name=test", "-c", "user.email=test@localhost", "commit", "--quiet", "--message=first")
+
+    def git(self, *arguments):
+        subprocess.run(["git", *arguments], cwd=self.tree, check=True)
+
+    def formatted(self):
+        return [call for call in self.calls() if call.startswith("clang-format ")]
+
+    def test_LintReadsThatOfAnotherOwner(self):
+        for arguments in ([], ["--changed"]):
+            with self.subTest(arguments):
+                self.write("ipc/main.cpp", "int main() {}\n")
+                self.log.unlink(missing_ok=True)
+                answer = self.run_script("script/lint", "--format", *arguments, **self.FOREIGN)
+                self.assertEqual((answer.returncode, answer.stderr), (0, ""))
+                self.assertEqual(self.formatted(), ["clang-format --dry-run -Werror ipc/main.cpp"])
+
+    def test_LintFailsIfGitDoes(self):
+        self.program("git", "[[ $* != *ls-files* && $* != *diff* ]] || { echo 'fatal: broken' >&2; exit 128; }")
+        for arguments in ([], ["--changed"]):
+            with self.subTest(arguments):
+                answer = self.run_script("script/lint", "--format", *arguments)
+                self.assertNotEqual(answer.returncode, 0)
+                self.assertEqual((answer.stdout, answer.stderr), ("", "fatal: broken\n"))
+
+    def test_LintSaysThatNothingHasChangedButNotThatThereIsNothing(self):
+        answer = self.run_script("script/lint", "--format", "--changed")
+        self.assertEqual((answer.returncode, answer.stdout), (0, "lint: nothing to check\n"))
+        self.git("rm", "--quiet", "ipc/main.cpp")
+        answer = self.run_script("script/lint", "--format")
+        self.assertEqual((answer.returncode, answer.stdout), (1, ""))
+        self.assertRegex(answer.stderr, r"\Alint: [^\n]*\n\Z")
+        self.assertEqual(self.formatted(), [])
+
+    def test_OneLineSaysThatThereIsNone(self):
+        shutil.rmtree(self.tree / ".git")
+        for script, *arguments in (["script/lint", "--format"], ["script/lint", "--format", "--changed"],
+                                   ["script/package"]):
+            with self.subTest(script):
+                answer = self.run_script(script, *arguments)
+                self.assertEqual((answer.returncode, answer.stdout), (1, ""))
+                self.assertRegex(answer.stderr, rf"\A{script.split('/')[1]}: [^\n]*{self.tree}[^\n]*\n\Z")
+
+    def test_PackagesAreMadeOfThatOfAnotherOwnerAndWithoutBytecode(self):
+        self.write("CMakeLists.txt", "project(libbt VERSION 1.2.3 LANGUAGES CXX)\n")
+        self.write("tests/abi/__pycache__/prove.cpython-311.pyc", "made by a test that was run")
+        self.write("new.cpp")
+        self.program("dpkg-parsechangelog", "echo 1.2.3")
+        self.program("dpkg-buildpackage", "find . -type f >&2; touch ../libbt.deb")
+        self.program("lintian")
+        answer = self.run_script("script/package", **self.FOREIGN)
+        self.assertEqual((answer.returncode, answer.stderr), (0, ""))
+        sources = (self.tree / "build/packages/build.log").read_text().split()
+        self.assertLessEqual({"./new.cpp", "./ipc/main.cpp", "./script/lint"}, set(sources))
+        self.assertEqual([name for name in sources if "pyc" in name or ".git/" in name], [])
+
+    def test_FaultsArePlantedInThatOfAnotherOwner(self):
+        answer = self.run_script("script/mutate", "--list", **self.FOREIGN)
+        self.assertEqual((answer.returncode, answer.stderr), (0, ""))
+        self.assertIn("ipc/main.cpp:2: '==' is '!='", answer.stdout)
+
+    def test_TheGateIsProvenWithThatOfAnotherOwner(self):
+        code = "import pathlib, prove, sys; prove.copy_tree(pathlib.Path(sys.argv[1]))"
+        answer = subprocess.run([sys.executable, "-B", "-c", code, self.folder / "copy"], cwd=self.tree / "tests/abi",
+                                capture_output=True, text=True, env={**os.environ, **self.FOREIGN})
+        self.assertEqual((answer.returncode, answer.stderr), (0, ""))
+        self.assertEqual((self.folder / "copy/ipc/main.cpp").read_text(), (self.tree / "ipc/main.cpp").read_text())
 
 
 if __name__ == "__main__":

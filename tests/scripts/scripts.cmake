@@ -30,7 +30,10 @@ foreach(promise
     Tests.test_SanitizersRunWhereAddressesCannotBeFixed Stages.test_ALanguageThatIsNotInstalledIsOfNoMatter
     Benchmarks.test_WhatTheyNeedIsInstalledFirst Fuzzing.test_WhatItNeedsIsInstalledFirst
     Fuzzing.test_TheSanitizersGetAddressesThatTheyKnow Fuzzing.test_ItRunsWhereAddressesCannotBeFixed
-    Fuzzing.test_NoInputOfTheCorpusIsCutOff)
+    Fuzzing.test_NoInputOfTheCorpusIsCutOff Checkouts.test_LintReadsThatOfAnotherOwner
+    Checkouts.test_LintFailsIfGitDoes Checkouts.test_LintSaysThatNothingHasChangedButNotThatThereIsNothing
+    Checkouts.test_OneLineSaysThatThereIsNone Checkouts.test_PackagesAreMadeOfThatOfAnotherOwnerAndWithoutBytecode
+    Checkouts.test_FaultsArePlantedInThatOfAnotherOwner Checkouts.test_TheGateIsProvenWithThatOfAnotherOwner)
   string(REPLACE ".test_" "." name ${promise})
   bt_add_source_test(NAME scripts_elsewhere/${name}
     Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/elsewhere_test.py ${CMAKE_SOURCE_DIR} ${promise})
