@@ -99,8 +99,21 @@ void PhoneOnTheDesk::ofThePhone(const QString& method, const QVariantList& argum
   });
 }
 
-void PhoneOnTheDesk::faults(const QString& method, const QVariantList& arguments) {
-  call(kFaults, method, arguments);
+void PhoneOnTheDesk::setFault(const QString& fault, const QString& method, const QVariantList& arguments) {
+  call(kFaults, QStringLiteral("AnswerAgain"), {}, [this, fault, method, arguments](const QVariantList&) {
+    if (fault.isEmpty()) {
+      showFault(fault);
+      return;
+    }
+    call(kFaults, method, arguments, [this, fault](const QVariantList&) { showFault(fault); });
+  });
+}
+
+void PhoneOnTheDesk::showFault(const QString& fault) {
+  if (m_fault != fault) {
+    m_fault = fault;
+    Q_EMIT faultChanged();
+  }
 }
 
 void PhoneOnTheDesk::setInRange(bool inRange) { ofThePhone(QStringLiteral("SetInRange"), {inRange}); }
@@ -125,12 +138,14 @@ void PhoneOnTheDesk::bringAnother() {
 QString PhoneOnTheDesk::anotherAddress() { return QStringLiteral("00:1A:7D:DA:71:16"); }
 
 void PhoneOnTheDesk::slowDown() {
-  recover();  // of two faults, the service takes the first
-  faults(QStringLiteral("DelayAnswers"), {QStringLiteral("*"), kManyAnswers, kSlowMs});
+  setFault(QStringLiteral("slow"), QStringLiteral("DelayAnswers"),
+           {QStringLiteral("*"), kManyAnswers, kSlowMs});
 }
 void PhoneOnTheDesk::hang() {
-  recover();
-  faults(QStringLiteral("DropAnswers"), {QStringLiteral("*"), kManyAnswers});
+  setFault(QStringLiteral("hung"), QStringLiteral("DropAnswers"), {QStringLiteral("*"), kManyAnswers});
 }
-void PhoneOnTheDesk::recover() { faults(QStringLiteral("AnswerAgain")); }
-void PhoneOnTheDesk::die() { faults(QStringLiteral("Die"), {quint32{1}}); }
+void PhoneOnTheDesk::recover() { setFault(QString()); }
+void PhoneOnTheDesk::die() {
+  call(kFaults, QStringLiteral("Die"), {quint32{1}});
+  showFault(QString());  // the next one has none
+}

@@ -16,6 +16,8 @@ class PhoneOnTheDesk : public QObject {
   /// still the one that the person holds.
   Q_PROPERTY(QString name READ name NOTIFY changed)
   Q_PROPERTY(bool inRange READ isInRange WRITE setInRange NOTIFY changed)
+  /// What the service suffers from since it has confirmed that: "slow", "hung", or nothing.
+  Q_PROPERTY(QString fault READ fault NOTIFY faultChanged)
 
  public:
   using QObject::QObject;
@@ -23,6 +25,7 @@ class PhoneOnTheDesk : public QObject {
   QString name() const { return m_name; }
   bool isInRange() const { return m_isInRange; }
   void setInRange(bool inRange);
+  QString fault() const { return m_fault; }
 
   /// Looks which phone it is: no event of the controls reports that.
   Q_INVOKABLE void look();
@@ -54,18 +57,22 @@ class PhoneOnTheDesk : public QObject {
 
  Q_SIGNALS:
   void changed();
+  void faultChanged();
 
  private:
   /// Looks, then calls a control for the phone, then looks again.
   void ofThePhone(const QString& method, const QVariantList& arguments = {});
   void call(const char* interface, const QString& method, const QVariantList& arguments,
             const std::function<void(const QVariantList&)>& then = {});
-  void faults(const QString& method, const QVariantList& arguments = {});
+  /// Undoes the fault before, since of two the service takes the first, and causes another, if it has a name.
+  void setFault(const QString& fault, const QString& method = {}, const QVariantList& arguments = {});
+  void showFault(const QString& fault);
   void take(const QVariantList& devices);
 
   QString m_address;
   QString m_name;
   bool m_isInRange = true;
+  QString m_fault;
 };
 
 #endif

@@ -209,6 +209,7 @@ void ContactsTest::aContactAndACallerAreCalled() {
 
   unit.open(CONTACTS);
   QVERIFY(unit.tap(QStringLiteral("list2")));
+  QVERIFY(unit.waitFor([&] { return unit.bt().callLogs()->all()->count() > 0; }));
   const QVariantMap log = unit.bt().callLogs()->all()->get(0);
   QVERIFY(unit.tap(QStringLiteral("log %1/callBack").arg(log[QStringLiteral("logId")].toString())));
   QVERIFY(isCalled(unit, log[QStringLiteral("number")]));

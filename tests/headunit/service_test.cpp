@@ -58,7 +58,10 @@ void ServiceTest::framesGoOnWhileTheServiceHangs() {
 void ServiceTest::itDiesInACallAndComesBack() {
   RunningHeadUnit unit;
   QVERIFY(talk(unit));
-  QCOMPARE(opacityOf(unit, "operator"), 1.0);
+  QVERIFY(unit.waitFor([&] {
+    return unit.text(QStringLiteral("operator")) == QStringLiteral("Nordnetz") &&
+           opacityOf(unit, "operator") == 1.0;
+  }));
   unit.killService();
   QVERIFY(unit.waitFor([&] { return unit.bt().calls()->count() == 0; }));
   QVERIFY(!unit.shows(QStringLiteral("callState")));
@@ -70,7 +73,7 @@ void ServiceTest::itDiesInACallAndComesBack() {
   unit.startService();
   QVERIFY(unit.waitForPhone());
   QVERIFY(!unit.shows(QStringLiteral("availability")));
-  QCOMPARE(opacityOf(unit, "operator"), 1.0);
+  QVERIFY(unit.waitFor([&] { return opacityOf(unit, "operator") == 1.0; }));
   QCOMPARE(unit.bt().calls()->count(), 0);
   QVERIFY(talk(unit));
 }

@@ -77,9 +77,9 @@ Rectangle {
             columns: 2
             columnSpacing: 10
             rowSpacing: 10
-            Act { objectName: "serviceSlow"; text: qsTr("Slow"); onClicked: panel.phone.slowDown() }
-            Act { objectName: "serviceHangs"; text: qsTr("Hung"); onClicked: panel.phone.hang() }
-            Act { objectName: "serviceAsUsual"; text: qsTr("As usual"); onClicked: panel.phone.recover() }
+            Fault { objectName: "serviceSlow"; text: qsTr("Slow"); name: "slow"; onClicked: panel.phone.slowDown() }
+            Fault { objectName: "serviceHangs"; text: qsTr("Hung"); name: "hung"; onClicked: panel.phone.hang() }
+            Fault { objectName: "serviceAsUsual"; text: qsTr("As usual"); onClicked: panel.phone.recover() }
             Act { objectName: "serviceDies"; text: qsTr("Dead"); onClicked: panel.phone.die() }
         }
     }
@@ -88,6 +88,11 @@ Rectangle {
         Layout.fillWidth: true
         implicitHeight: 44
         textSize: Theme.small
+    }
+    component Fault: Act {
+        property string name
+        readonly property bool current: panel.phone.fault === name
+        textColor: current ? Theme.accent : Theme.text
     }
     component BarChoice: RowLayout {
         id: choice
