@@ -197,5 +197,38 @@ class Checkouts(StubTreeTest):
         self.assertEqual((self.folder / "copy/ipc/main.cpp").read_text(), (self.tree / "ipc/main.cpp").read_text())
 
 
+class LivingUnits(StubTreeTest):
+    """packaging/systemd/test_living_units, where a machine does not allow what it does before systemd is there."""
+
+    def setUp(self):
+        super().setUp()
+        self.copy("packaging/systemd/test_living_units")
+        self.group = self.folder / "group"
+        self.group.mkdir()
+        self.program("mktemp", f"echo {self.group}")
+        self.program("rmdir")
+        self.program("unshare", 'while [[ $1 == --* ]]; do shift; done; exec "$@"')
+        self.program("mount", "echo 'mount: permission denied.' >&2; exit 32")
+        self.program("systemd", "exit 1")
+
+    def assert_skipped(self, reason, *arguments):
+        answer = self.run_script("packaging/systemd/test_living_units", *arguments, "folder", "file",
+                                 SYSTEMD=str(self.programs / "systemd"))
+        self.assertEqual(answer.returncode, 77, answer.stderr)
+        self.assertIn(reason, answer.stdout)
+
+    def test_AreSkippedWithoutNamespaces(self):
+        self.program("unshare", "echo 'unshare: unshare failed: Operation not permitted' >&2; exit 1")
+        self.assert_skipped("no namespaces")
+
+    def test_AreSkippedIfAControlGroupTakesNoProcess(self):
+        (self.group / "cgroup.procs").mkdir()
+        self.assert_skipped("no process can be moved")
+
+    def test_AreSkippedIfNothingCanBeMounted(self):
+        self.assert_skipped("a control group cannot be mounted")
+        self.assert_skipped("on /run", "--inside", "0")
+
+
 if __name__ == "__main__":
     unittest.main(verbosity=2)

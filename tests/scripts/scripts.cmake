@@ -33,7 +33,9 @@ foreach(promise
     Fuzzing.test_NoInputOfTheCorpusIsCutOff Checkouts.test_LintReadsThatOfAnotherOwner
     Checkouts.test_LintFailsIfGitDoes Checkouts.test_LintSaysThatNothingHasChangedButNotThatThereIsNothing
     Checkouts.test_OneLineSaysThatThereIsNone Checkouts.test_PackagesAreMadeOfThatOfAnotherOwnerAndWithoutBytecode
-    Checkouts.test_FaultsArePlantedInThatOfAnotherOwner Checkouts.test_TheGateIsProvenWithThatOfAnotherOwner)
+    Checkouts.test_FaultsArePlantedInThatOfAnotherOwner Checkouts.test_TheGateIsProvenWithThatOfAnotherOwner
+    LivingUnits.test_AreSkippedWithoutNamespaces LivingUnits.test_AreSkippedIfAControlGroupTakesNoProcess
+    LivingUnits.test_AreSkippedIfNothingCanBeMounted)
   string(REPLACE ".test_" "." name ${promise})
   bt_add_source_test(NAME scripts_elsewhere/${name}
     Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/elsewhere_test.py ${CMAKE_SOURCE_DIR} ${promise})
