@@ -5,6 +5,7 @@ Usage: ci_test.py TREE [TEST...]
 """
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -88,7 +89,7 @@ class ItsOwnTable(unittest.TestCase):
         listed = subprocess.run([TREE / "script/ci", "--list"], capture_output=True, text=True, check=True).stdout
         stages = [(line[:13].strip(), line[14:21].strip(), line[22:].split("  ")[0].split()) for line in
                   listed.splitlines()]
-        self.assertTrue({"format", "tests", "fuzz", "abi", "packages", "tsan", "asan"} <=
+        self.assertTrue({"format", "tests", "docs", "abi", "packages", "fuzz", "instructions", "tsan", "asan"} <=
                         {name for name, when, _ in stages if when == "always"}, "what each change has to pass")
         self.assertEqual(stages[-1][1], "full")
         for name, _, command in stages:
@@ -99,6 +100,16 @@ class ItsOwnTable(unittest.TestCase):
                 self.assertTrue(answer.stdout.startswith(f"Usage: {command[0]}"))
                 for option in [word for word in command[1:] if word.startswith("-")]:
                     self.assertIn(option, re.findall(r"--?[a-z][\w-]*", answer.stdout))
+
+    def test_WhatAChangeHasToPassIsTheStagesThatAreAlwaysRun(self):
+        with tempfile.TemporaryDirectory() as folder:
+            tree = pathlib.Path(folder)
+            for name in (".ci/run", "script/ci"):
+                (tree / name).parent.mkdir()
+                shutil.copy(TREE / name, tree / name)
+            (tree / "script/ci").write_text("#!/bin/bash\necho \"$#: $*\"\nexit 3\n")
+            answer = subprocess.run([tree / ".ci/run"], capture_output=True, text=True, timeout=60)
+            self.assertEqual((answer.returncode, answer.stdout, answer.stderr), (3, "0: \n", ""))
 
 
 if __name__ == "__main__":

@@ -197,6 +197,19 @@ class Checkouts(StubTreeTest):
         self.assertEqual((self.folder / "copy/ipc/main.cpp").read_text(), (self.tree / "ipc/main.cpp").read_text())
 
 
+class BuiltInTheTree(StubTreeTest):
+    """tests/scripts/owned_test.py, where dpkg-buildpackage has built in the tree."""
+
+    def test_WhatIsGeneratedThereIsNobodysToOwn(self):
+        for folder in ("obj-x86_64-linux-gnu/ipc", "build/dev/ipc", "ipc"):
+            self.write(f"{folder}/bt_dbus.cpp", "void Free(void* what) {\n  g_free(what);\n}\n")
+        answer = subprocess.run([sys.executable, "-B", self.TREE / "tests/scripts/owned_test.py", self.tree],
+                                capture_output=True, text=True)
+        found = [line for line in answer.stdout.splitlines() if "bt_dbus" in line]
+        self.assertEqual(len(found), 1, found)
+        self.assertTrue(found[0].startswith("ipc/bt_dbus.cpp:2: g_free"), found)
+
+
 class LivingUnits(StubTreeTest):
     """packaging/systemd/test_living_units, where a machine does not allow what it does before systemd is there."""
 

@@ -47,7 +47,9 @@ def uses(source):
 
 def main():
     tree = pathlib.Path(sys.argv[1])
-    folders = [path for path in sorted(tree.iterdir()) if path.is_dir() and path.name != "build" and path.name[0] != "."]
+    # Not what is built in the tree: script/build does so in build/, dpkg-buildpackage in obj-ARCHITECTURE/.
+    folders = [path for path in sorted(tree.iterdir())
+               if path.is_dir() and path.name != "build" and not path.name.startswith((".", "obj-"))]
     sources = {
         path.relative_to(tree).as_posix(): path.read_text()
         for folder in folders for path in sorted(folder.rglob("*")) if path.suffix in (".h", ".cpp")

@@ -18,7 +18,8 @@ foreach(promise
     Stages.test_TheClosingLinesOfTheTestsComeLast Stages.test_ItStopsAtTheFirstThatFails
     Stages.test_AStageThatFailsBeforeThePipeIsSeen Stages.test_ASkippedStageIsRedInTheFullRunOnly
     Stages.test_TheFullRunHasAllStagesAndGoesOn Stages.test_NamedStagesAreRunAlone
-    Stages.test_ATableThatIsWrongIsRefused ItsOwnTable.test_EachStageIsAScriptWithTheOptionsThatItIsGiven)
+    Stages.test_ATableThatIsWrongIsRefused ItsOwnTable.test_EachStageIsAScriptWithTheOptionsThatItIsGiven
+    ItsOwnTable.test_WhatAChangeHasToPassIsTheStagesThatAreAlwaysRun)
   string(REPLACE ".test_" "." name ${promise})
   bt_add_source_test(NAME scripts_ci/${name}
     Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/ci_test.py ${CMAKE_SOURCE_DIR} ${promise})
@@ -35,7 +36,7 @@ foreach(promise
     Checkouts.test_OneLineSaysThatThereIsNone Checkouts.test_PackagesAreMadeOfThatOfAnotherOwnerAndWithoutBytecode
     Checkouts.test_FaultsArePlantedInThatOfAnotherOwner Checkouts.test_TheGateIsProvenWithThatOfAnotherOwner
     LivingUnits.test_AreSkippedWithoutNamespaces LivingUnits.test_AreSkippedIfAControlGroupTakesNoProcess
-    LivingUnits.test_AreSkippedIfNothingCanBeMounted)
+    LivingUnits.test_AreSkippedIfNothingCanBeMounted BuiltInTheTree.test_WhatIsGeneratedThereIsNobodysToOwn)
   string(REPLACE ".test_" "." name ${promise})
   bt_add_source_test(NAME scripts_elsewhere/${name}
     Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/elsewhere_test.py ${CMAKE_SOURCE_DIR} ${promise})
