@@ -78,17 +78,22 @@ TEST(Sandbox, SignalsReachTheCommand) {
 }
 
 TEST(Sandbox, LeavesNothingBehindEvenWhenKilled) {
+  // Others use /tmp meanwhile: of what is there, only a sandbox's own.
   const auto traces = [] {
-    ChildProcess look({"sh", "-c", "wc -l </proc/self/mounts; ls -d /sandbox.* /app/*; ls /tmp"});
+    ChildProcess look(
+        {"sh", "-c", "wc -l </proc/self/mounts; ls -d /sandbox.* /app/* /tmp/sandbox.* /var/sandbox.*"});
     look.Wait();
     return look.Output();
   };
   const std::string before = traces();
-  ChildProcess child(
-      InSandbox({"sh", "-c", "touch $HOME/x $TMPDIR/x $XDG_STATE_HOME/x; echo ready; exec sleep 1000"}));
+  ChildProcess child(InSandbox(
+      {"sh", "-c", "touch $HOME/x $TMPDIR/x $XDG_STATE_HOME/x; echo $HOME; echo ready; exec sleep 1000"}));
   ASSERT_TRUE(child.WaitForOutput("ready")) << child.Errors();
   child.Kill();
   EXPECT_EQ(before, traces());
+  const std::string home = child.Output().substr(0, child.Output().find('\n'));
+  EXPECT_THAT(home, StartsWith("/sandbox."));
+  EXPECT_EQ(-1, access(home.c_str(), F_OK)) << home;
 }
 
 TEST(Sandbox, SaysWhatIsWrongWithItsArguments) {
