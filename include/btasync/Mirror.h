@@ -38,7 +38,8 @@ class BTASYNC_API Mirror {
   /// With PART_POSITION it asks the service to report the position each second. That interval is the
   /// service's, for all applications: one that has asked for another one gets this one from then on, and the
   /// other way round. The end of the mirror does not switch it off again, as another application may show the
-  /// position as well.
+  /// position as well. A service that refuses to report it is asked again with the next track; the position
+  /// is not fresh so long.
   /// @param service may go before the mirror
   /// @param parts those that are wanted, as bits (Part); PART_SERVICE is always among them
   /// @param changed may be empty, for one that only looks at Now()

@@ -13,8 +13,8 @@
 // What is known of the service: what a screen draws. Plain values. Mirror.h keeps them current.
 //
 // In each part, fresh is true while its values are those of the service that is there. It is false until the
-// first answers after the service's coming: draw the part greyed. When the service goes, calls, questions and
-// progress vanish, and everything else stays, not fresh.
+// first answers after the service's coming, and while what was asked later has failed: draw the part greyed.
+// When the service goes, calls, questions and progress vanish, and everything else stays, not fresh.
 
 namespace btasync {
 inline namespace v0 {

@@ -1,6 +1,7 @@
 // The adapter, and the devices that a search finds.
 
 #include <algorithm>
+#include <optional>
 
 #include "libbtasync/mirror/Keeper.h"
 #include "libbtasync/mirror/Question.h"
@@ -15,17 +16,17 @@ class AdapterPart final : public MirrorPart {
   explicit AdapterPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_ADAPTER),
         m_power(
-            Source(), [](Service& service) { return service.GetPowerStatus(); },
-            [this](PowerStatus power) { Take(Here().power, power); }),
+            *this, [](Service& service) { return service.GetPowerStatus(); },
+            [this](PowerStatus power) { Set(Here().power, power); }),
         m_name(
-            Source(), [](Service& service) { return service.GetAttribute(BT_ATTR_LOCAL_NAME); },
-            [this](const std::string& name) { Take(Here().name, name); }),
+            *this, [](Service& service) { return service.GetAttribute(BT_ATTR_LOCAL_NAME); },
+            [this](const std::string& name) { Set(Here().name, name); }),
         m_address(
-            Source(), [](Service& service) { return service.GetAttribute(BT_ATTR_LOCAL_ADDRESS); },
-            [this](const std::string& address) { Take(Here().address, Address(address)); }),
+            *this, [](Service& service) { return service.GetAttribute(BT_ATTR_LOCAL_ADDRESS); },
+            [this](const std::string& address) { Set(Here().address, Address(address)); }),
         m_discoverable(
-            Source(), [](Service& service) { return service.GetCapability(BT_CAP_ENABLE_SCAN); },
-            [this](bool on) { Take(Here().discoverable, on); }) {
+            *this, [](Service& service) { return service.GetCapability(BT_CAP_ENABLE_SCAN); },
+            [this](bool on) { Set(Here().discoverable, on); }) {
     On<PowerChanged>([this](const PowerChanged& event) { Set(Here().power, event.status); });
     On<ScanChanged>(
         [this](const ScanChanged& event) { Set(Here().scanning, event.status == BT_SCAN_SCANNING); });
@@ -61,18 +62,13 @@ class AdapterPart final : public MirrorPart {
     Set(Here().scanning, false);
     SetFreshness();
   }
-
- private:
-  AdapterState& Here() { return Now().adapter; }
-  template <typename Value>
-  void Take(Value& value, const Value& to) {
-    Set(value, to);
-    SetFreshness();
-  }
-  void SetFreshness() {
+  void SetFreshness() override {
     Set(Here().fresh, m_isReported && m_power.IsAnswered() && m_name.IsAnswered() && m_address.IsAnswered() &&
                           m_discoverable.IsAnswered());
   }
+
+ private:
+  AdapterState& Here() { return Now().adapter; }
 
   bool m_isReported = false;
   Question<PowerStatus> m_power;
@@ -85,12 +81,16 @@ class FoundPart final : public MirrorPart {
  public:
   explicit FoundPart(MirrorKeeper& keeper) : MirrorPart(keeper, PART_FOUND) {
     On<ScanChanged>([this](const ScanChanged& event) {
-      if (event.status == BT_SCAN_SCANNING && !m_isScanning) {
+      const bool isScanning = event.status == BT_SCAN_SCANNING;
+      if (isScanning && !m_isScanning.value_or(false)) {
         Clear();
       }
-      m_isScanning = event.status == BT_SCAN_SCANNING;
+      m_isScanning = isScanning;
     });
     On<DeviceFound>([this](const DeviceFound& event) {
+      if (!m_isScanning) {
+        m_isScanning = true;  // the search began before this part
+      }
       std::vector<DeviceFound>& devices = Now().found.devices;
       const auto known = Find(event.address);
       if (known == devices.end()) {
@@ -115,7 +115,7 @@ class FoundPart final : public MirrorPart {
     Set(Now().found.fresh, true);
   }
   void Gone() override {
-    m_isScanning = false;
+    m_isScanning.reset();
     Set(Now().found.fresh, false);
   }
 
@@ -132,7 +132,9 @@ class FoundPart final : public MirrorPart {
     }
   }
 
-  bool m_isScanning = false;
+  /// Whether a search runs; none before the service has said anything of it. One that runs is reported again
+  /// whenever an application asks for a report: that is not the beginning of another one.
+  std::optional<bool> m_isScanning;
 };
 
 }  // namespace

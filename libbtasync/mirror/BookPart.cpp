@@ -23,9 +23,8 @@ class ListPart : public MirrorPart {
            bool& fresh)
       : MirrorPart(keeper, part),
         m_fresh(fresh),
-        m_list(Source(), std::move(make), [this, &records](Records answered) {
+        m_list(*this, std::move(make), [this, &records](Records answered) {
           records = std::move(answered);
-          m_fresh = true;
           Note();
         }) {
     this->template On<DownloadChanged>([this](const DownloadChanged& event) {
@@ -44,8 +43,9 @@ class ListPart : public MirrorPart {
   void Ask() override { m_list.Ask(); }
   void Gone() override {
     m_list.Forget();
-    Set(m_fresh, false);
+    SetFreshness();
   }
+  void SetFreshness() override { Set(m_fresh, m_list.IsAnswered()); }
 
  private:
   bool& m_fresh;

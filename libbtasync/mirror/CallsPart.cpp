@@ -29,7 +29,7 @@ class CallsPart final : public MirrorPart {
   explicit CallsPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_CALLS),
         m_calls(
-            Source(), [](Service& service) { return service.CurrentCalls(); },
+            *this, [](Service& service) { return service.CurrentCalls(); },
             [this](const MWPTypeCallInfo& info) { Take(info); }) {
     On<CallStatusChanged>([this](const CallStatusChanged&) { m_calls.Ask(); });
     On<CallsChanged>([this](const CallsChanged&) { m_calls.Ask(); });
@@ -57,6 +57,7 @@ class CallsPart final : public MirrorPart {
     Set(Here().possible, std::vector<CallAction>());
     SetFreshness();
   }
+  void SetFreshness() override { Set(Here().fresh, m_isReported && m_calls.IsAnswered()); }
 
  private:
   CallsState& Here() { return Now().calls; }
@@ -69,7 +70,6 @@ class CallsPart final : public MirrorPart {
     }
     Set(Here().count, info.nCallCount);
     Set(Here().calls, calls);
-    SetFreshness();
   }
   void Allow(CallAction action, bool possible) {
     std::vector<CallAction> actions = Here().possible;
@@ -82,7 +82,6 @@ class CallsPart final : public MirrorPart {
     }
     Set(Here().possible, actions);
   }
-  void SetFreshness() { Set(Here().fresh, m_isReported && m_calls.IsAnswered()); }
 
   Question<MWPTypeCallInfo> m_calls;
   bool m_isReported = false;
@@ -93,11 +92,8 @@ class AudioPart final : public MirrorPart {
   explicit AudioPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_AUDIO),
         m_privacy(
-            Source(), [](Service& service) { return service.GetAudioIsPrivacy(); },
-            [this](bool onPhone) {
-              Set(Here().onPhone, onPhone);
-              SetFreshness();
-            }) {
+            *this, [](Service& service) { return service.GetAudioIsPrivacy(); },
+            [this](bool onPhone) { Set(Here().onPhone, onPhone); }) {
     // Without a call there is no sound either: the question tells the two apart.
     On<AudioChanged>([this](const AudioChanged&) { m_privacy.Ask(); });
     On<CodecChanged>([this](const CodecChanged& event) { Set(Here().codec, event.mode); });
@@ -118,10 +114,10 @@ class AudioPart final : public MirrorPart {
     Set(Here().codec, BT_CODEC_NONE);
     SetFreshness();
   }
+  void SetFreshness() override { Set(Here().fresh, m_isReported && m_privacy.IsAnswered()); }
 
  private:
   AudioState& Here() { return Now().audio; }
-  void SetFreshness() { Set(Here().fresh, m_isReported && m_privacy.IsAnswered()); }
 
   Question<bool> m_privacy;
   bool m_isReported = false;
@@ -132,7 +128,7 @@ class NetworkPart final : public MirrorPart {
   explicit NetworkPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_NETWORK),
         m_phone(
-            Source(), [](Service& service) { return service.GetPhoneConnectionState(); },
+            *this, [](Service& service) { return service.GetPhoneConnectionState(); },
             [this](const ConnectionState& phone) { Take(phone); }) {
     On<NetworkChanged>([this](const NetworkChanged& event) { Set(Here().available, event.available); });
     On<OperatorChanged>([this](const OperatorChanged& event) { Set(Here().operatorName, event.name); });
@@ -157,6 +153,7 @@ class NetworkPart final : public MirrorPart {
     m_isReported = false;
     SetFreshness();
   }
+  void SetFreshness() override { Set(Here().fresh, m_isReported && m_phone.IsAnswered()); }
 
  private:
   NetworkState& Here() { return Now().network; }
@@ -170,9 +167,7 @@ class NetworkPart final : public MirrorPart {
       Set(Here().signal, 0);
       Set(Here().battery, 0);
     }
-    SetFreshness();
   }
-  void SetFreshness() { Set(Here().fresh, m_isReported && m_phone.IsAnswered()); }
 
   Question<ConnectionState> m_phone;
   bool m_isReported = false;

@@ -23,7 +23,7 @@ class PairedPart final : public MirrorPart {
   explicit PairedPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_PAIRED),
         m_list(
-            Source(), [](Service& service) { return service.PairedDevices(); },
+            *this, [](Service& service) { return service.PairedDevices(); },
             [this](std::vector<MWPTypeDevice> devices) { Take(std::move(devices)); }) {
     On<ConnectionChanged>([this](const ConnectionChanged& event) {
       Keep(event);
@@ -44,13 +44,16 @@ class PairedPart final : public MirrorPart {
   void Reported() override {
     m_isReported = true;
     Draw();
+    SetFreshness();
   }
   void Gone() override {
     m_list.Forget();
     m_isReported = false;
+    m_devices.reset();
     m_connections.clear();
-    Set(Now().paired.fresh, false);
+    SetFreshness();
   }
+  void SetFreshness() override { Set(Now().paired.fresh, m_isReported && m_list.IsAnswered()); }
 
  private:
   void Keep(const ConnectionChanged& event) {
@@ -69,12 +72,12 @@ class PairedPart final : public MirrorPart {
   }
   /// Puts list and connections together, once both are known.
   void Draw() {
-    if (!m_list.IsAnswered() || !m_isReported) {
+    if (!m_devices || !m_isReported) {
       return;
     }
     std::vector<PairedDevice> drawn;
-    drawn.reserve(m_devices.size());
-    for (const MWPTypeDevice& device : m_devices) {
+    drawn.reserve(m_devices->size());
+    for (const MWPTypeDevice& device : *m_devices) {
       PairedDevice entry{
           Address(device.strAddr), device.strName, device.eSupportType, device.eEnableProfileId, {}};
       for (const auto& reported : m_connections) {
@@ -85,13 +88,12 @@ class PairedPart final : public MirrorPart {
       drawn.push_back(std::move(entry));
     }
     Now().paired.devices = std::move(drawn);
-    Now().paired.fresh = true;
     Note();
   }
 
   Question<std::vector<MWPTypeDevice>> m_list;
   bool m_isReported = false;
-  std::vector<MWPTypeDevice> m_devices;
+  std::optional<std::vector<MWPTypeDevice>> m_devices;  ///< the last list of the service that is there
   std::vector<ReportedConnection> m_connections;
 };
 

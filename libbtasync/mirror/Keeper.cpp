@@ -76,7 +76,7 @@ void MirrorKeeper::AskForReport() {
 }
 
 void MirrorKeeper::Want(unsigned parts) {
-  if (!m_backend->IsOwnThread("parts of a mirror")) {
+  if (!m_backend->IsOwnThread("parts of a mirror") || !m_backend->IsOpen()) {
     return;
   }
   const bool isThere = m_state.service == Availability::Present;

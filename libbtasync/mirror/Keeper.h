@@ -31,10 +31,13 @@ class MirrorPart {
   virtual void Reported() {}
   /// The service has gone. Nothing that was asked is answered any more.
   virtual void Gone() = 0;
+  /// A question of it was answered, or has failed.
+  virtual void SetFreshness() {}
+  /// The service that it asks.
+  Service& Source();
 
  protected:
   State& Now();
-  Service& Source();
   /// Subscribes an event of this part.
   template <typename Event, typename Function>
   void On(Function function);

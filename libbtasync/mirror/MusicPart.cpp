@@ -15,24 +15,19 @@ class MusicPart final : public MirrorPart {
   explicit MusicPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_MUSIC),
         m_player(
-            Source(), [](Service& service) { return service.GetMediaConnectionState(); },
+            *this, [](Service& service) { return service.GetMediaConnectionState(); },
             [this](const ConnectionState& player) {
               Set(Here().player.status, player.status);
               Set(Here().player.address, player.address);
-              SetFreshness();
             }),
         m_status(
-            Source(), [](Service& service) { return service.GetMusicPlayStatus(); },
-            [this](MusicPlayStatus status) {
-              Set(Here().status, status);
-              SetFreshness();
-            }),
+            *this, [](Service& service) { return service.GetMusicPlayStatus(); },
+            [this](MusicPlayStatus status) { Set(Here().status, status); }),
         m_track(
-            Source(), [](Service& service) { return service.GetMediaInfo(); },
+            *this, [](Service& service) { return service.GetMediaInfo(); },
             [this](MWPTypeMediaInfo track) {
               Here().track = std::move(track);
               Note();
-              SetFreshness();
             }) {
     On<MusicChanged>([this](const MusicChanged& event) { Set(Here().status, event.status); });
     On<TrackChanged>([this](const TrackChanged&) { m_track.Ask(); });
@@ -56,12 +51,12 @@ class MusicPart final : public MirrorPart {
     m_track.Forget();
     SetFreshness();
   }
+  void SetFreshness() override {
+    Set(Here().fresh, m_player.IsAnswered() && m_status.IsAnswered() && m_track.IsAnswered());
+  }
 
  private:
   MusicState& Here() { return Now().music; }
-  void SetFreshness() {
-    Set(Here().fresh, m_player.IsAnswered() && m_status.IsAnswered() && m_track.IsAnswered());
-  }
 
   Question<ConnectionState> m_player;
   Question<MusicPlayStatus> m_status;
@@ -75,10 +70,10 @@ class ModesPart final : public MirrorPart {
   explicit ModesPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_MODES),
         m_current(
-            Source(), [](Service& service) { return service.GetPlayModes(); },
+            *this, [](Service& service) { return service.GetPlayModes(); },
             [this](Modes modes) { Take(Now().modes.current, std::move(modes)); }),
         m_possible(
-            Source(), [](Service& service) { return service.GetSupportedPlayModes(); },
+            *this, [](Service& service) { return service.GetSupportedPlayModes(); },
             [this](Modes modes) { Take(Now().modes.possible, std::move(modes)); }) {
     On<PlayModeChanged>([this](const PlayModeChanged&) { m_current.Ask(); });
     On<SupportedPlayModeChanged>([this](const SupportedPlayModeChanged&) { m_possible.Ask(); });
@@ -97,13 +92,13 @@ class ModesPart final : public MirrorPart {
   void Gone() override {
     m_current.Forget();
     m_possible.Forget();
-    Set(Now().modes.fresh, false);
+    SetFreshness();
   }
+  void SetFreshness() override { Set(Now().modes.fresh, m_current.IsAnswered() && m_possible.IsAnswered()); }
 
  private:
   void Take(Modes& modes, Modes to) {
     modes = std::move(to);
-    Now().modes.fresh = m_current.IsAnswered() && m_possible.IsAnswered();
     Note();
   }
 
@@ -116,16 +111,18 @@ class PositionPart final : public MirrorPart {
   explicit PositionPart(MirrorKeeper& keeper)
       : MirrorPart(keeper, PART_POSITION),
         m_report(
-            Source(), [](Service& service) { return service.ReportPosition(true, kPositionInterval); },
-            [this](Accepted) { SetFreshness(); }),
+            *this, [](Service& service) { return service.ReportPosition(true, kPositionInterval); },
+            [](Accepted) {}),
         m_position(
-            Source(), [](Service& service) { return service.GetPlayPosition(); },
-            [this](const PlayPosition& position) {
-              Take(position);
-              SetFreshness();
-            }) {
+            *this, [](Service& service) { return service.GetPlayPosition(); },
+            [this](const PlayPosition& position) { Take(position); }) {
     On<PositionChanged>([this](const PositionChanged& event) { Take({event.position, event.length}); });
-    On<TrackChanged>([this](const TrackChanged&) { m_position.Ask(); });
+    On<TrackChanged>([this](const TrackChanged&) {
+      m_position.Ask();
+      if (m_report.IsRefused()) {
+        m_report.Ask();  // there is a player now
+      }
+    });
   }
 
   void Ask() override {
@@ -135,7 +132,11 @@ class PositionPart final : public MirrorPart {
   void Gone() override {
     m_report.Forget();
     m_position.Forget();
-    Set(Now().position.fresh, false);
+    SetFreshness();
+  }
+  /// A position that is not reported is out of date a second later.
+  void SetFreshness() override {
+    Set(Now().position.fresh, m_report.IsAnswered() && !m_report.IsRefused() && m_position.IsAnswered());
   }
 
  private:
@@ -143,9 +144,6 @@ class PositionPart final : public MirrorPart {
     Set(Now().position.position.position, position.position);
     Set(Now().position.position.length, position.length);
   }
-
-  /// A position that is not reported is out of date a second later.
-  void SetFreshness() { Set(Now().position.fresh, m_report.IsAnswered() && m_position.IsAnswered()); }
 
   Question<Accepted> m_report;
   Question<PlayPosition> m_position;

@@ -33,6 +33,19 @@ TEST_F(MirrorTest, KeepsTheFoundDevicesOfASearch) {
   EXPECT_THAT(mirror->Now().found.devices, IsEmpty());
 }
 
+TEST_F(MirrorTest, KeepsTheFindsOfASearchThatItFoundRunningWhenThatIsReported) {
+  const auto mirror = Settled(PART_FOUND);
+  fake.Emit(DeviceFound{kPhone, "Ada's phone", BT_SUPPORT_NONE});
+  fake.Emit(ScanChanged{BT_SCAN_SCANNING});  // an application has asked for a report
+  fake.Settle();
+  EXPECT_THAT(mirror->Now().found.devices, SizeIs(1));
+  fake.Emit(ScanChanged{BT_SCAN_IDLE});
+  fake.Emit(DeviceFound{kOther, "Ben's phone", BT_SUPPORT_NONE});  // one that was late
+  fake.Emit(ScanChanged{BT_SCAN_SCANNING});
+  fake.Settle();
+  EXPECT_THAT(mirror->Now().found.devices, IsEmpty()) << "another search";
+}
+
 TEST_F(MirrorTest, KeepsTheConnectionsPerProfile) {
   const auto mirror = Settled(PART_PAIRED);
   fake.Emit(ConnectionChanged{kPhone, BT_PROFILE_HFP, BT_CONN_CONNECTED});
@@ -275,6 +288,24 @@ TEST_F(MirrorTest, HasNoFreshPositionUntilItIsReported) {
   fake.Advance(std::chrono::seconds(5));
   EXPECT_THAT(fake.Requests(), Contains("RegGetPlayStatus(true, 1000)").Times(2));
   EXPECT_TRUE(mirror->Now().position.fresh);
+}
+
+TEST_F(MirrorTest, HasNoFreshPositionThatTheServiceRefusesToReportUntilThereIsATrack) {
+  fake.WillRefuse(&Service::ReportPosition);
+  const auto mirror = Mirrored(PART_POSITION);
+  fake.Settle();
+  EXPECT_EQ(mirror->Now().position.position.length, 167000);
+  EXPECT_FALSE(mirror->Now().position.fresh);
+  fake.ForgetRequests();
+  fake.WillAccept(&Service::ReportPosition);
+  fake.Emit(TrackChanged());
+  fake.Settle();
+  EXPECT_THAT(fake.Requests(), Contains("RegGetPlayStatus(true, 1000)"));
+  EXPECT_TRUE(mirror->Now().position.fresh);
+  fake.ForgetRequests();
+  fake.Emit(TrackChanged());
+  fake.Settle();
+  EXPECT_THAT(fake.Requests(), ElementsAre("GetCurPlayPosition()")) << "it is reported already";
 }
 
 TEST_F(MirrorTest, HasNoFreshPositionUntilItIsAnswered) {

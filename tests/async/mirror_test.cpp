@@ -1,5 +1,6 @@
 // How a mirror asks and hears, when its state is fresh, and its life.
 
+#include <array>
 #include <stdexcept>
 
 #include "async/MirrorFixture.h"
@@ -221,6 +222,56 @@ TEST_F(MirrorTest, AQuestionThatFailsIsAskedAgain) {
   EXPECT_EQ(mirror->Now().adapter.power, BT_POWER_ON);
 }
 
+TEST_F(MirrorTest, APartIsNotFreshWhileAQuestionThatAnEventCausedHasNoAnswer) {
+  const auto mirror = Settled(PART_MUSIC);
+  ASSERT_TRUE(mirror->Now().music.fresh);
+  fake.WillFail(&Service::GetMediaInfo, Reason::TimedOut).Once();
+  fake.Emit(TrackChanged());
+  fake.Settle();
+  EXPECT_FALSE(mirror->Now().music.fresh);
+  EXPECT_EQ(mirror->Now().music.track.title, "Low Tide") << "greyed, but still drawn";
+  EXPECT_THAT(told, ElementsAre(PART_MUSIC));
+  fake.Advance(5s);
+  EXPECT_TRUE(mirror->Now().music.fresh);
+}
+
+TEST_F(MirrorTest, NoPartIsFreshWhoseQuestionFailsWhenItIsAskedAgain) {
+  const auto mirror = Settled(kAllParts);
+  fake.WillFail(&Service::GetPowerStatus, Reason::ServiceError).Once();
+  fake.WillFail(&Service::PairedDevices, Reason::Malformed).Once();
+  fake.WillFail(&Service::CurrentCalls, Reason::Malformed).Once();
+  fake.WillFail(&Service::GetAudioIsPrivacy, Reason::ServiceError).Once();
+  fake.WillFail(&Service::GetPhoneConnectionState, Reason::ServiceError).Once();
+  fake.WillFail(&Service::GetMusicPlayStatus, Reason::ServiceError).Once();
+  fake.WillFail(&Service::GetSupportedPlayModes, Reason::ServiceError).Once();
+  fake.WillFail(&Service::GetPlayPosition, Reason::ServiceError).Once();
+  fake.WillFail(&Service::Contacts, Reason::Malformed).Once();
+  fake.WillFail(&Service::FavoriteContacts, Reason::Malformed).Once();
+  fake.WillFail(&Service::CallLogs, Reason::Malformed).Once();
+  mirror->Refresh(kAllParts);
+  fake.Settle();
+  const auto freshParts = [&now = mirror->Now()] {
+    return std::array{now.adapter.fresh,  now.paired.fresh,    now.calls.fresh, now.audio.fresh,
+                      now.network.fresh,  now.music.fresh,     now.modes.fresh, now.position.fresh,
+                      now.contacts.fresh, now.favorites.fresh, now.logs.fresh};
+  };
+  EXPECT_THAT(freshParts(), Each(false));
+  EXPECT_THAT(mirror->Now().contacts.contacts, SizeIs(2));
+  fake.Advance(5s);
+  EXPECT_THAT(freshParts(), Each(true));
+}
+
+TEST_F(MirrorTest, APairedDeviceThatConnectsIsDrawnAlthoughTheListIsNotFresh) {
+  const auto mirror = Settled(PART_PAIRED);
+  fake.WillFail(&Service::PairedDevices, Reason::Malformed);
+  fake.Emit(ConnectionChanged{kPhone, BT_PROFILE_HFP, BT_CONN_CONNECTING});
+  fake.Settle();
+  ASSERT_FALSE(mirror->Now().paired.fresh);
+  fake.Emit(ConnectionChanged{kPhone, BT_PROFILE_HFP, BT_CONN_CONNECTED});
+  fake.Settle();
+  EXPECT_EQ(mirror->Now().paired.devices.at(0).StatusOf(BT_PROFILE_HFP), BT_CONN_CONNECTED);
+}
+
 TEST_F(MirrorTest, WhatIsRefusedIsEmpty) {
   fake.WillRefuse(&Service::GetMediaInfo);
   fake.WillRefuse(&Service::GetPlayPosition);
@@ -283,6 +334,15 @@ TEST(MirrorLifeTest, MayOutliveTheService) {
   fake.reset();
   mirror.Refresh(kAllParts);
   EXPECT_EQ(mirror.Now().service, Availability::Present) << "the last that it knew";
+}
+
+TEST(MirrorLifeTest, WantsNothingOfAServiceThatHasGone) {
+  auto fake = std::make_unique<FakeService>();
+  Mirror mirror(*fake, PART_ADAPTER, [](const State&, unsigned) {});
+  fake->Settle();
+  fake.reset();
+  mirror.Want(PART_CALLS | PART_MUSIC);
+  EXPECT_FALSE(mirror.Now().calls.fresh);
 }
 
 }  // namespace
