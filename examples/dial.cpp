@@ -37,11 +37,17 @@ class PhoneCall {
   /// It takes what it needs by value, since it outlives the call of this function. `this` is safe to use
   /// after each co_await: the coroutine goes with m_scope, which is a member.
   Job Make(std::string number, Address phone) {
-    const Answer<PowerChanged> power = co_await SwitchPower(m_service, true);
-    if (power.Failed()) {
-      End("Bluetooth cannot be switched on", false);
-      co_return;
-    }  // refused: it is on already
+    // It listens from here on. Made after an answer, it could miss the event.
+    Next<PowerChanged> on(m_service, [](const PowerChanged& power) { return power.status == BT_POWER_ON; });
+    const Answer<PowerStatus> power = co_await m_service.GetPowerStatus();
+    if (power.ValueOr(BT_POWER_OFF) != BT_POWER_ON) {
+      const Answer<> switched = co_await m_service.SetPower(true);
+      if (switched.Failed()) {
+        End("Bluetooth cannot be switched on", false);
+        co_return;
+      }  // refused: it is on its way already
+      co_await on;
+    }
 
     Show("connecting");
     if (!co_await ConnectDevice(m_service, phone, BT_PROFILE_HFP)) {
@@ -49,7 +55,6 @@ class PhoneCall {
       co_return;
     }
 
-    // It listens from here on. Made after the answer, it could miss the event.
     Next<CallStatusChanged> answered(m_service, [](const CallStatusChanged& call) {
       return call.status == BT_CALL_ACTIVE || call.status == BT_CALL_IDLE;
     });

@@ -20,15 +20,12 @@ class Program {
   explicit Program(const Address& address)
       : m_address(address), m_screen(m_service, [this] { Draw(); }), m_giveUp(m_service) {
     m_giveUp.Start(std::chrono::seconds(kSeconds), [this] { End("giving up", 1); });
-    // Pairing is to be shown, so the device must not be paired yet.
-    SwitchPower(m_service, true).Then(m_scope, [this](const Answer<PowerChanged>& power) {
+    m_service.GetPowerStatus().Then(m_scope, [this](const Answer<PowerStatus>& power) {
       if (power.Failed()) {
         End(std::string("power: ") + ToText(power.Why().reason), 1);
         return;
-      }  // refused: it is on
-      DeleteDevice(m_service, m_address).Then(m_scope, [this](const Answer<PairedDevicesDeleted>&) {
-        m_screen.Search();
-      });
+      }
+      m_screen.Search();  // which switches it on
     });
   }
 
@@ -47,8 +44,7 @@ class Program {
       const PairingScreen::Device& device = m_screen.Found()[m_drawnDevices];
       std::printf("found %s %s\n", device.address.ToText().c_str(), device.name.c_str());
       if (device.address == m_address && !m_screen.IsBusy()) {
-        m_next.Start(std::chrono::milliseconds(0),
-                     [this] { m_screen.Pair(m_address); });  // the user taps on it
+        m_next.Start(std::chrono::milliseconds(0), [this] { Tap(); });
       }
     }
     if (m_screen.Question() && !m_next.IsRunning()) {
@@ -59,6 +55,13 @@ class Program {
       End("done", m_drawn == "connected" ? 0 : 1);
     }
     m_hasBegun = m_screen.IsBusy();
+  }
+
+  /// The user taps on the device. Pairing is to be shown, so it must not be paired any more.
+  void Tap() {
+    DeleteDevice(m_service, m_address).Then(m_scope, [this](const Answer<PairedDevicesDeleted>&) {
+      m_screen.Pair(m_address);
+    });  // refused: it is not paired
   }
 
   void End(const std::string& words, int status) {
