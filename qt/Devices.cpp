@@ -1,5 +1,6 @@
 #include "Devices.h"
 
+#include <QThread>
 #include <algorithm>
 #include <iterator>
 
@@ -162,6 +163,11 @@ QString Devices::nameOf(const btasync::Address& address) const {
 }
 
 void Devices::pair(const QString& address, Operation* operation) {
+  // If the service refuses it at once, no event reports that: the reason of the one before must not stand for
+  // it.
+  if (QThread::currentThread() == thread()) {
+    Changes(*this).set(m_pairFailure, NoFailure, &Devices::pairFailureChanged);
+  }
   ask(btasync::PairDevice(service(), toAddress(address)), operation);
 }
 

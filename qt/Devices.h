@@ -64,8 +64,8 @@ class BTASYNCQT_API Devices : public Subject {
   PairingQuestion* question() const { return m_question; }
 
   /// The operation lasts until the pairing has ended: Accepted if the device is paired, Refused if that
-  /// failed: pairFailure then has the reason, if not now, in the next turn of the loop. While it lasts, a
-  /// question may come.
+  /// failed: pairFailure then has the reason, if not now, in the next turn of the loop, or NoFailure if the
+  /// service did not even begin. While it lasts, a question may come.
   Q_INVOKABLE void pair(const QString& address, btqt::Operation* operation = nullptr);
   /// Connects calls and music. The operation lasts until both are connected, or Refused.
   Q_INVOKABLE void connect(const QString& address, btqt::Operation* operation = nullptr);

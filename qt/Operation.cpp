@@ -36,6 +36,9 @@ void Operation::cancel() {
 }
 
 void Operation::fail(QObject& owner, btasync::Reason reason, const char* detail) {
+  if (!isOfThisThread(owner)) {
+    return;
+  }
   const bool isFirst = begin(owner);
   QTimer::singleShot(0, this, [this, number = m_number, failure = btasync::Failure{reason, detail}] {
     if (m_isUnderWay && m_number == number) {

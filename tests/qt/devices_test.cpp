@@ -18,6 +18,7 @@ class DevicesTest : public SubjectTest {
   void pairedDevicesAreRows();
   void pairingAndConnectingLastUntilTheyAreDone();
   void aFailedPairingHasItsReasonUntilTheNext();
+  void aPairingThatIsRefusedAtOnceHasNotTheReasonOfTheOneBefore();
   void foundDevicesAreRows();
   void aMovedDeviceMoves();
   void aPairingAsksAPerson();
@@ -99,6 +100,22 @@ void DevicesTest::aFailedPairingHasItsReasonUntilTheNext() {
   m_fake->SetAvailability(Availability::Absent);
   settle();
   QCOMPARE(devices->pairFailure(), Devices::NoFailure);
+}
+
+void DevicesTest::aPairingThatIsRefusedAtOnceHasNotTheReasonOfTheOneBefore() {
+  Devices* const devices = m_bt->devices();
+  settle();
+  m_fake->Emit(PairChanged{BT_PAIR_FAILED, BT_PAIR_REASON_AUTHENTICATION, kBen});
+  settle();
+  QCOMPARE(devices->pairFailure(), Devices::Authentication);
+  QSignalSpy changed(devices, &Devices::pairFailureChanged);
+  m_fake->WillRefuse(&Service::Pair);
+  Operation operation;
+  devices->pair(kBensAddress, &operation);
+  settle();
+  QCOMPARE(operation.result(), Operation::Refused);
+  QCOMPARE(devices->pairFailure(), Devices::NoFailure);
+  QCOMPARE(changed.count(), 1);
 }
 
 void DevicesTest::foundDevicesAreRows() {

@@ -2,6 +2,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QThread>
 #include <memory>
 #include <thread>
 
@@ -33,6 +34,7 @@ class OperationTest : public QObject {
   void failsByTheLoopWhatCannotBeSent();
   void nobodyHasToFollow();
   void failsIfAnotherThreadAsks();
+  void failsByItsOwnLoopWhatAnotherThreadCannotSend();
 
  private:
   std::unique_ptr<bttest::KnownService> m_fake;
@@ -212,6 +214,22 @@ void OperationTest::failsIfAnotherThreadAsks() {
   m_bt->adapter()->setPower(false, m_operation.get());
   m_fake->Settle();
   QCOMPARE(m_operation->result(), Operation::Accepted);
+}
+
+void OperationTest::failsByItsOwnLoopWhatAnotherThreadCannotSend() {
+  m_bt->calls();
+  QThread* reportedBy = nullptr;
+  connect(
+      m_operation.get(), &Operation::underWayChanged, this,
+      [&reportedBy] { reportedBy = QThread::currentThread(); }, Qt::DirectConnection);
+  std::thread other([this] { m_bt->calls()->sendTone(QStringLiteral("12"), m_operation.get()); });
+  other.join();
+  QVERIFY(!m_operation->isUnderWay());
+  QCOMPARE(reportedBy, nullptr);
+  QVERIFY(m_finished->wait());
+  QCOMPARE(reportedBy, thread());
+  QCOMPARE(m_operation->result(), Operation::Failed);
+  QCOMPARE(m_operation->reason(), Operation::InvalidArgument);
 }
 
 }  // namespace
