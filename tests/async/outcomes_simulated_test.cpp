@@ -101,6 +101,8 @@ TEST_F(SimulatedOutcomes, AreReachedWhereAPhoneCanCauseThem) {
   Reach("AddMediaItemToNowPlaying", QueueItem(service, "h1", BrowserScopeType(1)));
 
   ASSERT_TRUE(RunUntil([&] { return Wait(service.GetContactCount()).ValueOr(0) > 0; }));
+  // Another one is refused while the one runs that began when the phone was connected.
+  ASSERT_FALSE(Wait(service.StopPhoneBookDownload()).Failed());
   Reach("StartPhoneBookDownload", DownloadPhoneBook(service));
   const auto contacts = Wait(service.Contacts());
   ASSERT_TRUE(contacts && !contacts->empty());

@@ -19,7 +19,7 @@ namespace {
 using namespace btqt;
 
 constexpr int kBound = 20000;  // milliseconds; far above what it takes
-constexpr int kWhile = 500;    // milliseconds
+constexpr int kWhile = 1500;   // milliseconds; more than the second at which others look again and again
 
 const QString kAdasAddress = QStringLiteral("00:1A:7D:DA:71:13");
 
@@ -125,7 +125,10 @@ void LoopTest::deadlinesPass() {
 
 void LoopTest::itWaitsWhileNothingHappens() {
   // A service that is stopped reports nothing, and nobody asks: the loop must not go round and round.
-  QTRY_COMPARE_WITH_TIMEOUT(m_bt->availability(), BtService::Present, kBound);
+  everythingIsShown();
+  if (QTest::currentTestFailed()) {
+    return;
+  }
   kill(static_cast<pid_t>(m_process->processId()), SIGSTOP);
   const auto turnsOfTheLoop = [this] {
     int turns = 0;
