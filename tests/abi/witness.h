@@ -5,7 +5,7 @@
 /// pointer alone makes no instance of a template.
 #define WITNESS(...)                                                             \
   __attribute__((visibility("default"))) void Witness(__VA_ARGS__* /*unused*/) { \
-    static_assert(sizeof(__VA_ARGS__) > 0, "");                                  \
+    static_assert(sizeof(__VA_ARGS__) >= 1, "");                                 \
   }
 
 #endif

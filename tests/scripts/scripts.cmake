@@ -42,6 +42,14 @@ foreach(promise
     Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/elsewhere_test.py ${CMAKE_SOURCE_DIR} ${promise})
 endforeach()
 
+# What script/lint looks at.
+foreach(promise EachSourceIsLookedAtOnceHoweverOftenItIsCompiled ASourceThatIsLeftOutIsNamedWithItsReason
+                ASourceThatNothingCompilesIsRefused NoSourceAtAllIsRefused AFindingFailsIt
+                WhatIsLeftOutIsThereAndHeadersOfAllFoldersAreLookedAt)
+  bt_add_source_test(NAME scripts_lint/${promise}
+    Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/lint_test.py ${CMAKE_SOURCE_DIR} Mistakes.test_${promise})
+endforeach()
+
 # What debian/ says twice, or has to say.
 foreach(promise TheVersionIsThatOfTheLibrary WhatTheBuildNeedsIsInstalledByBootstrap NothingIsTakenBecauseItIsFound
                 EachOverrideHasItsReason)
