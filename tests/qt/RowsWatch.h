@@ -58,8 +58,7 @@ class RowsWatch : public QObject {
   }
   /// What has happened since the last time: "+" for a run of insertions, and so on.
   QString take() {
-    const QString text =
-        QStringLiteral("+%1 -%2 >%3 =%4").arg(insertions).arg(removals).arg(moves).arg(changes);
+    QString text = QStringLiteral("+%1 -%2 >%3 =%4").arg(insertions).arg(removals).arg(moves).arg(changes);
     insertions = removals = moves = changes = 0;
     return text;
   }

@@ -22,7 +22,7 @@ void CallsTest::callsAreRows() {
   Calls* const calls = m_bt->calls();
   settle();
   RowsWatch watch(*calls->model());
-  QVERIFY(calls->incoming().value<std::nullptr_t>() == nullptr && !calls->incoming().toMap().size());
+  QVERIFY(calls->incoming().value<std::nullptr_t>() == nullptr && calls->incoming().toMap().empty());
   QVERIFY(!calls->canSwap());
 
   m_fake->WillAnswer(&Service::CurrentCalls, CallsOf({Slot(1, BT_CALL_ACTIVE, "110")}));
