@@ -37,6 +37,28 @@ constexpr long kKilobytesOfSlack = 256;
 
 }  // namespace
 
+const std::array<const char*, FAULTS> kFaultTexts = {
+    "answers delayed (200 by 0.3 s each time)",  "answers refused (20 each time)",
+    "the service has left the bus for 0.15 s",   "the service was killed and started again",
+    "the service was stopped and started again", "the bus was killed and started again",
+};
+
+std::vector<std::string> SoakResult::Omissions() const {
+  std::vector<std::string> omissions;
+  if (sum.calls == 0) {
+    omissions.emplace_back("calls over the bus");
+  }
+  if (sum.deliveries == 0) {
+    omissions.emplace_back("deliveries to listeners");
+  }
+  for (int i = 0; i < FAULTS; ++i) {
+    if (faults[i] == 0) {
+      omissions.emplace_back(kFaultTexts[i]);
+    }
+  }
+  return omissions;
+}
+
 Soak::Soak(std::chrono::seconds duration) : m_duration(duration) {}
 
 SoakResult Soak::Run() {

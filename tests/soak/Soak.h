@@ -19,6 +19,7 @@ constexpr int kClients = 8;
 
 /// What happens to the service and the bus.
 enum Fault { DELAYED, REFUSED, LEFT, KILLED, RESTARTED, BUS_RESTARTED, FAULTS };
+extern const std::array<const char*, FAULTS> kFaultTexts;
 
 /// What a process had when it had warmed up, and at its end.
 struct Usage {
@@ -37,6 +38,10 @@ struct SoakResult {
   int segmentsAtEnd = 0;
   long lossCount = 0;
   std::vector<std::string> losses;  ///< the first of them
+
+  /// What never happened, so that the soak says nothing about it: one of the faults, any call, any delivery.
+  std::vector<std::string> Omissions() const;
+  bool IsGood() const { return lossCount == 0 && Omissions().empty(); }
 };
 
 /// Eight applications beside a service to which something happens all the time. The bus is restarted again

@@ -64,6 +64,30 @@ TEST(Outages, ExplainWhatHasFailedWhileTheyLasted) {
   EXPECT_FALSE(outages.Explain(501, 600));
 }
 
+TEST(SoakResult, IsOnlyGoodIfEverythingHasHappenedAndNothingIsLost) {
+  SoakResult result;
+  result.sum.calls = result.sum.deliveries = 1;
+  result.faults.fill(1);
+  EXPECT_TRUE(result.IsGood());
+  result.lossCount = 1;
+  EXPECT_FALSE(result.IsGood());
+  result.lossCount = 0;
+
+  result.sum.calls = 0;
+  EXPECT_EQ(result.Omissions(), std::vector<std::string>{"calls over the bus"});
+  EXPECT_FALSE(result.IsGood());
+  result.sum.calls = 1;
+  result.sum.deliveries = 0;
+  EXPECT_EQ(result.Omissions(), std::vector<std::string>{"deliveries to listeners"});
+  result.sum.deliveries = 1;
+  for (int fault = 0; fault < FAULTS; ++fault) {
+    result.faults[fault] = 0;
+    EXPECT_EQ(result.Omissions(), std::vector<std::string>{kFaultTexts[fault]});
+    EXPECT_FALSE(result.IsGood());
+    result.faults[fault] = 1;
+  }
+}
+
 TEST(Soak, OfSomeSecondsMeetsEachFaultAndLosesNothing) {
   const SoakResult result = Soak(std::chrono::seconds(1)).Run();
   for (const std::string& loss : result.losses) {
