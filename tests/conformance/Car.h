@@ -40,8 +40,15 @@ class Car {
   int EndService();
   void KillService();
 
-  /// Has the phone paired and connected with all that it can, and what follows by itself done.
+  /// Starts the application, or the next one, which knows nothing of the one before.
+  void StartApplication();
+  void EndApplication();
+
+  /// Has the phone paired and connected with all that it can, and its phone book downloaded.
   void ConnectPhone();
+
+  /// What the last pairing asked for; it wants to be answered with the same.
+  PairRequestState AskedState() const;
 
   /// Forgets the events up to now.
   void Forget();
@@ -58,6 +65,8 @@ class Car {
 
  private:
   void PairPhone();
+  /// The values of the last event of this name; null if there was none.
+  const std::vector<std::string>* LastOf(const std::string& event) const;
 
   bttest::BusDaemon m_bus;
   std::unique_ptr<bttest::ChildProcess> m_service;

@@ -1,5 +1,6 @@
 #include "tests/conformance/Patience.h"
 
+#include <csignal>
 #include <cstdlib>
 
 #include "support/MainLoop.h"
@@ -9,16 +10,17 @@ namespace {
 
 constexpr std::chrono::milliseconds kBetweenQuestions{20};
 
-double Factor() {
+std::chrono::milliseconds Bound() {
   const char* const factor = std::getenv("BTCONFORMANCE_PATIENCE");
-  return factor != nullptr ? std::strtod(factor, nullptr) : 1;
+  const std::chrono::duration<double, std::milli> bound = bttest::kBound;
+  return std::chrono::duration_cast<std::chrono::milliseconds>(
+      bound * (factor != nullptr ? std::strtod(factor, nullptr) : 1));
 }
 
 }  // namespace
 
 bool Eventually(const std::function<bool()>& condition) {
-  const auto bound = std::chrono::duration<double, std::milli>(bttest::kBound) * Factor();
-  const auto end = std::chrono::steady_clock::now() + bound;
+  const auto end = std::chrono::steady_clock::now() + Bound();
   while (!condition()) {
     if (std::chrono::steady_clock::now() >= end) {
       return false;
@@ -27,6 +29,11 @@ bool Eventually(const std::function<bool()>& condition) {
     bttest::RunUntil([] { return false; }, kBetweenQuestions);
   }
   return true;
+}
+
+std::optional<int> EndInGoodOrder(bttest::ChildProcess& process) {
+  process.Signal(SIGTERM);
+  return process.Wait(Bound());
 }
 
 }  // namespace conformance

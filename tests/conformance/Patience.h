@@ -2,6 +2,9 @@
 #define TESTS_CONFORMANCE_PATIENCE_H
 
 #include <functional>
+#include <optional>
+
+#include "support/ChildProcess.h"
 
 namespace conformance {
 
@@ -9,6 +12,10 @@ namespace conformance {
 /// The time is what the other tests take, times BTCONFORMANCE_PATIENCE: a real radio needs more than a
 /// simulation.
 bool Eventually(const std::function<bool()>& condition);
+
+/// Has a process end, as the system does that shuts down, and waits for it as long. Its exit status; nothing
+/// if it still runs.
+std::optional<int> EndInGoodOrder(bttest::ChildProcess& process);
 
 }  // namespace conformance
 

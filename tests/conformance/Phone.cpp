@@ -23,7 +23,9 @@ std::set<std::string> Words(const std::string& text) {
 }
 
 bool IsAsked(const std::string& what) {
-  return what == kLinkKeyByOtherMeans || what == kProjection || what == kSerialEcho || what == kNextTrack;
+  static const std::set<std::string> asked{
+      kLinkKeyByOtherMeans, kProjection, kSerialEcho, kNextTrack, kBrowsing, kPlayModes, kVoiceRecognition};
+  return asked.count(what) != 0;
 }
 
 }  // namespace

@@ -21,6 +21,9 @@ constexpr const char* kLinkKeyByOtherMeans = "link-key-by-other-means";
 constexpr const char* kProjection = "projection";
 constexpr const char* kSerialEcho = "serial-echo";  ///< sends back what it gets over a serial channel
 constexpr const char* kNextTrack = "next-track";    ///< has one, with a cover image
+constexpr const char* kBrowsing = "browsing";       ///< the folders of its player
+constexpr const char* kPlayModes = "play-modes";
+constexpr const char* kVoiceRecognition = "voice-recognition";
 
 /// What a person, a phone or the network does: the verbs of the interface
 /// com.zelk.linux.bluetooth.sim.Outside. The simulation has them; beside a real stack a program that drives

@@ -2,8 +2,8 @@
 # networks do. Here with the simulation; BTCONFORMANCE_SERVICE, _PHONE_NAME, _PHONE_PATH, _LACKS and _PATIENCE name
 # another. Without either, the tests are skipped.
 bt_add_test(NAME conformance
-  SOURCES Car.cpp Patience.cpp Phone.cpp calls_test.cpp content_test.cpp events_test.cpp pairing_test.cpp power_test.cpp
-          restart_test.cpp ../contract/Witness.cpp
+  SOURCES Car.cpp Patience.cpp Phone.cpp calls_test.cpp content_test.cpp events_test.cpp pairing_test.cpp patience_test.cpp
+          power_test.cpp restart_test.cpp ../contract/Witness.cpp
   LIBS bt_test_derived
   LABELS conformance)
 target_compile_definitions(conformance PRIVATE BTTEST_WITNESS="${CMAKE_SOURCE_DIR}/tests/contract/witness.txt")
@@ -11,6 +11,20 @@ if(BT_BUILD_SIMULATION)
   target_compile_definitions(conformance PRIVATE
     BTCONFORMANCE_WORLD="${CMAKE_SOURCE_DIR}/tests/service/everything.json")
   add_dependencies(conformance btservice)
+endif()
+
+# Phones ask for different things when they pair: here neither is paired yet, and both only want a yes or no.
+if(BT_BUILD_SIMULATION)
+  set(service_of_just_works
+    "$<TARGET_FILE:btservice> --no-state --speed 20 --world ${CMAKE_CURRENT_LIST_DIR}/just_works.json")
+  foreach(case PairingTest.BothAccept PairingTest.ThePhoneBegins PairingTest.TheDriverRefuses
+          PairingTest.AfterOneThatFailedThePhoneIsPaired)
+    add_test(NAME conformance_of_just_works/${case}
+      COMMAND ${CMAKE_COMMAND} -E env "BTCONFORMANCE_SERVICE=${service_of_just_works}"
+              $<TARGET_FILE:conformance> --gtest_filter=${case})
+    set_tests_properties(conformance_of_just_works/${case} PROPERTIES
+      TIMEOUT ${BT_TEST_TIMEOUT} LABELS conformance FAIL_REGULAR_EXPRESSION "SKIPPED|0 tests ran")
+  endforeach()
 endif()
 
 # A service with another stack passes what that stack can do, without anybody who moves a phone. Each in a process of

@@ -38,6 +38,14 @@ TEST_F(ContentTest, TheContactsAreThoseOfThePhone) {
   EXPECT_THAT(numbers, ElementsAre("+49170555", "+4930555"));
 }
 
+TEST_F(ContentTest, TheContactsAreThereForAnApplicationThatComesAfterTheDownload) {
+  ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
+  car.EndApplication();
+  car.StartApplication();
+  ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
+  EXPECT_GT(car.book.GetContactCount(), 0);
+}
+
 /// Waits until a list has so many contacts; the id of the first.
 int FirstOf(MWPBtPbap& book, int (MWPBtPbap::*list)(std::list<MWPTypeContact>&), std::size_t count) {
   int id = -1;

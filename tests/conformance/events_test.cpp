@@ -154,7 +154,7 @@ const std::vector<Cause>& Causes() {
        },
        {"OnAudioTrackChanged", "OnMediaInfoChanged", "OnCoverImageDownloadCompleted"}},
       {"APlayMode",
-       {},
+       {kPlayModes},
        [](Scene& s) {
          MWPTypePlayMode repeatAll;
          repeatAll.nType = 2;
@@ -163,7 +163,7 @@ const std::vector<Cause>& Causes() {
        },
        {"OnPlayModeChanged"}},
       {"Browsing",
-       {},
+       {kBrowsing},
        [](Scene& s) {
          Browse(s);
          EXPECT_NE(s.car.music.GetBrowsingFolderItemTotal(""), 0);
@@ -192,7 +192,7 @@ const std::vector<Cause>& Causes() {
        },
        {"OnConferenceChanged"}},
       {"VoiceRecognition",
-       {},
+       {kVoiceRecognition},
        [](Scene& s) { s.car.calls.StartVoiceRecognition(); },
        {"OnVoiceStatusChanged"}},
       {"ADownload",

@@ -25,7 +25,7 @@ TEST_F(PairingTest, BothAccept) {
   CONFORMANCE_NEEDS("AcceptPairing");
   ASSERT_NO_FATAL_FAILURE(Ask());
   EXPECT_TRUE(phone.Do("AcceptPairing", kNewPhone));
-  EXPECT_NE(car.com.AnswerPair("", kNewPhone, BT_PAIR_REQUEST_CONFIRMATION), 0);
+  EXPECT_NE(car.com.AnswerPair("", kNewPhone, car.AskedState()), 0);
   EXPECT_TRUE(car.Hears("OnPairStatusChanged",
                         {ValueText::Of(BT_PAIR_PAIRED), ValueText::Of(BT_PAIR_REASON_NONE), kAddress}));
   EXPECT_TRUE(Eventually([&] { return IsPaired(); }));
@@ -52,15 +52,25 @@ TEST_F(PairingTest, ThePhoneBegins) {
   ASSERT_TRUE(Eventually([&] { return phone.Do("RequestPairing", kNewPhone); }));
   ASSERT_TRUE(car.Hears("OnAnswerPairRequest", {kAddress}));
   EXPECT_TRUE(phone.Do("AcceptPairing", kNewPhone));
-  EXPECT_NE(car.com.AnswerPair("", kNewPhone, BT_PAIR_REQUEST_CONFIRMATION), 0);
+  EXPECT_NE(car.com.AnswerPair("", kNewPhone, car.AskedState()), 0);
   EXPECT_TRUE(Eventually([&] { return IsPaired(); }));
 }
 
 TEST_F(PairingTest, TheDriverRefuses) {
   ASSERT_NO_FATAL_FAILURE(Ask());
-  EXPECT_NE(car.com.RejectPair(kNewPhone, BT_PAIR_REQUEST_CONFIRMATION), 0);
+  EXPECT_NE(car.com.RejectPair(kNewPhone, car.AskedState()), 0);
   EXPECT_TRUE(car.Hears("OnPairStatusChanged", {kFailed}));
   EXPECT_FALSE(IsPaired());
+}
+
+TEST_F(PairingTest, AfterOneThatFailedThePhoneIsPaired) {
+  ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
+  EXPECT_NE(car.com.DeletePairDevice(kPhone, 1), 0);
+  ASSERT_TRUE(Eventually([&] { return car.com.GetRemotePairDeviceName(kPhone).empty(); }));
+  EXPECT_TRUE(Eventually([&] { return car.com.Pair("00:1A:7D:DA:71:FF", "") != 0; }));  // nobody is there
+  ASSERT_NO_FATAL_FAILURE(car.ConnectPhone());
+  EXPECT_TRUE(car.HasHeard("OnPairStatusChanged", {kFailed}));
+  EXPECT_FALSE(car.com.GetRemotePairDeviceName(kPhone).empty());
 }
 
 }  // namespace
