@@ -1,5 +1,6 @@
 // The table of calls, which applications read at any time and without a lock.
 
+#include <array>
 #include <atomic>
 #include <csignal>
 #include <cstring>
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <sys/shm.h>
+#include <ucontext.h>
 #include <unistd.h>
 
 #include "ipc/ShareMemory/SegmentReader.h"
@@ -42,30 +44,41 @@ class WatchedTable {
         mmap(nullptr, 2 * m_pageSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
     s_watched = this;
     struct sigaction action = {};
-    action.sa_sigaction = &OnFault;
     action.sa_flags = SA_SIGINFO;
-    sigaction(SIGSEGV, &action, &m_before);
+    action.sa_sigaction = &OnFault;
+    sigaction(SIGSEGV, &action, &m_beforeFault);
+    action.sa_sigaction = &OnStep;
+    sigaction(SIGTRAP, &action, &m_beforeStep);
   }
   ~WatchedTable() {
-    sigaction(SIGSEGV, &m_before, nullptr);
+    sigaction(SIGSEGV, &m_beforeFault, nullptr);
+    sigaction(SIGTRAP, &m_beforeStep, nullptr);
     munmap(m_pages, 2 * m_pageSize);
   }
   WatchedTable(const WatchedTable&) = delete;
   WatchedTable& operator=(const WatchedTable&) = delete;
 
   std::uint8_t* Memory() const { return m_pages + m_pageSize - sizeof(std::int32_t); }
-  std::int32_t Count() const {
-    std::int32_t count = 0;
-    std::memcpy(&count, Memory(), sizeof(count));
-    return count;
+  std::int32_t Word(std::size_t offset) const {
+    std::int32_t word = 0;
+    std::memcpy(&word, Memory() + offset, sizeof(word));
+    return word;
   }
+  std::int32_t Count() const { return Word(0); }
   void WatchRecords() { mprotect(m_pages + m_pageSize, m_pageSize, PROT_READ); }
   void WatchCount() { mprotect(m_pages, m_pageSize, PROT_READ); }
+  /// Watches the records, and what the word at offset becomes by the one instruction that writes first.
+  void WatchFirstStore(std::size_t offset) {
+    m_steppedOffset = offset;
+    WatchRecords();
+  }
   /// The number of calls when the watched page was written to; nothing if it was not.
   std::optional<std::int32_t> CountAtWrite() const { return m_countAtWrite; }
+  /// The watched word after the first store; nothing if there was none.
+  std::optional<std::int32_t> WordAfterFirstStore() const { return m_wordAfterStore; }
 
  private:
-  static void OnFault(int, siginfo_t* info, void*) {
+  static void OnFault(int, siginfo_t* info, void* context) {
     auto* const address = static_cast<std::uint8_t*>(info->si_addr);
     if (address < s_watched->m_pages || address >= s_watched->m_pages + 2 * s_watched->m_pageSize) {
       signal(SIGSEGV, SIG_DFL);  // a fault of something else: it ends the test when it happens again
@@ -73,13 +86,32 @@ class WatchedTable {
     }
     s_watched->m_countAtWrite = s_watched->Count();
     mprotect(s_watched->m_pages, 2 * s_watched->m_pageSize, PROT_READ | PROT_WRITE);
+    if (s_watched->m_steppedOffset) {
+      StopAfterOneInstruction(context, true);
+    }
+  }
+
+  static void OnStep(int, siginfo_t*, void* context) {
+    StopAfterOneInstruction(context, false);
+    s_watched->m_wordAfterStore = s_watched->Word(*s_watched->m_steppedOffset);
+  }
+
+  static void StopAfterOneInstruction([[maybe_unused]] void* context, [[maybe_unused]] bool stops) {
+#ifdef __x86_64__
+    constexpr greg_t kTrapFlag = 0x100;
+    greg_t& flags = static_cast<ucontext_t*>(context)->uc_mcontext.gregs[REG_EFL];
+    flags = stops ? flags | kTrapFlag : flags & ~kTrapFlag;
+#endif
   }
 
   static WatchedTable* s_watched;
   std::size_t m_pageSize;
   std::uint8_t* m_pages;
-  struct sigaction m_before = {};
+  struct sigaction m_beforeFault = {};
+  struct sigaction m_beforeStep = {};
   std::optional<std::int32_t> m_countAtWrite;
+  std::optional<std::size_t> m_steppedOffset;
+  std::optional<std::int32_t> m_wordAfterStore;
 };
 
 WatchedTable* WatchedTable::s_watched = nullptr;
@@ -144,6 +176,20 @@ TEST_F(CallTableTest, ATickOfOneCallLeavesTheOtherAlone) {
   ExpectHolds(later);
 }
 
+#ifdef __x86_64__  // other processors do not stop a program after one instruction
+TEST_F(CallTableTest, ATickIsOneStoreThoughItsAddressIsNotAligned) {
+  const PackedCallTable before = PackCallTable({MakeCall(1, 10), MakeCall(2, 255)}, kTableSize);
+  const PackedCallTable later = PackCallTable({MakeCall(1, 10), MakeCall(2, 256)}, kTableSize);
+  const std::size_t offset = later.seconds[1];
+  ASSERT_NE(offset % sizeof(std::int32_t), 0U);
+  RewriteCallTable(table.Memory(), {}, before);
+  ASSERT_EQ(table.Word(offset), 255);
+  table.WatchFirstStore(offset);
+  RewriteCallTable(table.Memory(), before, later);
+  EXPECT_EQ(table.WordAfterFirstStore(), 256);
+}
+#endif
+
 /// The segment of the running service, attached to be read as fast as can be.
 class AttachedTable {
  public:
@@ -163,7 +209,7 @@ class AttachedTable {
 };
 
 /// Takes the seconds of both slots out of a copy of the table. False if it cannot be read.
-bool TakeSeconds(Bytes& copy, int (&seconds)[2]) {
+bool TakeSeconds(Bytes& copy, std::array<int, 2>& seconds) {
   SegmentReader reader(copy.data(), copy.data() + copy.size());
   int number = 0;
   std::string text;
@@ -198,7 +244,7 @@ TEST(RunningCallTableTest, NoReadIsTornWhileOnlySecondsTick) {
 
   const AttachedTable table;
   Bytes copy(256);
-  int seconds[2] = {};
+  std::array<int, 2> seconds{};
   table.Read(copy);
   ASSERT_TRUE(TakeSeconds(copy, seconds));
   const Bytes expected = copy;
@@ -209,9 +255,11 @@ TEST(RunningCallTableTest, NoReadIsTornWhileOnlySecondsTick) {
   long torn = 0;
   ASSERT_TRUE(bttest::WaitUntil([&] {
     for (int i = 0; i < 10000; ++i) {
-      const int before = seconds[0];
+      const std::array<int, 2> before = seconds;
       table.Read(copy);
-      torn += !TakeSeconds(copy, seconds) || copy != expected || seconds[0] < before;
+      // A number that is torn upwards falls at the next read.
+      torn +=
+          !TakeSeconds(copy, seconds) || copy != expected || seconds[0] < before[0] || seconds[1] < before[1];
       ++reads;
     }
     return seconds[0] - first > kTicks || torn > 0;
