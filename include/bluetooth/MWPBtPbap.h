@@ -39,15 +39,14 @@ class MWP_BT_API MWPBtPbap {
   /// @return not 0 if the service accepted the request, else 0
   int StopPhoneBookDownload();
   /// The phone book: asks the service to publish it, and reads it from shared memory. The list is replaced,
-  /// unless the call fails, which leaves it as it was. Answers 1 in either case: look at the list. Nodes,
-  /// strings and vectors that the list already holds are used again, so fetching into the list of a previous
-  /// call is cheapest.
+  /// unless the call fails, which leaves it as it was: look at the list. Nodes, strings and vectors that the
+  /// list already holds are used again, so fetching into the list of a previous call is cheapest.
   /// @param contacts receives the contacts, as copies
-  /// @return the result of the service, which is 1 with btservice; 1 as well if the call failed
+  /// @return 1, whatever the service answers; 0 only while the library is not started
   int GetContactList(std::list<MWPTypeContact>& contacts);
   /// The favourite contacts, as GetContactList.
   /// @param contacts receives the contacts, as copies
-  /// @return the result of the service, which is 1 with btservice; 1 as well if the call failed
+  /// @return 1, whatever the service answers; 0 only while the library is not started
   int GetFavContactList(std::list<MWPTypeContact>& contacts);
   /// Deletes a contact. Accepted; the outcome is OnDeletePhoneBookChanged.
   /// @param id MWPTypeContact::nContactId
