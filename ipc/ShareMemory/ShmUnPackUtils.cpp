@@ -11,7 +11,7 @@
 namespace {
 
 /// Puts reader on what is left from cursor on in the segment that it points into; false if it points into
-/// none that is in use.
+/// none that is attached.
 bool FindReader(const unsigned char* cursor, SegmentReader& reader) {
   for (const SegmentEntry& entry : kSegmentCatalogue) {
     const SegmentBytes segment = UsableSegment(entry.id);
@@ -21,6 +21,10 @@ bool FindReader(const unsigned char* cursor, SegmentReader& reader) {
       reader = SegmentReader(cursor, end);
       return true;
     }
+  }
+  if (const unsigned char* const end = EndOfAttached(cursor)) {
+    reader = SegmentReader(cursor, end);  // destroyed, and still attached
+    return true;
   }
   return false;
 }
@@ -43,7 +47,7 @@ bool ShmUnPackUtils::UnPackDataFromShareMemory(T& out) {
   }
   SegmentReader reader;
   if (!FindReader(m_pCursor, reader)) {
-    MWP_LOG(MWP_LOG_ERROR, "the segment that is being unpacked has been detached or destroyed");
+    MWP_LOG(MWP_LOG_ERROR, "the segment that is being unpacked has been detached");
     return false;
   }
   if (!reader.ReadString(out)) {

@@ -13,7 +13,8 @@ class MWP_BT_API ShmUnPackUtils {
 
   /// Reads the string at the cursor into out and puts the cursor behind it. Returns false, with out and the
   /// cursor untouched, if the cursor is null, and with an error in the log if no string ends inside the
-  /// segment or ShareMemory has forgotten the segment meanwhile. Instantiated for std::string.
+  /// segment or the segment was detached meanwhile. One that was destroyed stays attached and is read on.
+  /// Instantiated for std::string.
   template <typename T>
   bool UnPackDataFromShareMemory(T& out);
 

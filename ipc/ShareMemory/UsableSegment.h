@@ -16,4 +16,8 @@ struct SegmentBytes {
 /// ShareMemory records as the address (void*)-1. Never more than the contract gives the segment.
 SegmentBytes UsableSegment(ShareMemID id);
 
+/// Where the usable bytes end of the segment that an address points into, or just behind. A segment that was
+/// destroyed counts as well, since it stays attached; one that was detached does not. Null if there is none.
+const unsigned char* EndOfAttached(const unsigned char* address);
+
 #endif

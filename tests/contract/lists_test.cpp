@@ -388,18 +388,41 @@ TEST_F(Lists, UnpackUtilsStopAtATextWithoutAnEnd) {
   }
 }
 
-TEST_F(Lists, UnpackUtilsSayThatTheirSegmentIsGoneAndReadNothing) {
+TEST_F(Lists, UnpackUtilsReadOnInASegmentThatWasDestroyed) {
+  // The end of the last text is that of the segment.
+  const std::size_t before = sizeof(std::int32_t) + sizeof("first");
+  const std::string longest(kSegmentCatalogue[SH_FAV_CONTACT_LIST].size - before - 1, 'x');
+  SegmentItems().Int(1).Text("first").Text(longest).Publish(SH_FAV_CONTACT_LIST);
+  ShmUnPackUtils unpack;
+  EXPECT_EQ(unpack.StartShmUnPackList(SH_FAV_CONTACT_LIST), 1);
+  std::string text;
+  ASSERT_TRUE(unpack.UnPackDataFromShareMemory(text));
+  ShareMemory::DestroyShareMemory(SH_FAV_CONTACT_LIST);
+  // The next client attaches another one, of which it uses less.
+  ASSERT_TRUE(ShareMemory::InitShareMemory(SH_FAV_CONTACT_LIST, 4096));
+  {
+    bttest::LogCapture log;
+    EXPECT_TRUE(unpack.UnPackDataFromShareMemory(text));
+    EXPECT_TRUE(text == longest);
+    EXPECT_EQ(log.Messages(), std::vector<std::string>());
+  }
+  bttest::WriteSegment(SH_FAV_CONTACT_LIST, 0, SegmentItems().Int(1).Raw(std::string(4092, 'x')).Bytes());
+  ShmUnPackUtils next;
+  EXPECT_EQ(next.StartShmUnPackList(SH_FAV_CONTACT_LIST), 1);
+  EXPECT_FALSE(next.UnPackDataFromShareMemory(text));
+}
+
+TEST_F(Lists, UnpackUtilsSayThatTheirSegmentWasDetachedAndReadNothing) {
   SegmentItems().Int(1).Text("first").Text("second").Publish(SH_PAIRED_LIST);
   ShmUnPackUtils unpack;
   EXPECT_EQ(unpack.StartShmUnPackList(SH_PAIRED_LIST), 1);
   std::string text;
   ASSERT_TRUE(unpack.UnPackDataFromShareMemory(text));
-  ShareMemory::DestroyShareMemory(SH_PAIRED_LIST);
+  ShareMemory::DetachShareMemory(SH_PAIRED_LIST);
   bttest::LogCapture log;
   EXPECT_FALSE(unpack.UnPackDataFromShareMemory(text));
   EXPECT_EQ(text, "first");
-  EXPECT_EQ(log.Messages(),
-            std::vector<std::string>{"the segment that is being unpacked has been detached or destroyed"});
+  EXPECT_EQ(log.Messages(), std::vector<std::string>{"the segment that is being unpacked has been detached"});
   EXPECT_EQ(log.OfLevel(100).size(), 1u);
 }
 
