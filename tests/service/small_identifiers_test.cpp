@@ -2,6 +2,7 @@
 // application that ends in good order removes the segments of these numbers, whoever uses them.
 
 #include <csignal>
+#include <fstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -86,6 +87,21 @@ TEST_F(SmallIdentifiersTest, WhatOthersMadeBeforeStays) {
   EXPECT_EQ(reserve.Wait(), 0);
   EXPECT_EQ(bttest::FindSegment(SH_CONTACT_LIST)->identifier, identifier);
   EXPECT_GT(bttest::MakeDummySegments(1).front(), kLastSmall);
+}
+
+TEST_F(SmallIdentifiersTest, ReservingThatFailsSaysSoWithAStatusOfItsOwn) {
+  // The system may have as many segments as there are: that of this test.
+  const int count = bttest::CountSegments();
+  std::ofstream("/proc/sys/kernel/shmmni") << count;
+  int limit = 0;
+  std::ifstream("/proc/sys/kernel/shmmni") >> limit;
+  if (limit != count) {
+    GTEST_SKIP() << "the number of segments cannot be limited here";
+  }
+  ChildProcess reserve({kExecutable, "--reserve"});
+  EXPECT_EQ(reserve.Wait(), 6);
+  EXPECT_NE(reserve.Errors().find("No space left on device"), std::string::npos) << reserve.Errors();
+  EXPECT_EQ(bttest::CountSegments(), count);
 }
 
 TEST_F(SmallIdentifiersTest, TheServiceFirst) {

@@ -6,6 +6,8 @@ bt_add_test(NAME unit_registry SOURCES registry_test.cpp)
 bt_add_test(NAME unit_listener SOURCES listener_test.cpp)
 bt_add_test(NAME unit_segments SOURCES segments_test.cpp)
 bt_add_test(NAME unit_segment_teardown SOURCES segment_teardown_test.cpp LIBS ${CMAKE_DL_LIBS})
+bt_add_test(NAME unit_small_identifiers
+  SOURCES small_identifiers_test.cpp ../../ipc/ShareMemory/SmallIdentifiers.cpp LIBS ${CMAKE_DL_LIBS})
 bt_add_test(NAME unit_attach_failure SOURCES attach_failure_test.cpp)
 bt_add_test(NAME unit_settings SOURCES settings_test.cpp)
 find_package(nlohmann_json REQUIRED)
