@@ -35,28 +35,36 @@ inline Fault ReadCount(SegmentReader& reader, std::size_t smallestItem, int& cou
   return IsPossible(count, smallestItem, reader) ? kNoFault : kImpossibleCount;
 }
 
+/// Reads count items one after the other into the list from next on, using the nodes that are there and
+/// adding what is missing. next is then behind the last whole item, also if this throws.
+template <typename Item, typename ReadItem>
+Fault ReadIntoList(std::list<Item>& list, typename std::list<Item>::iterator& next, int count,
+                   ReadItem readItem) {
+  for (int i = 0; i < count; ++i) {
+    if (next == list.end()) {
+      next = list.emplace(next);
+    }
+    if (const Fault fault = readItem(*next)) {
+      return fault;
+    }
+    ++next;
+  }
+  return kNoFault;
+}
+
 /// Makes [first, end of list) hold count items read one after the other, using the nodes that are there and
 /// adding or erasing the difference. After a fault the list ends with the last whole item.
 template <typename Item, typename ReadItem>
 Fault FillList(std::list<Item>& list, typename std::list<Item>::iterator first, int count,
                ReadItem readItem) {
   Fault fault = kNoFault;
-  auto item = first;
+  auto next = first;
   try {
-    for (int i = 0; i < count; ++i) {
-      if (item == list.end()) {
-        item = list.emplace(item);
-      }
-      fault = readItem(*item);
-      if (fault != kNoFault) {
-        break;
-      }
-      ++item;
-    }
+    fault = ReadIntoList(list, next, count, readItem);
   } catch (const std::bad_alloc&) {
     fault = kOutOfMemory;
   }
-  list.erase(item, list.end());
+  list.erase(next, list.end());
   return fault;
 }
 
@@ -111,8 +119,13 @@ inline Fault ReadRecord(SegmentReader& reader, MWPTypeContact& contact) {
   if (const Fault fault = ReadCount(reader, kSmallestNumberGroup, count)) {
     return fault;
   }
-  return FillList(contact.listNumbers, contact.listNumbers.begin(), count,
-                  [&reader](MWPTypeContactNumber& group) { return ReadNumberGroup(reader, group); });
+  // Whoever reads contacts drops one that is not whole, and expects that memory may run out.
+  auto next = contact.listNumbers.begin();
+  const Fault fault = ReadIntoList(contact.listNumbers, next, count, [&reader](MWPTypeContactNumber& group) {
+    return ReadNumberGroup(reader, group);
+  });
+  contact.listNumbers.erase(next, contact.listNumbers.end());
+  return fault;
 }
 
 inline Fault ReadRecord(SegmentReader& reader, MWPTypeCallLog& log) { return ReadItems(reader, log); }

@@ -54,6 +54,25 @@ TEST_F(Lists, OfContactsEndBeforeTheOneThatFindsNoMemory) {
   ExpectOutOfMemory(log, "GetContactList");
 }
 
+TEST_F(Lists, OfContactsEndBeforeTheOneWhoseNumberFindsNoMemory) {
+  SegmentItems packer;
+  packer.Int(2);
+  for (const std::string& number : {std::string("110"), std::string(kLarge, '1')}) {
+    packer.Int(1).Text("a").Text("").Int(1).Int(0).Int(1).Text(number);  // one group of one number
+  }
+  packer.Publish(SH_CONTACT_LIST);
+  bttest::LogCapture log;
+  std::list<MWPTypeContact> contacts;
+  {
+    const bttest::ShortOfMemory here(kLarge);
+    EXPECT_NO_THROW(EXPECT_EQ(m_adapter.GetContactList(contacts), 1));
+  }
+  ASSERT_EQ(contacts.size(), 1u);
+  ASSERT_EQ(contacts.front().listNumbers.size(), 1u);
+  EXPECT_EQ(contacts.front().listNumbers.front().vecValues, std::vector<std::string>{"110"});
+  ExpectOutOfMemory(log, "GetContactList");
+}
+
 TEST_F(Lists, OfCallLogsEndBeforeTheOneThatFindsNoMemory) {
   SegmentItems()
       .Int(2)
