@@ -2,7 +2,8 @@
 if(NOT TARGET bt_manual OR NOT TARGET btctl OR NOT TARGET btservice)
   return()
 endif()
-foreach(test MandocHasNothingToSay ManHasNothingToSay EveryCommandAndOptionIsExplained EveryRequestAndEventIsExplained
+foreach(test EachHeaderFunctionAndProgramHasOne MandocHasNothingToSay ManHasNothingToSay
+        EveryCommandAndOptionIsExplained EveryRequestAndEventIsExplained
         EveryDeclarationOfTheHeadersIsDocumented EveryParameterIsExplained
         EveryValueAndMemberIsNamed TheHelpOfTheServiceIsThere EachReferenceIsThere WhatIsNamedIsInTheSources
         TheExampleIsThatOfTheReadme)
