@@ -19,6 +19,11 @@ import subprocess
 import sys
 
 HERE = pathlib.Path(__file__).resolve().parent
+TREE = HERE.parent.parent
+sys.path.insert(0, str(TREE / "libbtasync"))
+sys.dont_write_bytecode = True  # nothing is written beside the sources
+import event_kinds  # pylint: disable=wrong-import-position
+
 # What the records were made with: others describe the same library in other words.
 MADE_WITH = {"amd64": "g++-12", "armhf": "arm-linux-gnueabihf-g++"}
 COMPILER_VERSION = "12"
@@ -88,10 +93,25 @@ def defined_types(text):
     return {re.sub(r"&lt;.*", "", name) for name in found}
 
 
+def without_scope(name):
+    """The name of a type without namespaces and arguments of templates."""
+    return re.sub(r"<.*", "", name).split("::")[-1]
+
+
 def witnessed(source):
-    """The types that a witness names, without namespaces and arguments of templates."""
-    return {re.sub(r"<.*", "", name).split("::")[-1] for name in
-            re.findall(r"^WITNESS\((.*)\)$", source.read_text(), re.M)}
+    """The types that a witness names, those of events included, which it takes from their header."""
+    text = source.read_text()
+    names = {without_scope(name) for name in re.findall(r"^WITNESS\((.*)\)$", text, re.M)}
+    if re.search(r'^#include "EventKinds.inc"$', text, re.M):
+        events = (TREE / "include/btasync/Events.h").read_text()
+        names |= {structure for structure, _ in event_kinds.signals_of_structures(events)}
+    return names
+
+
+def recorded_by_witness(text):
+    """The types that a witness named when this record of it was made."""
+    return {without_scope(name) for name in
+            re.findall(r"^Witness\((.*)\*\)$", "\n".join(readable(symbols_of(text))), re.M)}
 
 
 class Interface:

@@ -42,6 +42,10 @@ def records():
                 yield library, name.endswith("-witness"), record
 
 
+def witness_of(library, record):
+    return record.with_name(f"{library}-witness.abi.xz")
+
+
 class TheWitness(unittest.TestCase):
     def test_NamesWhatTheHeadersDefine(self):
         for library, folder in LIBRARIES.items():
@@ -53,7 +57,11 @@ class TheWitness(unittest.TestCase):
         self.assertEqual(len(list(records())), 8)  # of two libraries and their witnesses, for two architectures
         for library, is_witness, record in records():
             with self.subTest(record):
-                missing = gate.witnessed(HERE / f"witness_{library}.cpp") - gate.defined_types(gate.text_of(record))
+                # A type that is new is in no record yet: script/abi --record takes it into them.
+                witness = gate.recorded_by_witness(gate.text_of(witness_of(library, record)))
+                self.assertGreater(len(witness), 50)
+                missing = gate.witnessed(HERE / f"witness_{library}.cpp") & witness
+                missing -= gate.defined_types(gate.text_of(record))
                 # Without its witness, a record would not have these.
                 unused = {"MWPBtListenerType", "MWPTypeScanDevice", "MWPTypeBleDevice", "MWPTypeGattService",
                           "ProfileVersion"}
