@@ -6,8 +6,8 @@
 #include "ipc/ShareMemory/ShareMemory.h"
 #include "protocol/Segments.h"
 
-// Not inline: whoever does not look at the answer still has it worked out.
-__attribute__((noinline, noipa)) std::size_t FindEndOfEveryString() {
+// Neither inline nor in a source that uses it: whoever does not look at the answer still has it worked out.
+__attribute__((noinline)) std::size_t FindEndOfEveryString() {
   const auto* const begin = static_cast<const unsigned char*>(ShareMemory::GetShareMemory(SH_CONTACT_LIST));
   const unsigned char* const end = begin + kSegmentCatalogue[SH_CONTACT_LIST].size;
   const unsigned char* cursor = begin;
