@@ -59,18 +59,24 @@ void look(const QQuickItem& item, QStringList& faults, int& seen) {
   }
 }
 
-void lookForLatin(const QQuickItem& item, QStringList& found) {
+void lookForLetters(const QQuickItem& item, QStringList& found) {
   static const QRegularExpression kLatin(QStringLiteral("[A-Za-z]"));
+  static const QRegularExpression kArabic(QStringLiteral("[\\x{0600}-\\x{06FF}]"));
   if (!item.isVisible()) {
     return;
   }
-  const QString text = item.property("text").toString();
-  if (item.inherits("QQuickText") && text.contains(kLatin) && !item.property("fromOutside").toBool()) {
-    found += QStringLiteral("not translated: '%1'").arg(text);
+  if (item.inherits("QQuickText")) {
+    const QString text = item.property("text").toString();
+    const bool isFromOutside = item.property("fromOutside").toBool();
+    if (text.contains(kLatin) && !isFromOutside) {
+      found += QStringLiteral("not translated: '%1'").arg(text);
+    } else if (text.contains(kArabic) && isFromOutside) {
+      found += QStringLiteral("translated, and marked as coming from outside: '%1'").arg(text);
+    }
   }
   const auto children = item.childItems();
   for (const QQuickItem* const child : children) {
-    lookForLatin(*child, found);
+    lookForLetters(*child, found);
   }
 }
 
@@ -84,6 +90,6 @@ QStringList faultsOfVisibleTexts(const QQuickItem& root, int& seen) {
 
 QStringList untranslatedTexts(const QQuickItem& root) {
   QStringList found;
-  lookForLatin(root, found);
+  lookForLetters(root, found);
   return found;
 }

@@ -10,8 +10,9 @@ class QQuickItem;
 /// unit's. seen counts the texts.
 QStringList faultsOfVisibleTexts(const QQuickItem& root, int& seen);
 
-/// The visible texts below an item that a translation into Arabic letters should have changed: those with
-/// Latin ones, unless they are marked as coming from outside.
+/// What a translation into Arabic letters shows of the visible texts below an item: those with Latin ones,
+/// unless they are marked as coming from outside, were not translated; those that are marked so and were
+/// translated are the head unit's own.
 QStringList untranslatedTexts(const QQuickItem& root);
 
 #endif

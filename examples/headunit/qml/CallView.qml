@@ -18,11 +18,9 @@ ColumnLayout {
     }
     Item { Layout.fillHeight: true }
     Notice {
-        Layout.alignment: Qt.AlignHCenter
         operation: asked
     }
     Notice {
-        Layout.alignment: Qt.AlignHCenter
         operation: ending
     }
     GridLayout {

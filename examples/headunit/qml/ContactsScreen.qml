@@ -75,21 +75,17 @@ Item {
             }
         }
         Notice {
-            Layout.alignment: Qt.AlignHCenter
             operation: loading
             refused: qsTr("Connect a phone first")
         }
         Notice {
-            Layout.alignment: Qt.AlignHCenter
             operation: dialing
             refused: qsTr("Connect a phone first")
         }
         Notice {
-            Layout.alignment: Qt.AlignHCenter
             operation: marking
         }
         Notice {
-            Layout.alignment: Qt.AlignHCenter
             operation: stopping
         }
         Entries {

@@ -34,7 +34,6 @@ Rectangle {
                 objectName: "status"
                 Layout.fillWidth: true
                 visible: text !== ""
-                fromOutside: true
                 color: Theme.faint
                 font.pixelSize: Theme.small
                 text: row.status

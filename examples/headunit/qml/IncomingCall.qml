@@ -48,7 +48,6 @@ Rectangle {
             }
             Item { Layout.fillHeight: true }
             Notice {
-                Layout.alignment: Qt.AlignHCenter
                 operation: answer
             }
             RowLayout {

@@ -125,7 +125,6 @@ Item {
             }
         }
         Notice {
-            Layout.alignment: Qt.AlignHCenter
             operation: asked
         }
     }

@@ -1,8 +1,10 @@
 import QtQuick
 import HeadUnit
+import QtQuick.Layouts
 import BtAsync
 
-// What came of an operation, if it is not what the user wanted: a line in the user's words, for some seconds.
+// What came of an operation, if it is not what the user wanted: in the user's words, for some seconds. In a layout it is
+// as wide as its text, where there is room for it on one line.
 Rectangle {
     id: notice
 
@@ -12,6 +14,9 @@ Rectangle {
     property bool isShown: false
 
     visible: label.text !== ""
+    Layout.alignment: Qt.AlignHCenter
+    Layout.fillWidth: true
+    Layout.maximumWidth: implicitWidth
     implicitWidth: label.implicitWidth + 2 * Theme.gap
     implicitHeight: label.implicitHeight + Theme.gap
     radius: Theme.radius
@@ -20,9 +25,10 @@ Rectangle {
     Label {
         id: label
         objectName: "notice"
-        anchors.centerIn: parent
-        wrapMode: Text.NoWrap
-        color: Theme.text
+        anchors.fill: parent
+        anchors.leftMargin: Theme.gap
+        anchors.rightMargin: Theme.gap
+        horizontalAlignment: Text.AlignHCenter
         text: !notice.isShown ? ""
             : notice.operation.result === Operation.Refused ? notice.refused
             : notice.operation.reason === Operation.NoService

@@ -94,12 +94,10 @@ Item {
             Layout.fillHeight: true
             spacing: 12
             Notice {
-                Layout.alignment: Qt.AlignHCenter
                 operation: dialing
                 refused: qsTr("Connect a phone first")
             }
             Notice {
-                Layout.alignment: Qt.AlignHCenter
                 operation: sending
             }
             CallView {

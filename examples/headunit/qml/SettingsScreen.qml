@@ -95,15 +95,12 @@ Item {
             }
             Item { Layout.fillHeight: true }
             Notice {
-                Layout.alignment: Qt.AlignHCenter
                 operation: power
             }
             Notice {
-                Layout.alignment: Qt.AlignHCenter
                 operation: visibility
             }
             Notice {
-                Layout.alignment: Qt.AlignHCenter
                 operation: naming
             }
         }
@@ -201,16 +198,13 @@ Item {
                 }
             }
             Notice {
-                Layout.alignment: Qt.AlignHCenter
                 operation: pairing
                 refused: screen.wordsFor(screen.bt.devices.pairFailure)
             }
             Notice {
-                Layout.alignment: Qt.AlignHCenter
                 operation: moving
             }
             Notice {
-                Layout.alignment: Qt.AlignHCenter
                 operation: search
             }
         }

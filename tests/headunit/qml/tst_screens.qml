@@ -205,12 +205,19 @@ Item {
                 { tag: "calls", page: 1, list: "list2", greyed: ["entries"] },
                 { tag: "music", page: 2, greyed: ["music"] },
                 { tag: "settings", page: 3, greyed: ["adapter", "paired"] },
+                { tag: "found", page: 3, find: true, greyed: ["found"] },
             ]
         }
         function test_allIsGreyedWithoutTheService(row) {
+            // A service that has come back has forgotten what it had found.
+            const find = () => {
+                if (row.find)
+                    shown.fake.find(carla, "Carla's phone")
+            }
             open(row.page)
             if (row.list)
                 tap(row.list)
+            find()
             settled()
             tryVerify(() => shown.bt.fresh)
             for (const name of row.greyed)
@@ -220,6 +227,7 @@ Item {
                 verify(item(name) !== null && item(name).opacity < 1, name)
             compare(item("availability").text, "Bluetooth is starting …")
             shown.fake.comeBack()
+            find()
             for (const name of row.greyed)
                 compare(item(name).opacity, 1, name)
             compare(item("availability"), null)
