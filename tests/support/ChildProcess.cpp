@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <stdexcept>
 #include <string_view>
 
@@ -51,6 +52,13 @@ std::string Content(int file) {
   const ssize_t got = pread(file, text.data(), text.size(), 0);
   text.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
   return text;
+}
+
+/// Says of a process what script/valgrind cannot see: why it may have no summary of it.
+void NoteForValgrind(pid_t pid, const char* what, const std::string& text) {
+  if (const char* const folder = std::getenv("BTTEST_CHILDREN")) {
+    std::ofstream(std::string(folder) + "/" + std::to_string(pid) + "." + what) << text << '\n';
+  }
 }
 
 /// In the child, which may only do what is safe after a fork among threads. Does not return.
@@ -102,6 +110,7 @@ ChildProcess::ChildProcess(const std::vector<std::string>& argv, const Environme
     close(m_errors);
     throw std::runtime_error("starting " + argv.at(0) + ": " + std::strerror(reason));
   }
+  NoteForValgrind(m_pid, "became", argv.at(0));
 }
 
 ChildProcess::~ChildProcess() {
@@ -110,7 +119,8 @@ ChildProcess::~ChildProcess() {
     Signal(SIGTERM);
     Wait();
   }
-  Kill();
+  Signal(SIGKILL);
+  Wait();
   close(m_output);
   close(m_errors);
 }
@@ -135,6 +145,9 @@ void ChildProcess::Signal(int signal) {
 }
 
 void ChildProcess::Kill() {
+  if (IsAlive()) {
+    NoteForValgrind(m_pid, "killed", "by its test");
+  }
   Signal(SIGKILL);
   Wait();
 }

@@ -35,7 +35,7 @@ if(BT_BUILD_SIMULATION)
   add_dependencies(system_service_values btservice)
 endif()
 
-# Leaks for script/valgrind to find, which is what the test shows. They are no tests by themselves.
+# What script/valgrind has to find, which is what the test shows. They are no tests by themselves.
 if(BT_VALGRIND AND NOT BT_SANITIZE AND NOT CMAKE_CROSSCOMPILING)
   add_executable(planted_leak system/planted_leak.cpp)
   target_link_libraries(planted_leak PRIVATE bt_test_support bt_warnings)
