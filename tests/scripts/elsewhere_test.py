@@ -197,6 +197,54 @@ class Checkouts(StubTreeTest):
         self.assertEqual((self.folder / "copy/ipc/main.cpp").read_text(), (self.tree / "ipc/main.cpp").read_text())
 
 
+class Arm(StubTreeTest):
+    """What is built for 32-bit ARM, where its sysroot is missing."""
+    COMMANDS = (["script/test", "--arm"], ["script/test", "--arm", "--service", "amd64"], ["script/abi", "--arch", "armhf"])
+
+    def setUp(self):
+        super().setUp()
+        self.copy("script/test", "script/abi", "cmake/toolchains/armhf-sysroot")
+        for script in ("script/bootstrap", "script/build", "packaging/debian_mirror", "tests/abi/gate.py",
+                       "cmake/toolchains/with-qemu-arm"):
+            self.stub(script)
+        self.program("mmdebstrap", 'mkdir -p "${@: -2:1}"/{lib,etc,usr/include,usr/lib,usr/share/cmake}')
+        self.program("id", "echo 0")
+        self.sysroot = self.folder / "sysroot"
+
+    def run_afresh(self, command):
+        self.log.unlink(missing_ok=True)
+        shutil.rmtree(self.sysroot, ignore_errors=True)
+        return self.run_script(*command, BT_ARMHF_SYSROOT=str(self.sysroot))
+
+    def has_built(self):
+        return any(call.startswith("script/build ") for call in self.calls())
+
+    def test_RootMakesTheSysroot(self):
+        for command in self.COMMANDS:
+            with self.subTest(command):
+                answer = self.run_afresh(command)
+                self.assertEqual((answer.returncode, answer.stderr), (0, ""))
+                self.assertTrue((self.sysroot / "usr/include").is_dir())
+                self.assertFalse((self.sysroot / "etc").exists())
+                self.assertTrue(self.has_built())
+
+    def test_OthersSkipIt(self):
+        self.program("id", "echo 1000")
+        for command in self.COMMANDS:
+            with self.subTest(command):
+                answer = self.run_afresh(command)
+                self.assertEqual(answer.returncode, 77)
+                self.assertRegex(answer.stderr, rf"\A[^\n]*{self.sysroot}[^\n]*\n\Z")
+                self.assertFalse(self.has_built())
+
+    def test_OneThatIsThereStays(self):
+        self.program("id", "echo 1000")
+        self.sysroot.mkdir()
+        answer = self.run_script("script/test", "--arm", BT_ARMHF_SYSROOT=str(self.sysroot))
+        self.assertEqual((answer.returncode, answer.stderr), (0, ""))
+        self.assertEqual([call for call in self.calls() if call.startswith("mmdebstrap")], [])
+
+
 class BuiltInTheTree(StubTreeTest):
     """tests/scripts/owned_test.py, where dpkg-buildpackage has built in the tree."""
 

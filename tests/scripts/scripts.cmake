@@ -36,7 +36,8 @@ foreach(promise
     Checkouts.test_OneLineSaysThatThereIsNone Checkouts.test_PackagesAreMadeOfThatOfAnotherOwnerAndWithoutBytecode
     Checkouts.test_FaultsArePlantedInThatOfAnotherOwner Checkouts.test_TheGateIsProvenWithThatOfAnotherOwner
     LivingUnits.test_AreSkippedWithoutNamespaces LivingUnits.test_AreSkippedIfAControlGroupTakesNoProcess
-    LivingUnits.test_AreSkippedIfNothingCanBeMounted BuiltInTheTree.test_WhatIsGeneratedThereIsNobodysToOwn)
+    LivingUnits.test_AreSkippedIfNothingCanBeMounted BuiltInTheTree.test_WhatIsGeneratedThereIsNobodysToOwn
+    Arm.test_RootMakesTheSysroot Arm.test_OthersSkipIt Arm.test_OneThatIsThereStays)
   string(REPLACE ".test_" "." name ${promise})
   bt_add_source_test(NAME scripts_elsewhere/${name}
     Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/elsewhere_test.py ${CMAKE_SOURCE_DIR} ${promise})
