@@ -153,7 +153,7 @@ def btservice(text, tree, date):
     help_ = OptionHelp(text)
     document = tree / "service/README.md"
     return [
-        *head("btservice", 8, date, "simulated Bluetooth service of a head unit"),
+        *head("btservice", 8, date, ("simulated " if is_simulation_alone(help_) else "") + "Bluetooth service of a head unit"),
         ".Sh SYNOPSIS", ".Nm",
         *[f".Op {long_option_of(option)}" for option in help_.options if option["name"] not in ("--help", "--version")],
         ".Nm", ".Fl -help | Fl -version",
@@ -176,6 +176,11 @@ def btservice(text, tree, date):
         ".Sh EXAMPLES", *markdown(first_code(document)),
         *see_also([("btctl", 1), ("libbt", 7)]),
     ]
+
+
+def is_simulation_alone(help_):
+    return any(option["name"] == "--stack" and option["help"].endswith(": simulation, the only one here")
+               for option in help_.options)
 
 
 def first_code(document):

@@ -29,7 +29,7 @@ struct ProvidedStack {
   AnswerGate* gate = nullptr;  ///< null: every call is answered as it should be. Lives as long as the stack
 };
 
-/// The kind of stack that the program was built with, and what it brings along: options, objects on the bus.
+/// A kind of stack that a program can be built with, and what it brings along: options, objects on the bus.
 /// It outlives everything else in the process. All of it is called on the thread of the main loop.
 class StackProvider {
  public:
@@ -41,6 +41,9 @@ class StackProvider {
   virtual std::string Description() const { return ""; }
   /// Options of its own. What they point to is the provider's, and filled in by the time of Check.
   virtual std::vector<GOptionEntry> Options() { return {}; }
+  /// One of these that was given, such as "--world"; empty if none was. Asked where another stack is used, for
+  /// which they say nothing.
+  virtual std::string OptionGiven() const { return ""; }
   /// Looks at its options. Nothing if the service can start, else the exit code; what there is to say has
   /// been said.
   virtual std::optional<int> Check() { return std::nullopt; }
@@ -55,7 +58,7 @@ class StackProvider {
   virtual ProvidedStack MakeStack(const ServiceParts& parts, const StackStart& start) = 0;
 };
 
-/// The provider of this program: which one is linked decides.
+/// The provider of this program: which one is linked decides. That of btservice is a StackChoice.
 std::unique_ptr<StackProvider> MakeStackProvider();
 
 }  // namespace btservice

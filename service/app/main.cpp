@@ -1,4 +1,4 @@
-// btservice: a Bluetooth service to develop against, without car and phone.
+// btservice: the Bluetooth service, over the stacks that it was built with.
 
 #include <memory>
 #include <optional>

@@ -16,8 +16,6 @@ constexpr double kHighestSpeed = 100000;
 
 }  // namespace
 
-std::unique_ptr<StackProvider> MakeStackProvider() { return std::make_unique<SimulationProvider>(); }
-
 SimulationProvider::SimulationProvider()
     : m_outside(bluetooth_sim_outside_skeleton_new()), m_faults(bluetooth_sim_faults_skeleton_new()) {}
 
@@ -46,6 +44,16 @@ std::vector<GOptionEntry> SimulationProvider::Options() {
       {"world", 'w', 0, G_OPTION_ARG_FILENAME, m_worldName.Out(), "Begin in this world", "NAME|FILE"},
       {"speed", 's', 0, G_OPTION_ARG_DOUBLE, &m_speed, "Run time N times as fast", "N"},
       {"world-schema", 0, 0, G_OPTION_ARG_NONE, &m_showSchema, "Show the JSON Schema of worlds", nullptr}};
+}
+
+std::string SimulationProvider::OptionGiven() const {
+  if (m_worldName != nullptr) {
+    return "--world";
+  }
+  if (m_showSchema != FALSE) {
+    return "--world-schema";
+  }
+  return m_speed != 1 ? "--speed" : "";
 }
 
 std::optional<int> SimulationProvider::Check() {

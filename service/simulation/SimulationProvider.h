@@ -20,6 +20,7 @@ class SimulationProvider : public StackProvider {
   std::string Summary() const override;
   std::string Description() const override;
   std::vector<GOptionEntry> Options() override;
+  std::string OptionGiven() const override;
   std::optional<int> Check() override;
   std::optional<int> Prepare() override;
 

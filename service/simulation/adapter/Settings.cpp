@@ -1,45 +1,11 @@
 #include "service/simulation/adapter/Settings.h"
 
-#include <algorithm>
+#include "service/stack/AdapterRules.h"
 
 namespace btservice {
-namespace {
-
-constexpr std::size_t kLongestName = 248;   // bytes of a device name on the air
-constexpr std::size_t kLongestPath = 4096;  // bytes, as of the file system
-
-bool IsPin(const std::string& text) {
-  return !text.empty() && text.size() <= 16 && text.find_first_not_of("0123456789") == std::string::npos;
-}
-
-bool IsClassOfDevice(const std::string& text) {
-  return text.size() == 6 && text.find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
-}
-
-bool IsAllowed(Attribute attribute, const std::string& value) {
-  switch (attribute) {
-    case BT_ATTR_LOCAL_NAME:
-      return !value.empty() && value.size() <= kLongestName;
-    case BT_ATTR_PIN_CODE:
-      return IsPin(value);
-    case BT_ATTR_CLASS_OF_DEVICE:
-      return IsClassOfDevice(value);
-    case BT_ATTR_DOWNLOAD_FOLDER:
-      return !value.empty() && value.front() == '/' && value.size() <= kLongestPath;
-    case BT_ATTR_LOCAL_ADDRESS:
-    case BT_ATTR_STACK_VERSION:
-      break;
-  }
-  return false;
-}
-
-}  // namespace
 
 Settings::Settings(ModelContext& context, const AdapterData& adapter, const SettingsData& settings)
     : m_context(context),
-      m_capabilities{{BT_CAP_POWER_SWITCH, 0},       {BT_CAP_AUTO_CONNECT, 0},  {BT_CAP_AUTO_ANSWER, 0},
-                     {BT_CAP_AUTO_REJECT_INCALL, 0}, {BT_CAP_AUTO_DOWNLOAD, 0}, {BT_CAP_ENABLE_SCAN, 0},
-                     {BT_CAP_LOCAL_RING, 0}},
       m_attributes{{BT_ATTR_LOCAL_NAME, adapter.name},
                    {BT_ATTR_LOCAL_ADDRESS, adapter.address},
                    {BT_ATTR_PIN_CODE, adapter.pin},
@@ -47,9 +13,9 @@ Settings::Settings(ModelContext& context, const AdapterData& adapter, const Sett
                    {BT_ATTR_CLASS_OF_DEVICE, adapter.classOfDevice},
                    {BT_ATTR_DOWNLOAD_FOLDER, adapter.downloadFolder}},
       m_autoAnswerPair(settings.autoAnswerPair != 0) {
-  for (auto& [capability, value] : m_capabilities) {
+  for (const Capability capability : kSwitches) {
     const auto given = settings.capabilities.find(capability);
-    value = given != settings.capabilities.end() && given->second != 0;
+    m_capabilities[capability] = given != settings.capabilities.end() && given->second != 0;
   }
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "service/simulation/world/Delays.h"
+#include "service/stack/AdapterRules.h"
 #include "service/stack/StackStart.h"
 #include "service/stack/StackTypes.h"
 
@@ -86,10 +87,10 @@ struct DeviceData {
 struct AdapterData {
   std::string address = "00:1B:DC:00:00:01";
   std::string name = "Head Unit";
-  std::string pin = "0000";
+  std::string pin = kFirstPin;
   std::string stackVersion = "simulated";
   std::string classOfDevice = "340408";
-  std::string downloadFolder = "/tmp";
+  std::string downloadFolder = kFirstDownloadFolder;
   int pairedDevices = 10;  ///< how many can be remembered
 };
 
