@@ -12,8 +12,9 @@ std::string BluezProvider::Summary() const {
 std::string BluezProvider::Description() const {
   return "The stack bluez drives the first Bluetooth adapter of this machine by BlueZ's daemon on the\n"
          "system bus. While there is no bus, no daemon or no adapter, Bluetooth is off, and the\n"
-         "service waits for them. So far it can do power, attributes and visibility; all other requests\n"
-         "are refused.\n"
+         "service waits for them. So far it can do power, attributes, visibility and the search for "
+         "devices;\n"
+         "all other requests are refused.\n"
          "\n";
 }
 

@@ -2,6 +2,7 @@
 
 #include "service/bluez/BluezNames.h"
 #include "service/bluez/adapter/BluezAdapter.h"
+#include "service/bluez/devices/BluezDevices.h"
 
 namespace btservice::bluez {
 
@@ -16,7 +17,10 @@ BluezStack::BluezStack(Scheduler& scheduler, const StackStart& start)
       m_power(m_context, m_adapter),
       m_attributes(m_context, m_adapter, start.kept),
       m_capabilities(m_context, m_adapter, m_power, start.settings),
-      m_adapterControl(MakeBluezAdapter(m_power, m_attributes, m_capabilities)) {}
+      m_found(m_context, m_mirror, m_adapter),
+      m_search(m_context, m_adapter, m_power, m_found),
+      m_adapterControl(MakeBluezAdapter(m_power, m_attributes, m_capabilities, m_search, m_found)),
+      m_deviceControl(MakeBluezDevices(m_found)) {}
 
 void BluezStack::Start() {
   m_power.Begin(m_capabilities.IsOn(BT_CAP_POWER_SWITCH));

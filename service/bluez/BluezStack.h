@@ -3,8 +3,8 @@
 
 #include <memory>
 
+#include "service/bluez/BluezSerial.h"
 #include "service/bluez/StackContext.h"
-#include "service/bluez/WithoutCounterpart.h"
 #include "service/bluez/adapter/Attributes.h"
 #include "service/bluez/adapter/Capabilities.h"
 #include "service/bluez/adapter/CurrentAdapter.h"
@@ -13,6 +13,8 @@
 #include "service/bluez/bus/Daemon.h"
 #include "service/bluez/bus/ObjectMirror.h"
 #include "service/bluez/bus/SystemBus.h"
+#include "service/bluez/devices/FoundDevices.h"
+#include "service/bluez/devices/Search.h"
 #include "service/stack/BluetoothStack.h"
 
 namespace btservice::bluez {
@@ -27,7 +29,7 @@ class BluezStack : public BluetoothStack {
   BluezStack(Scheduler& scheduler, const StackStart& start);
 
   AdapterControl& Adapter() override { return *m_adapterControl; }
-  DeviceControl& Devices() override { return m_devices; }
+  DeviceControl& Devices() override { return *m_deviceControl; }
   SerialControl& Serial() override { return m_serial; }
 
   void Start() override;
@@ -47,10 +49,12 @@ class BluezStack : public BluetoothStack {
   Power m_power;
   Attributes m_attributes;
   Capabilities m_capabilities;
+  FoundDevices m_found;
+  Search m_search;
 
   const std::unique_ptr<AdapterControl> m_adapterControl;
-  DevicesWithoutCounterpart m_devices;
-  SerialWithoutCounterpart m_serial;
+  const std::unique_ptr<DeviceControl> m_deviceControl;
+  BluezSerial m_serial;
 };
 
 }  // namespace btservice::bluez

@@ -21,6 +21,17 @@ OwnedObject<GDBusConnection> ConnectToTheSystemBus() {
   return connection;
 }
 
+/// The texts in a reply of the type (as).
+std::vector<std::string> TextsOf(const OwnedVariant& reply) {
+  const OwnedVariant array(g_variant_get_child_value(reply.get(), 0));
+  std::vector<std::string> texts;
+  for (gsize i = 0; i < g_variant_n_children(array.get()); ++i) {
+    texts.emplace_back(
+        g_variant_get_string(OwnedVariant(g_variant_get_child_value(array.get(), i)).get(), nullptr));
+  }
+  return texts;
+}
+
 }  // namespace
 
 SystemBusDaemon::SystemBusDaemon() {
@@ -58,6 +69,30 @@ void FakeDaemons::ChangeAdapter(const std::string& name, const std::string& prop
   Control("ChangeAdapter", g_variant_new("(ssv)", name.c_str(), property.c_str(), value));
 }
 
+void FakeDaemons::PutInReach(const std::string& address, const std::string& name) {
+  Control("PutInReach", g_variant_new("(ss)", address.c_str(), name.c_str()));
+}
+
+void FakeDaemons::TakeAway(const std::string& address) {
+  Control("TakeAway", g_variant_new("(s)", address.c_str()));
+}
+
+void FakeDaemons::Hear(const std::string& address) { Control("Hear", g_variant_new("(s)", address.c_str())); }
+
+void FakeDaemons::NameDevice(const std::string& address, const std::string& name) {
+  Control("NameDevice", g_variant_new("(ss)", address.c_str(), name.c_str()));
+}
+
+void FakeDaemons::ForgetDevices() { Control("ForgetDevices"); }
+
+void FakeDaemons::SetPaired(const std::string& address, bool paired) {
+  Control("SetPaired", g_variant_new("(sb)", address.c_str(), static_cast<gboolean>(paired)));
+}
+
+std::vector<std::string> FakeDaemons::Devices() { return TextsOf(Control("Devices")); }
+
+std::string FakeDaemons::Filter() { return ToText(Control("Filter").get()); }
+
 void FakeDaemons::Refuse(const std::string& method, const std::string& error, const std::string& message) {
   Control("Refuse", g_variant_new("(sss)", method.c_str(), error.c_str(), message.c_str()));
 }
@@ -75,16 +110,7 @@ void FakeDaemons::Emit(const std::string& path, const std::string& interface, co
   Control("Emit", g_variant_new("(ossv)", path.c_str(), interface.c_str(), signal.c_str(), tuple));
 }
 
-std::vector<std::string> FakeDaemons::Calls() {
-  const OwnedVariant reply = Control("Calls");
-  const OwnedVariant texts(g_variant_get_child_value(reply.get(), 0));
-  std::vector<std::string> calls;
-  for (gsize i = 0; i < g_variant_n_children(texts.get()); ++i) {
-    calls.emplace_back(
-        g_variant_get_string(OwnedVariant(g_variant_get_child_value(texts.get(), i)).get(), nullptr));
-  }
-  return calls;
-}
+std::vector<std::string> FakeDaemons::Calls() { return TextsOf(Control("Calls")); }
 
 long FakeDaemons::CountCalls(const std::string& method) {
   const std::vector<std::string> calls = Calls();

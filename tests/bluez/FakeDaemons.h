@@ -42,6 +42,16 @@ class FakeDaemons {
   void AddAdapter(const std::string& name, const std::string& address, bool powered = false);
   void RemoveAdapter(const std::string& name);
   void ChangeAdapter(const std::string& name, const std::string& property, GVariant* value);
+  void PutInReach(const std::string& address, const std::string& name = "");
+  void TakeAway(const std::string& address);
+  void Hear(const std::string& address);
+  void NameDevice(const std::string& address, const std::string& name);
+  void ForgetDevices();
+  void SetPaired(const std::string& address, bool paired);
+  std::vector<std::string> Devices();
+  /// As text.
+  std::string Filter();
+
   void Refuse(const std::string& method, const std::string& error, const std::string& message);
   void Hang(const std::string& method);
   void AnswerWith(const std::string& method, GVariant* tuple);

@@ -7,6 +7,7 @@ bt_add_test(NAME bluez_test
     FakeDaemons.cpp
     nonsense_test.cpp
     power_test.cpp
+    search_test.cpp
     stack_option_test.cpp
     start_test.cpp
     ../recorder/ZeroValue.cpp

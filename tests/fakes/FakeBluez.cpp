@@ -34,6 +34,7 @@ FakeBluez::FakeBluez(GDBusConnection* connection)
       m_manager(g_dbus_object_manager_server_new("/")),
       m_control(fakes_test_fake_bluez_skeleton_new()) {
   BindAdapterControls();
+  BindDeviceControls();
   BindAnswerControls();
   OwnedError error;
   g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(m_control.get()), connection, kControlPath,
@@ -58,8 +59,8 @@ void FakeBluez::BindAdapterControls() {
                                   const gchar* address, gboolean powered, gpointer self) {
                      return AnswerBy(call, [&]() -> GVariant* {
                        auto* const fake = static_cast<FakeBluez*>(self);
-                       fake->m_adapters[name] = std::make_unique<FakeAdapter>(fake->m_manager.get(), name,
-                                                                              address, powered != FALSE);
+                       fake->m_adapters[name] = std::make_unique<FakeAdapter>(
+                           fake->m_manager.get(), fake->m_air, name, address, powered != FALSE);
                        return nullptr;
                      });
                    }),
@@ -84,6 +85,103 @@ void FakeBluez::BindAdapterControls() {
                      });
                    }),
                    this);
+}
+
+FakeDevice& FakeBluez::Device(const std::string& address) {
+  for (const auto& [name, adapter] : m_adapters) {
+    if (FakeDevice* const device = adapter->Find(address)) {
+      return *device;
+    }
+  }
+  throw std::invalid_argument("no adapter has found " + address);
+}
+
+void FakeBluez::Inquire() {
+  for (const auto& [name, adapter] : m_adapters) {
+    adapter->Inquire();
+  }
+}
+
+void FakeBluez::BindDeviceControls() {
+  g_signal_connect(m_control.get(), "handle-put-in-reach",
+                   G_CALLBACK(+[](FakesTestFakeBluez*, GDBusMethodInvocation* call, const gchar* address,
+                                  const gchar* name, gpointer self) {
+                     return AnswerBy(call, [&]() -> GVariant* {
+                       auto* const fake = static_cast<FakeBluez*>(self);
+                       fake->m_air[address] = name;
+                       fake->Inquire();
+                       return nullptr;
+                     });
+                   }),
+                   this);
+  g_signal_connect(
+      m_control.get(), "handle-take-away",
+      G_CALLBACK(+[](FakesTestFakeBluez*, GDBusMethodInvocation* call, const gchar* address, gpointer self) {
+        return AnswerBy(call, [&]() -> GVariant* {
+          static_cast<FakeBluez*>(self)->m_air.erase(address);
+          return nullptr;
+        });
+      }),
+      this);
+  g_signal_connect(
+      m_control.get(), "handle-hear",
+      G_CALLBACK(+[](FakesTestFakeBluez*, GDBusMethodInvocation* call, const gchar* address, gpointer self) {
+        return AnswerBy(call, [&]() -> GVariant* {
+          static_cast<FakeBluez*>(self)->Device(address).Hear();
+          return nullptr;
+        });
+      }),
+      this);
+  g_signal_connect(m_control.get(), "handle-name-device",
+                   G_CALLBACK(+[](FakesTestFakeBluez*, GDBusMethodInvocation* call, const gchar* address,
+                                  const gchar* name, gpointer self) {
+                     return AnswerBy(call, [&]() -> GVariant* {
+                       static_cast<FakeBluez*>(self)->Device(address).SetName(name);
+                       return nullptr;
+                     });
+                   }),
+                   this);
+  g_signal_connect(m_control.get(), "handle-forget-devices",
+                   G_CALLBACK(+[](FakesTestFakeBluez*, GDBusMethodInvocation* call, gpointer self) {
+                     return AnswerBy(call, [&]() -> GVariant* {
+                       for (const auto& [name, adapter] : static_cast<FakeBluez*>(self)->m_adapters) {
+                         adapter->ForgetDevices();
+                       }
+                       return nullptr;
+                     });
+                   }),
+                   this);
+  g_signal_connect(m_control.get(), "handle-set-paired",
+                   G_CALLBACK(+[](FakesTestFakeBluez*, GDBusMethodInvocation* call, const gchar* address,
+                                  gboolean paired, gpointer self) {
+                     return AnswerBy(call, [&]() -> GVariant* {
+                       static_cast<FakeBluez*>(self)->Device(address).SetPaired(paired != FALSE);
+                       return nullptr;
+                     });
+                   }),
+                   this);
+  g_signal_connect(m_control.get(), "handle-devices",
+                   G_CALLBACK(+[](FakesTestFakeBluez*, GDBusMethodInvocation* call, gpointer self) {
+                     return AnswerBy(call, [&] {
+                       std::vector<std::string> addresses;
+                       for (const auto& [name, adapter] : static_cast<FakeBluez*>(self)->m_adapters) {
+                         for (const auto& [address, device] : adapter->Devices()) {
+                           addresses.push_back(address);
+                         }
+                       }
+                       return NewTexts(addresses);
+                     });
+                   }),
+                   this);
+  g_signal_connect(
+      m_control.get(), "handle-filter",
+      G_CALLBACK(+[](FakesTestFakeBluez*, GDBusMethodInvocation* call, gpointer self) {
+        return AnswerBy(call, [&] {
+          GVariant* const filter = static_cast<FakeBluez*>(self)->m_adapters.begin()->second->Filter();
+          return filter != nullptr ? g_variant_new("(@a{sv})", filter) : g_variant_new("(a{sv})", nullptr);
+        });
+      }),
+      this);
 }
 
 void FakeBluez::BindAnswerControls() {

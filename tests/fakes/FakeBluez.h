@@ -23,13 +23,18 @@ class FakeBluez {
 
  private:
   FakeAdapter& Adapter(const std::string& name);
+  /// Of whichever adapter. Throws std::invalid_argument if none has found it.
+  FakeDevice& Device(const std::string& address);
+  void Inquire();
   void BindAdapterControls();
+  void BindDeviceControls();
   void BindAnswerControls();
 
   OwnedObject<GDBusConnection> m_connection;
   AnswerRules m_rules;
   OwnedObject<GDBusObjectManagerServer> m_manager;
   OwnedObject<FakesTestFakeBluez> m_control;
+  Air m_air;
   std::map<std::string, std::unique_ptr<FakeAdapter>> m_adapters;
 };
 

@@ -14,6 +14,7 @@ add_library(bt_fakes_generated STATIC ${fakes_dir}/bt_fakes.c ${fakes_dir}/bt_fa
 target_include_directories(bt_fakes_generated SYSTEM PUBLIC ${fakes_dir})
 target_link_libraries(bt_fakes_generated PUBLIC PkgConfig::GIO)
 
-add_executable(bt_fakes fakes/AnswerRules.cpp fakes/FakeAdapter.cpp fakes/FakeBluez.cpp fakes/main.cpp)
+add_executable(bt_fakes fakes/AnswerRules.cpp fakes/FakeAdapter.cpp fakes/FakeBluez.cpp fakes/FakeDevice.cpp
+               fakes/main.cpp)
 target_include_directories(bt_fakes PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_LIST_DIR}/..)
 target_link_libraries(bt_fakes PRIVATE bt_fakes_generated bt_warnings)

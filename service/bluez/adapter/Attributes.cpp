@@ -115,19 +115,20 @@ bool Attributes::Set(Attribute attribute, const std::string& value) {
 }
 
 bool Attributes::SetName(const std::string& name) {
-  // BlueZ signals no change if it had that name; if it does, the signal may come before or after its answer.
-  return m_adapter.Set(
-      kAlias, g_variant_new_string(name.c_str()), [this, name, before = m_nameReports](const Reply& reply) {
-        if (!reply.Worked()) {
-          MWP_LOG(MWP_LOG_WARNING, "the adapter does not take its name: %s", Visible(reply.error).c_str());
-          return;
-        }
-        m_own[BT_ATTR_LOCAL_NAME] = name;
-        if (before == m_nameReports) {
-          ++m_nameReports;
-          m_context.Report(AttributeChanged{BT_ATTR_LOCAL_NAME, name});
-        }
-      });
+  const auto done = [this, name, before = m_nameReports](const Reply& reply) {
+    if (!reply.Worked()) {
+      MWP_LOG(MWP_LOG_WARNING, "the adapter does not take its name: %s", Visible(reply.error).c_str());
+      return;
+    }
+    m_own[BT_ATTR_LOCAL_NAME] = name;
+    // BlueZ signals no change if it had that name. If it had not, the signal comes before or after its
+    // answer.
+    if (before == m_nameReports && m_adapter.Values().Text(kAlias) == name) {
+      Report(BT_ATTR_LOCAL_NAME);
+    }
+  };
+  m_orderedName = name;
+  return m_adapter.Set(kAlias, g_variant_new_string(name.c_str()), done);
 }
 
 void Attributes::OnCome() {
@@ -147,13 +148,17 @@ void Attributes::OnChanged(const std::set<std::string>& names) {
     }
     if (one.attribute == BT_ATTR_LOCAL_NAME) {
       ++m_nameReports;
-      const auto kept = m_own.find(BT_ATTR_LOCAL_NAME);
-      const auto name = Find(BT_ATTR_LOCAL_NAME);
-      if (kept != m_own.end() && name && IsAllowed(BT_ATTR_LOCAL_NAME, *name)) {
-        kept->second = *name;  // somebody else has named the adapter anew
-      }
+      KeepName();
     }
     Report(one.attribute);
+  }
+}
+
+/// What another program has called the adapter is kept if a name was ever set here.
+void Attributes::KeepName() {
+  const auto name = Find(BT_ATTR_LOCAL_NAME);
+  if (name && !name->empty() && (m_own.count(BT_ATTR_LOCAL_NAME) != 0 || *name == m_orderedName)) {
+    m_own[BT_ATTR_LOCAL_NAME] = *name;
   }
 }
 

@@ -37,11 +37,13 @@ class Attributes {
   void OnCome();
   void OnChanged(const std::set<std::string>& names);
   bool SetName(const std::string& name);
+  void KeepName();
 
   StackContext& m_context;
   CurrentAdapter& m_adapter;
   std::map<Attribute, std::string> m_own;  ///< set here or by default; the name only if it was set
-  unsigned m_nameReports = 0;              ///< how often the name was reported
+  std::string m_orderedName;               ///< BlueZ was asked for this one last
+  unsigned m_nameReports = 0;              ///< how often a new name was reported
 };
 
 }  // namespace btservice::bluez

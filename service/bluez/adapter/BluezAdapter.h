@@ -9,11 +9,14 @@ namespace btservice::bluez {
 
 class Attributes;
 class Capabilities;
+class FoundDevices;
 class Power;
+class Search;
 
 /// What passes the requests for the adapter on to the parts that carry them out, which have to outlive it.
 std::unique_ptr<AdapterControl> MakeBluezAdapter(Power& power, Attributes& attributes,
-                                                 Capabilities& capabilities);
+                                                 Capabilities& capabilities, Search& search,
+                                                 FoundDevices& found);
 
 }  // namespace btservice::bluez
 

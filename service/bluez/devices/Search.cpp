@@ -1,0 +1,105 @@
+#include "service/bluez/devices/Search.h"
+
+#define MWP_LOG_SOURCE "service/bluez/devices/Search"
+#include <mwp/MWPLog.h>
+
+#include "service/files/Quote.h"
+
+namespace btservice::bluez {
+namespace {
+
+constexpr const char* kDiscovering = "Discovering";
+
+/// Classic Bluetooth only: the profiles of a head unit are.
+GVariant* NewFilter() {
+  GVariantBuilder filter;
+  g_variant_builder_init(&filter, G_VARIANT_TYPE("a{sv}"));
+  g_variant_builder_add(&filter, "{sv}", "Transport", g_variant_new_string("bredr"));
+  return g_variant_new("(a{sv})", &filter);
+}
+
+}  // namespace
+
+Search::Search(StackContext& context, CurrentAdapter& adapter, Power& power, FoundDevices& found)
+    : m_context(context), m_adapter(adapter), m_power(power), m_found(found), m_end(context.scheduler) {
+  m_power.onDown.Add([this] { End(); });
+  m_adapter.onChanged.Add([this](const std::set<std::string>& names) {
+    if (m_state == State::RUNNING && names.count(kDiscovering) != 0 &&
+        !m_adapter.Values().Flag(kDiscovering).value_or(false)) {
+      End();  // BlueZ has, by itself
+    }
+  });
+}
+
+bool Search::Set(bool on) {
+  const bool isOrGoesOn = m_state == State::STARTING || m_state == State::RUNNING;
+  if (!m_power.IsOn() || on == isOrGoesOn || (on && m_state != State::IDLE)) {
+    return false;
+  }
+  if (on) {
+    Start();
+    return m_state == State::STARTING;
+  }
+  Stop();
+  return true;
+}
+
+void Search::Report() const {
+  m_context.Report(
+      ScanChanged{m_state == State::RUNNING || m_state == State::STOPPING ? BT_SCAN_SCANNING : BT_SCAN_IDLE});
+}
+
+void Search::Start() {
+  const bool isOrdered =
+      m_adapter.Call("SetDiscoveryFilter", NewFilter()) &&
+      m_adapter.Call("StartDiscovery", nullptr, [this](const Reply& reply) { OnStarted(reply); });
+  if (isOrdered) {
+    m_state = State::STARTING;
+    // Devices may be reported before BlueZ has answered.
+    m_found.BeginSearch();
+  }
+}
+
+void Search::OnStarted(const Reply& reply) {
+  if (!reply.Worked()) {
+    MWP_LOG(MWP_LOG_WARNING, "there is no search for devices: %s", Visible(reply.error).c_str());
+  }
+  if (m_state != State::STARTING) {
+    return;  // ended meanwhile
+  }
+  if (!reply.Worked()) {
+    End();
+    return;
+  }
+  m_state = State::RUNNING;
+  Report();
+  m_end.Start(kLength, [this] { Stop(); });
+}
+
+void Search::Stop() {
+  m_end.Stop();
+  m_found.EndSearch();
+  if (m_adapter.Call("StopDiscovery", nullptr, [this](const Reply& reply) {
+        if (!reply.Worked()) {
+          MWP_LOG(MWP_LOG_WARNING, "the search for devices is not stopped: %s", Visible(reply.error).c_str());
+        }
+        if (m_state == State::STOPPING) {
+          End();
+        }
+      })) {
+    m_state = State::STOPPING;
+  } else {
+    End();
+  }
+}
+
+void Search::End() {
+  m_end.Stop();
+  m_found.EndSearch();
+  if (m_state != State::IDLE) {
+    m_state = State::IDLE;
+    Report();
+  }
+}
+
+}  // namespace btservice::bluez
