@@ -19,6 +19,16 @@ target_compile_definitions(bluez_test PRIVATE
   $<$<BOOL:${BT_BUILD_SIMULATION}>:BTTEST_HAS_SIMULATION>)
 add_dependencies(bluez_test btservice bt_fakes)
 
+# The library, over the same.
+bt_add_test(NAME bluez_library_test
+  SOURCES FakeDaemons.cpp library_test.cpp ../conformance/Car.cpp ../conformance/Patience.cpp ../conformance/Phone.cpp
+          ../contract/Witness.cpp
+  LIBS bt_test_derived
+  LABELS bluez service)
+target_compile_definitions(bluez_library_test PRIVATE
+  BTTEST_FAKES="$<TARGET_FILE:bt_fakes>" BTTEST_WITNESS="${CMAKE_SOURCE_DIR}/tests/contract/witness.txt")
+add_dependencies(bluez_library_test btservice bt_fakes)
+
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_test(NAME bluez_objects/NothingInTheStackWaitsForADaemon
   COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/no_waiting_test.py $<TARGET_FILE:btservice_bluez>)

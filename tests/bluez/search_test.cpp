@@ -11,8 +11,6 @@
 namespace btservice {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 constexpr const char* kAda = "00:1A:7D:DA:71:13";

@@ -7,7 +7,7 @@ namespace {
 
 /// "StartDiscovery", or "Set Powered".
 std::string MethodOf(GDBusMessage* call) {
-  const std::string member = g_dbus_message_get_member(call);
+  std::string member = g_dbus_message_get_member(call);
   GVariant* const arguments = g_dbus_message_get_body(call);
   if (member != "Set" || arguments == nullptr ||
       g_variant_is_of_type(arguments, G_VARIANT_TYPE("(ssv)")) == FALSE) {

@@ -3,13 +3,9 @@
 #include <array>
 #include <cstdio>
 
-#define MWP_LOG_SOURCE "service/bluez/adapter/Attributes"
-#include <mwp/MWPLog.h>
-
 #include "protocol/Address.h"
 #include "service/bluez/AirText.h"
 #include "service/bluez/Refusal.h"
-#include "service/files/Quote.h"
 #include "service/stack/AdapterRules.h"
 #include "service/stack/ReportedAddress.h"
 
@@ -116,8 +112,7 @@ bool Attributes::Set(Attribute attribute, const std::string& value) {
 
 bool Attributes::SetName(const std::string& name) {
   const auto done = [this, name, before = m_nameReports](const Reply& reply) {
-    if (!reply.Worked()) {
-      MWP_LOG(MWP_LOG_WARNING, "the adapter does not take its name: %s", Visible(reply.error).c_str());
+    if (HasFailed("the adapter does not take its name", reply)) {
       return;
     }
     m_own[BT_ATTR_LOCAL_NAME] = name;

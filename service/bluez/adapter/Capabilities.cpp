@@ -2,19 +2,14 @@
 
 #include <utility>
 
-#define MWP_LOG_SOURCE "service/bluez/adapter/Capabilities"
-#include <mwp/MWPLog.h>
-
-#include "service/files/Quote.h"
+#include "service/bluez/Refusal.h"
 #include "service/stack/AdapterRules.h"
 
 namespace btservice::bluez {
 namespace {
 
-void LogIfFailed(const Reply& reply) {
-  if (!reply.Worked()) {
-    MWP_LOG(MWP_LOG_WARNING, "the visibility of the adapter is not set: %s", Visible(reply.error).c_str());
-  }
+bool VisibilityHasFailed(const Reply& reply) {
+  return HasFailed("the visibility of the adapter is not set", reply);
 }
 
 }  // namespace
@@ -26,7 +21,7 @@ Capabilities::Capabilities(StackContext& context, CurrentAdapter& adapter, Power
     const auto given = settings.capabilities.find(capability);
     m_values[capability] = given != settings.capabilities.end() && given->second != 0;
   }
-  m_power.onOn.Add([this] { SetVisible(IsOn(BT_CAP_ENABLE_SCAN), LogIfFailed); });
+  m_power.onOn.Add([this] { SetVisible(IsOn(BT_CAP_ENABLE_SCAN), VisibilityHasFailed); });
 }
 
 bool Capabilities::Set(Capability capability, int value) {
@@ -38,8 +33,7 @@ bool Capabilities::Set(Capability capability, int value) {
     return true;
   }
   return SetVisible(value != 0, [this, value](const Reply& reply) {
-    LogIfFailed(reply);
-    Take(BT_CAP_ENABLE_SCAN, reply.Worked() ? value : m_values[BT_CAP_ENABLE_SCAN]);
+    Take(BT_CAP_ENABLE_SCAN, VisibilityHasFailed(reply) ? m_values[BT_CAP_ENABLE_SCAN] : value);
   });
 }
 

@@ -6,7 +6,6 @@
 #include <mwp/MWPLog.h>
 
 #include "service/bluez/Refusal.h"
-#include "service/files/Quote.h"
 
 namespace btservice::bluez {
 namespace {
@@ -94,20 +93,20 @@ void Power::Send() {
 
 void Power::OnReply(bool sent, const Reply& reply) {
   m_isSent = false;
-  if (!reply.Worked()) {
-    MWP_LOG(MWP_LOG_WARNING, "the adapter is not switched %s: %s", sent ? "on" : "off",
-            Visible(reply.error).c_str());
-  }
+  const bool hasFailed =
+      HasFailed(sent ? "the adapter is not switched on" : "the adapter is not switched off", reply);
   if (m_target && *m_target != sent) {
     Send();
-  } else if (m_target && !reply.Worked()) {
+  } else if (m_target && hasFailed) {
     Settle();
   } else if (m_target) {
-    m_late.Start(kTimeToChange, [this] {
-      MWP_LOG(MWP_LOG_WARNING, "BlueZ has switched the adapter, and it is as it was");
-      Settle();
-    });
+    m_late.Start(kTimeToChange, [this] { GiveUp(); });
   }
+}
+
+void Power::GiveUp() {
+  MWP_LOG(MWP_LOG_WARNING, "BlueZ says that it has switched the adapter, which is as it was");
+  Settle();
 }
 
 void Power::Settle() {

@@ -36,6 +36,7 @@ class Power {
   void Order(bool on);
   void Send();
   void OnReply(bool sent, const Reply& reply);
+  void GiveUp();
   void Settle();
   void Update();
 

@@ -66,20 +66,23 @@ void ObjectMirror::Ask() {
   const unsigned asked = ++m_asked;
   m_daemon.Call({"/", kObjectManager, "GetManagedObjects", {}, kAnswer}, G_VARIANT_TYPE("(a{oa{sa{sv}}})"),
                 [this, asked](const Reply& reply) {
-                  if (asked != m_asked) {
-                    return;
+                  if (asked == m_asked) {
+                    OnObjects(reply);
                   }
-                  if (reply.Worked()) {
-                    const OwnedVariant objects(g_variant_get_child_value(reply.values.get(), 0));
-                    TakeAll(objects.get());
-                    return;
-                  }
-                  if (std::exchange(m_problem, reply.error) != reply.error) {
-                    MWP_LOG(MWP_LOG_ERROR, "%s does not say what objects it has: %s", m_daemon.Name().c_str(),
-                            Visible(reply.error).c_str());
-                  }
-                  m_retry.Start(kAskAgain, [this] { Ask(); });
                 });
+}
+
+void ObjectMirror::OnObjects(const Reply& reply) {
+  if (reply.Worked()) {
+    const OwnedVariant objects(g_variant_get_child_value(reply.values.get(), 0));
+    TakeAll(objects.get());
+    return;
+  }
+  if (std::exchange(m_problem, reply.error) != reply.error) {
+    MWP_LOG(MWP_LOG_ERROR, "%s does not say what objects it has: %s", m_daemon.Name().c_str(),
+            Visible(reply.error).c_str());
+  }
+  m_retry.Start(kAskAgain, [this] { Ask(); });
 }
 
 void ObjectMirror::TakeAll(GVariant* objects) {

@@ -50,6 +50,7 @@ class ObjectMirror {
   using Interfaces = std::map<std::string, Properties>;
 
   void Ask();
+  void OnObjects(const Reply& reply);
   void OnSignal(const DaemonSignal& signal);
   void OnPropertiesChanged(const DaemonSignal& signal);
   void TakeAll(GVariant* objects);

@@ -1,9 +1,6 @@
 #include "service/bluez/devices/Search.h"
 
-#define MWP_LOG_SOURCE "service/bluez/devices/Search"
-#include <mwp/MWPLog.h>
-
-#include "service/files/Quote.h"
+#include "service/bluez/Refusal.h"
 
 namespace btservice::bluez {
 namespace {
@@ -61,13 +58,11 @@ void Search::Start() {
 }
 
 void Search::OnStarted(const Reply& reply) {
-  if (!reply.Worked()) {
-    MWP_LOG(MWP_LOG_WARNING, "there is no search for devices: %s", Visible(reply.error).c_str());
-  }
+  const bool hasFailed = HasFailed("there is no search for devices", reply);
   if (m_state != State::STARTING) {
     return;  // ended meanwhile
   }
-  if (!reply.Worked()) {
+  if (hasFailed) {
     End();
     return;
   }
@@ -80,9 +75,7 @@ void Search::Stop() {
   m_end.Stop();
   m_found.EndSearch();
   if (m_adapter.Call("StopDiscovery", nullptr, [this](const Reply& reply) {
-        if (!reply.Worked()) {
-          MWP_LOG(MWP_LOG_WARNING, "the search for devices is not stopped: %s", Visible(reply.error).c_str());
-        }
+        HasFailed("the search for devices is not stopped", reply);
         if (m_state == State::STOPPING) {
           End();
         }
