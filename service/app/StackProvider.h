@@ -41,8 +41,8 @@ class StackProvider {
   virtual std::string Description() const { return ""; }
   /// Options of its own. What they point to is the provider's, and filled in by the time of Check.
   virtual std::vector<GOptionEntry> Options() { return {}; }
-  /// One of these that was given, such as "--world"; empty if none was. Asked where another stack is used, for
-  /// which they say nothing.
+  /// One of these that was given, such as "--world"; empty if none was. Asked where another stack is used,
+  /// for which they say nothing.
   virtual std::string OptionGiven() const { return ""; }
   /// Looks at its options. Nothing if the service can start, else the exit code; what there is to say has
   /// been said.
