@@ -92,6 +92,8 @@ class ItsOwnTable(unittest.TestCase):
         self.assertTrue({"format", "tests", "docs", "abi", "packages", "fuzz", "instructions", "tsan", "asan"} <=
                         {name for name, when, _ in stages if when == "always"}, "what each change has to pass")
         self.assertEqual(stages[-1][1], "full")
+        names = [name for name, _, _ in stages]
+        self.assertEqual(names[:4], ["bootstrap", "format", "docs", "tests"], "the short ones first, which build nothing")
         for name, _, command in stages:
             with self.subTest(name):
                 # Without its arguments: a script that hands on what it does not know would begin with its work.

@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """Holds debian/ to the rest of the tree. Usage: debian_test.py TREE [TEST...]"""
+import lzma
 import pathlib
 import re
 import subprocess
 import sys
 import unittest
+from xml.etree import ElementTree
 
 TREE = pathlib.Path(sys.argv.pop(1))
 DEBIAN = TREE / "debian"
@@ -14,6 +16,13 @@ def words_of_field(field):
     text = (DEBIAN / "control").read_text()
     match = re.search(rf"^{field}:((?:.*\n)(?: .*\n)*)", text, re.MULTILINE)
     return [re.match(r"[\w.+-]+", entry.strip())[0] for entry in match[1].split(",") if entry.strip()]
+
+
+def needed_symbols(package, bits):
+    """The symbols that a package has on an architecture of so many bits, without those that only a compiler makes."""
+    entries = re.findall(r"^ (?:\((.*?)\))?(\w+)@", (DEBIAN / f"{package}.symbols").read_text(), re.MULTILINE)
+    return {symbol for tags, symbol in entries
+            if "optional" not in tags and re.search(r"arch-bits=(\d+)|$", tags)[1] in (None, bits)}
 
 
 class Debian(unittest.TestCase):
@@ -38,6 +47,18 @@ class Debian(unittest.TestCase):
         self.assertIn("MWP_ZLOG", options)
         self.assertIn("BT_BUILD_QT", options)
         self.assertEqual(options - set(re.findall(r"-D(\w+)=(?:ON|OFF)", (DEBIAN / "rules").read_text())), set())
+
+    def test_TheSymbolsThatPackagesMayNeedAreRecordedForEachArchitecture(self):
+        """Those that are not optional, as debian/*.symbols has them and as tests/abi/records has them."""
+        for package, library in (("libbt1", "libbt.so.1"), ("libbtasync0", "libbtasync.so.0")):
+            for architecture, bits in (("amd64", "64"), ("armhf", "32")):
+                with self.subTest(package, architecture=architecture):
+                    needed = needed_symbols(package, bits)
+                    self.assertGreater(len(needed), 100)
+                    record = TREE / f"tests/abi/records/{architecture}/{library}.abi.xz"
+                    recorded = {symbol.get("name") for symbol in
+                                ElementTree.fromstring(lzma.open(record).read()).iter("elf-symbol")}
+                    self.assertEqual(needed - recorded, set())
 
     def test_EachOverrideHasItsReason(self):
         files = list(DEBIAN.glob("*lintian-overrides"))
