@@ -11,9 +11,11 @@ namespace btasync::wire {
 template <typename Event>
 struct SignalOf;
 
+// NOLINTBEGIN(bugprone-macro-parentheses): a base class cannot stand in parentheses
 #define BT_EVENT(Event, Signal) \
   template <>                   \
   struct SignalOf<Event> : Signal {};
+// NOLINTEND(bugprone-macro-parentheses)
 #include "EventKinds.inc"  // generated from Events.h
 #undef BT_EVENT
 
