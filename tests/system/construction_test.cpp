@@ -71,6 +71,10 @@ __attribute__((visibility("default"))) void operator delete(void* memory, std::s
 namespace bttest {
 namespace {
 
+/// Whether the client's memory is watched. valgrind puts an allocation of its own in the place of the one
+/// above.
+bool IsMemoryWatched() { return std::getenv("BTTEST_UNDER") == nullptr; }
+
 struct Construction : WithBus {
   ~Construction() override { g_whenAskedForTheAppManager = nullptr; }
 
@@ -145,7 +149,7 @@ TEST_F(Construction, AnExceptionFreesTheClientsMemoryAndForgetsTheSegments) {
     throw std::runtime_error("no application manager");
   };
   EXPECT_THROW(Client::GetInstance(), std::runtime_error);
-  EXPECT_NE(memory, nullptr);
+  EXPECT_EQ(memory != nullptr, IsMemoryWatched());
   EXPECT_EQ(g_clientMemory, nullptr);
   EXPECT_EQ(ShareMemory::m_ShmId_AddrMap.size(), 1u) << "the call table alone stays";
 }
@@ -182,7 +186,7 @@ TEST_F(Construction, TheThreadThatMetTheExceptionCanTryAgain) {
   Recorder service;
   EXPECT_EQ(MWP_CreateBlueTooth(), 1);
   EXPECT_EQ(Flags(), 1);
-  EXPECT_EQ(g_clientMemory, Client::ms_pSingleton);
+  EXPECT_EQ(g_clientMemory, IsMemoryWatched() ? Client::ms_pSingleton : nullptr);
 }
 
 }  // namespace
