@@ -60,6 +60,17 @@ class Debian(unittest.TestCase):
                                 ElementTree.fromstring(lzma.open(record).read()).iter("elf-symbol")}
                     self.assertEqual(needed - recorded, set())
 
+    def test_EveryPackageIsInstalledInTheFreshRootAndEachDevelopmentPackageIsBuiltAgainst(self):
+        packages = set(re.findall(r"^Package: (\S+)$", (DEBIAN / "control").read_text(), re.MULTILINE))
+        installed = re.search(r"^installed=\((.*?)\)$", (TREE / "packaging/test_packages").read_text(),
+                              re.MULTILINE | re.DOTALL)[1].split()
+        self.assertEqual(packages - set(installed), set())
+        control = (DEBIAN / "tests/control").read_text()
+        needed = set(re.findall(r"[\w.+-]+", " ".join(re.findall(r"^Depends: (.*)$", control, re.MULTILINE))))
+        self.assertEqual({name for name in packages if name.endswith("-dev")} - needed, set())
+        for test in re.findall(r"^Tests: (\S+)$", control, re.MULTILINE):
+            self.assertTrue((DEBIAN / "tests" / test).stat().st_mode & 0o100, test)
+
     def test_EachOverrideHasItsReason(self):
         files = list(DEBIAN.glob("*lintian-overrides"))
         self.assertTrue(files)

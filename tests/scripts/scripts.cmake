@@ -53,7 +53,8 @@ endforeach()
 
 # What debian/ says twice, or has to say.
 foreach(promise TheVersionIsThatOfTheLibrary WhatTheBuildNeedsIsInstalledByBootstrap NothingIsTakenBecauseItIsFound
-                TheSymbolsThatPackagesMayNeedAreRecordedForEachArchitecture EachOverrideHasItsReason)
+                TheSymbolsThatPackagesMayNeedAreRecordedForEachArchitecture
+                EveryPackageIsInstalledInTheFreshRootAndEachDevelopmentPackageIsBuiltAgainst EachOverrideHasItsReason)
   bt_add_source_test(NAME debian/${promise}
     Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/debian_test.py ${CMAKE_SOURCE_DIR} Debian.test_${promise})
 endforeach()
