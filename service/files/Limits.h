@@ -10,9 +10,9 @@ namespace btservice {
 
 constexpr std::size_t kMostJsonBytes = std::size_t{16} << 20;
 constexpr std::size_t kMostVCardBytes = std::size_t{64} << 20;  ///< in all vCard files of a world
-constexpr std::size_t kDeepestNesting = 64;         ///< lists and objects within each other in a JSON text
-constexpr std::size_t kMostValues = 1000000;        ///< in a JSON text
-constexpr std::size_t kLongestText = 64 * 1024;     ///< bytes of a text or a name in a JSON text
+constexpr std::size_t kDeepestNesting = 64;   ///< lists and objects within each other in a JSON text
+constexpr std::size_t kMostValues = 1000000;  ///< in a JSON text
+constexpr std::size_t kLongestText = std::size_t{64} << 10;  ///< bytes of a text or a name in a JSON text
 constexpr std::size_t kLongestPattern = 64;         ///< bytes of a text that has a form, such as a date
 constexpr std::size_t kMostDevices = 1000;          ///< in a world
 constexpr std::size_t kMostContacts = 100000;       ///< in a phone book
