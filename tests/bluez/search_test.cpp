@@ -175,6 +175,7 @@ TEST_F(BluezSearchTest, ThatBluezEndsByItselfIsReported) {
   SettleDaemon();
   Daemons().ChangeAdapter("hci0", "Discovering", g_variant_new_boolean(FALSE));
   EXPECT_TRUE(Service().WaitFor(kIdle));
+  EXPECT_EQ(Daemons().CountCalls("StopDiscovery"), 0) << "it was not the service that has ended it";
 }
 
 TEST_F(BluezSearchTest, ThatBluezRefusesIsLoggedAndReportedAsIdle) {

@@ -1,19 +1,12 @@
 #include "service/bluez/devices/Search.h"
 
 #include "service/bluez/Refusal.h"
+#include "service/bluez/devices/DiscoveryFilter.h"
 
 namespace btservice::bluez {
 namespace {
 
 constexpr const char* kDiscovering = "Discovering";
-
-/// Classic Bluetooth only: the profiles of a head unit are.
-GVariant* NewFilter() {
-  GVariantBuilder filter;
-  g_variant_builder_init(&filter, G_VARIANT_TYPE("a{sv}"));
-  g_variant_builder_add(&filter, "{sv}", "Transport", g_variant_new_string("bredr"));
-  return g_variant_new("(a{sv})", &filter);
-}
 
 }  // namespace
 
@@ -47,8 +40,9 @@ void Search::Report() const {
 }
 
 void Search::Start() {
+  onBegin();
   const bool isOrdered =
-      m_adapter.Call("SetDiscoveryFilter", NewFilter()) &&
+      m_adapter.Call("SetDiscoveryFilter", NewDiscoveryFilter("")) &&
       m_adapter.Call("StartDiscovery", nullptr, [this](const Reply& reply) { OnStarted(reply); });
   if (isOrdered) {
     m_state = State::STARTING;
@@ -92,6 +86,7 @@ void Search::End() {
   if (m_state != State::IDLE) {
     m_state = State::IDLE;
     Report();
+    onEnd();
   }
 }
 

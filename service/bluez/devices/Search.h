@@ -5,6 +5,7 @@
 #include "service/bluez/adapter/CurrentAdapter.h"
 #include "service/bluez/adapter/Power.h"
 #include "service/bluez/devices/FoundDevices.h"
+#include "service/time/Notifier.h"
 #include "service/time/Timer.h"
 
 namespace btservice::bluez {
@@ -23,6 +24,10 @@ class Search {
   bool Set(bool on);
   /// Reports whether a search runs, for whoever comes late.
   void Report() const;
+  bool IsIdle() const { return m_state == State::IDLE; }
+
+  Notifier<> onBegin;  ///< BlueZ is about to be asked to search
+  Notifier<> onEnd;    ///< it no longer searches, which was reported
 
  private:
   enum class State { IDLE, STARTING, RUNNING, STOPPING };
