@@ -26,6 +26,11 @@ std::vector<std::string> ReadLines() {
   return lines;
 }
 
+/// A signal that the library does not even subscribe to.
+bool IsForNobody(const std::string& kind, const std::string& place) {
+  return kind == "nobody" && place == "-";
+}
+
 Witness Read() {
   Witness witness;
   std::map<int, std::string> places;
@@ -38,13 +43,14 @@ Witness Read() {
     std::istringstream columns(rest.substr(what == "event" ? name.size() : end + 1));
     std::string kind;
     std::string slot;
-    int place = 0;
+    std::string place;
     if (what == "method" || what == "uncalled") {
       witness.methods.push_back(rest);
       if (what == "uncalled") {
         witness.uncalled.push_back(name);
       }
-    } else if (what == "signal" && columns >> kind >> slot >> place && places.emplace(place, name).second) {
+    } else if (what == "signal" && columns >> kind >> slot >> place &&
+               (IsForNobody(kind, place) || places.emplace(std::stoi(place), name).second)) {
       witness.signals.push_back(rest.substr(0, end + 1));
       if (kind != "nobody") {
         witness.events.push_back({name, kind, std::stoi(slot)});

@@ -9,7 +9,7 @@ namespace {
 
 TEST_F(Events, EverySignalReachesTheListenersOfItsKindInAscendingOrderWithEachValue) {
   for (const SignalDescription& signal : BluetoothInterface().signals) {
-    if (signal.name == kHeardByNobody) {
+    if (!IsHeard(signal.name)) {
       continue;
     }
     for (int variety = 0; variety < kVarieties; ++variety) {
@@ -67,7 +67,7 @@ TEST_F(Events, SignalsThatTheInterfaceDoesNotDescribeReachNobody) {
 
 TEST_F(Events, AMissingTextIsAnEmptyOne) {
   for (const SignalDescription& signal : BluetoothInterface().signals) {
-    if (signal.name == kHeardByNobody || signal.name == "OnSetDeviceOOBLinkKeyChanged") {
+    if (!IsHeard(signal.name) || signal.name == "OnSetDeviceOOBLinkKeyChanged") {
       continue;
     }
     const OwnedVariant arguments(MakeTuple(signal.arguments, 0));
@@ -110,7 +110,7 @@ TEST_F(Events, AListenerThatOverridesNothingHearsEverySignalAndDoesNothing) {
   // Constructed last, it shows that the others before it in the registry kept nothing from it.
   listeners.emplace(receptions);
   for (const SignalDescription& signal : BluetoothInterface().signals) {
-    if (signal.name != kHeardByNobody) {
+    if (IsHeard(signal.name)) {
       const OwnedVariant arguments(MakeTuple(signal.arguments, 0));
       Send(signal, arguments.get());
       ExpectOneKindHears(signal.name, TextsOf(arguments.get()));

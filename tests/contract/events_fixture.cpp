@@ -1,5 +1,6 @@
 #include "contract/events_fixture.h"
 
+#include <algorithm>
 #include <functional>
 #include <stdexcept>
 
@@ -53,7 +54,17 @@ class Emission {
 
 }  // namespace
 
+bool IsHeard(const std::string& signal) {
+  const std::vector<Witness::Event>& events = TheWitness().events;
+  return std::any_of(events.begin(), events.end(), [&](const auto& event) { return event.name == signal; });
+}
+
 const std::vector<std::string>& SubscribedSignals() { return TheWitness().subscribed; }
+
+bool IsSubscribed(const std::string& signal) {
+  return std::find(SubscribedSignals().begin(), SubscribedSignals().end(), signal) !=
+         SubscribedSignals().end();
+}
 
 std::string GObjectName(const std::string& signal) {
   std::string name;

@@ -18,11 +18,15 @@
 
 namespace bttest {
 
-/// The only signal that reaches no listener.
+/// A signal that the library subscribes to and hands to no listener.
 constexpr const char* kHeardByNobody = "OnScanedDeviceChanged";
 
-/// The names of all signals in the order in which the library subscribes them.
+/// Whether a signal reaches listeners.
+bool IsHeard(const std::string& signal);
+
+/// The names of the signals in the order in which the library subscribes to them.
 const std::vector<std::string>& SubscribedSignals();
+bool IsSubscribed(const std::string& signal);
 
 /// The name under which the bindings emit a signal: OnPBDownloadStatus is on-pbdownload-status.
 std::string GObjectName(const std::string& signal);
