@@ -51,6 +51,17 @@ foreach(promise EachSourceIsLookedAtOnceHoweverOftenItIsCompiled ASourceThatIsLe
     Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/lint_test.py ${CMAKE_SOURCE_DIR} Mistakes.test_${promise})
 endforeach()
 
+# What script/coverage takes for a reason.
+foreach(promise
+    Missed.test_ALineThatDidNotRunNeedsAReason Missed.test_AReasonExcusesTheOneLineThatItMeans
+    Missed.test_AReasonThatMeansSeveralLinesOrNoneExcusesNothing
+    Missed.test_AReasonForALineThatRunsIsRefusedUnlessItSaysThatItMay
+    TheList.test_EachReasonMeansOneLineOfTheSources)
+  string(REPLACE ".test_" "." name ${promise})
+  bt_add_source_test(NAME scripts_coverage/${name}
+    Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/coverage_test.py ${CMAKE_SOURCE_DIR} ${promise})
+endforeach()
+
 # What debian/ says twice, or has to say.
 foreach(promise TheVersionIsThatOfTheLibrary WhatTheBuildNeedsIsInstalledByBootstrap NothingIsTakenBecauseItIsFound
                 TheSymbolsThatPackagesMayNeedAreRecordedForEachArchitecture

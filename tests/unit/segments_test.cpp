@@ -119,6 +119,22 @@ TEST(Segments, ASegmentThatWasAskedForWithASmallerSizeIsReadToItsEndAndNoFurther
   EXPECT_EQ(text, "as it was");
 }
 
+TEST(Segments, AListWhoseSegmentWasTheOnlyOneAndIsDetachedIsReadNoFurther) {
+  ASSERT_TRUE(ShareMemory::InitShareMemory(SH_CONTACT_LIST, kSegmentCatalogue[SH_CONTACT_LIST].size));
+  std::vector<unsigned char> content(64, 0);
+  const int count = 1;
+  std::memcpy(content.data(), &count, sizeof count);
+  bttest::WriteSegment(SH_CONTACT_LIST, 0, content);
+  ShmUnPackUtils unpack;
+  EXPECT_EQ(unpack.StartShmUnPackList(SH_CONTACT_LIST), 1);
+  ASSERT_EQ(ShareMemory::DetachShareMemory(SH_CONTACT_LIST), 0);
+  const bttest::LogCapture log;
+  std::string text = "as it was";
+  EXPECT_FALSE(unpack.UnPackDataFromShareMemory(text));
+  EXPECT_EQ(text, "as it was");
+  EXPECT_EQ(log.Messages(), std::vector<std::string>{"the segment that is being unpacked has been detached"});
+}
+
 TEST(Segments, DestroyingTheAdapterForgetsAllButTheCallTable) {
   bttest::MakeDummySegments();
   { BtClientIpcAdapter adapter; }
