@@ -17,9 +17,10 @@ namespace btservice {
 ///
 /// **Requests** return at once: true if the stack takes it on, false if it cannot in the state it is in, or
 /// if an argument makes no sense. What comes of it takes time, can fail, and is reported as events, also
-/// while the request has not returned yet. A request must neither block nor throw, whatever its arguments:
-/// they are what an application has sent. Questions are answered from what the stack knows, and report
-/// nothing.
+/// while the request has not returned yet. Where a request was taken on, could not be carried out, and there
+/// is no event that says so (a name that is not taken, for example), the log does. A request must neither
+/// block nor throw, whatever its arguments: they are what an application has sent. Questions are answered
+/// from what the stack knows, and report nothing.
 ///
 /// **What is not overridden is refused**: false, 0, or empty. So a stack begins with the few requests that it
 /// can take, and grows.
