@@ -5,6 +5,7 @@ include(fakes/fakes.cmake)
 bt_add_test(NAME bluez_test
   SOURCES
     FakeDaemons.cpp
+    daemon_test.cpp
     lookup_test.cpp
     nonsense_test.cpp
     power_test.cpp
