@@ -85,6 +85,7 @@ class ValueText {
   template <typename Items>
   static std::string OfItems(const Items& items) {
     std::vector<std::string> texts;
+    texts.reserve(items.size());
     for (const auto& item : items) {
       texts.push_back(Of(item));
     }
