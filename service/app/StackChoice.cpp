@@ -10,7 +10,7 @@ namespace btservice {
 
 StackChoice::StackChoice(std::vector<NamedStack> stacks) : m_stacks(std::move(stacks)) {
   m_help = "Use this Bluetooth stack: " + Names() +
-           (m_stacks.size() > 1 ? "; the first, unless it is said" : ", the only one here");
+           (m_stacks.size() > 1 ? "; the first by default" : ", the only one here");
 }
 
 std::string StackChoice::Names() const {

@@ -170,5 +170,27 @@ TEST_F(BluezStartTest, OfTwoAdaptersTheFirstIsUsedAndTheOtherWhenThatIsPulledOut
   EXPECT_TRUE(PowerBecomes(kOn));
 }
 
+TEST_F(BluezStartTest, OfSeveralAdaptersTheFirstByItsNameIsUsedInWhicheverOrderTheDaemonListsThem) {
+  StartDaemons();
+  GVariantBuilder objects;
+  g_variant_builder_init(&objects, G_VARIANT_TYPE("a{oa{sa{sv}}}"));
+  for (const char* const name : {"hci1", "hci0", "hci2"}) {
+    g_variant_builder_open(&objects, G_VARIANT_TYPE("{oa{sa{sv}}}"));
+    g_variant_builder_add(&objects, "o", (std::string("/org/bluez/") + name).c_str());
+    g_variant_builder_open(&objects, G_VARIANT_TYPE("a{sa{sv}}"));
+    g_variant_builder_open(&objects, G_VARIANT_TYPE("{sa{sv}}"));
+    g_variant_builder_add(&objects, "s", "org.bluez.Adapter1");
+    g_variant_builder_open(&objects, G_VARIANT_TYPE("a{sv}"));
+    g_variant_builder_add(&objects, "{sv}", "Alias", g_variant_new_string(name));
+    g_variant_builder_close(&objects);
+    g_variant_builder_close(&objects);
+    g_variant_builder_close(&objects);
+    g_variant_builder_close(&objects);
+  }
+  Daemons().AnswerWith("GetManagedObjects", g_variant_new("(a{oa{sa{sv}}})", &objects));
+  StartService();
+  EXPECT_TRUE(bttest::RunUntil([&] { return AttributeText(BT_ATTR_LOCAL_NAME) == "('hci0', byte 0x01)"; }));
+}
+
 }  // namespace
 }  // namespace btservice

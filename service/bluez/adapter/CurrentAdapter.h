@@ -10,8 +10,8 @@
 
 namespace btservice::bluez {
 
-/// The one adapter that the service drives: the first that BlueZ shows, until it is pulled out or the daemon
-/// goes; then the next that there is. Used on the thread of the main loop.
+/// The one adapter that the service drives: the first by its path (hci0 before hci1) when BlueZ comes, until
+/// it is pulled out or the daemon goes; then the next that there is. Used on the thread of the main loop.
 class CurrentAdapter : private MirrorListener {
  public:
   /// Both must outlive this.

@@ -90,11 +90,14 @@ void ObjectMirror::TakeAll(GVariant* objects) {
   m_problem.clear();
   GVariantIter iter;
   g_variant_iter_init(&iter, objects);
-  const gchar* path = nullptr;
-  GVariant* interfaces = nullptr;
-  while (g_variant_iter_next(&iter, "{&o@a{sa{sv}}}", &path, &interfaces) != FALSE) {
-    const OwnedVariant owned(interfaces);
-    TakeObject(path, interfaces);
+  const gchar* name = nullptr;
+  GVariant* interfacesOfName = nullptr;
+  std::map<std::string, OwnedVariant> inOrder;  // a daemon lists them in any
+  while (g_variant_iter_next(&iter, "{&o@a{sa{sv}}}", &name, &interfacesOfName) != FALSE) {
+    inOrder[name] = OwnedVariant(interfacesOfName);
+  }
+  for (const auto& [path, interfaces] : inOrder) {
+    TakeObject(path, interfaces.get());
   }
 }
 

@@ -16,7 +16,8 @@ namespace btservice::bluez {
 class MirrorListener {
  public:
   virtual ~MirrorListener() = default;
-  /// An object has this interface from now on.
+  /// An object has this interface from now on. When the daemon comes, this comes for all that there is, in
+  /// the order of the paths.
   virtual void OnAdded(const std::string& /*path*/, const std::string& /*interface*/) {}
   /// It no longer has: it was removed, or the daemon or the bus is gone, in which case this comes for all
   /// that there was.
