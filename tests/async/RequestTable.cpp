@@ -235,7 +235,7 @@ Outcome ExpectedOf(const std::string& member, GVariant* reply) {
     }
     values.pop_back();
   }
-  if (values.size() == 0 && std::is_same_v<T, btasync::Accepted>) {
+  if (values.empty() && std::is_same_v<T, btasync::Accepted>) {
     return {Outcome::ACCEPTED, {}};
   }
   if (values.size() != count) {

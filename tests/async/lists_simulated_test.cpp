@@ -24,7 +24,6 @@ using namespace btasync;
 using bttest::RunUntil;
 using bttest::Wait;
 using bttest::WaitFor;
-using testing::ElementsAre;
 
 class SimulatedLists : public testing::Test {
  protected:

@@ -15,7 +15,6 @@ using bttest::RunPending;
 using bttest::RunUntil;
 using bttest::WaitFor;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// Says when it is destroyed: as what a callback has captured is.
 class Trace {
@@ -285,8 +284,10 @@ TEST_F(LivesTest, WhatACallbackHasCapturedMayOwnItsScope) {
 TEST_F(LivesTest, ARequestIsSentOnce) {
   Request<> request = service->SetPower(true);
   std::move(request).Send();
+  // NOLINTBEGIN(bugprone-use-after-move): what this is about
   std::move(request).Send();
   std::move(request).Then(*scope, [](Answer<>) { ADD_FAILURE(); });
+  // NOLINTEND(bugprone-use-after-move)
   Settle();
   EXPECT_THAT(recorder.TakeCallTexts(), ElementsAre("SetPower(byte 0x01,)", "GetPowerStatus()"));
 }
