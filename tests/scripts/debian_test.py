@@ -30,6 +30,11 @@ class Debian(unittest.TestCase):
         packaged = re.match(r"libbt \(([\d.]+)[^)]*\)", (DEBIAN / "changelog").read_text())[1]
         self.assertEqual(packaged, re.search(r"project\(libbt VERSION ([\d.]+)", (TREE / "CMakeLists.txt").read_text())[1])
 
+    def test_TheLinesOfTheChangelogFitIntoMail(self):
+        """lintian finds longer ones only when the packages have been built."""
+        for line in (DEBIAN / "changelog").read_text().splitlines():
+            self.assertLessEqual(len(line), 80, line)
+
     def test_WhatTheBuildNeedsIsInstalledByBootstrap(self):
         installed = subprocess.run([TREE / "script/bootstrap", "--list", "build", "tools", "qt", "docs", "packages"],
                                    check=True, capture_output=True, text=True).stdout.split()
