@@ -32,8 +32,9 @@ class Debian(unittest.TestCase):
 
     def test_TheLinesOfTheChangelogFitIntoMail(self):
         """lintian finds longer ones only when the packages have been built."""
-        for line in (DEBIAN / "changelog").read_text().splitlines():
-            self.assertLessEqual(len(line), 80, line)
+        entries = re.findall(r"^  .*", (DEBIAN / "changelog").read_text(), re.MULTILINE)
+        self.assertTrue(entries)
+        self.assertEqual([line for line in entries if len(line) > 80], [])
 
     def test_WhatTheBuildNeedsIsInstalledByBootstrap(self):
         installed = subprocess.run([TREE / "script/bootstrap", "--list", "build", "tools", "qt", "docs", "packages"],
