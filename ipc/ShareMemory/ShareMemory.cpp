@@ -31,36 +31,34 @@ std::map<int, void*> ShareMemory::m_ShmId_AddrMap;
 
 namespace {
 
-/// Not null, and not what shmat answers when it fails.
-bool IsAttached(const void* address) {
-  return address != nullptr && address != reinterpret_cast<const void*>(-1);
-}
+// The sizes with which the recorded segments were asked for.
+std::map<int, std::size_t> s_sizes;
 
-bool IsInContract(ShareMemID id) { return id >= SH_PAIRED_LIST && id <= SH_BT_PARAMETER; }
-
-// How many bytes of the segments that were recorded may be used, by their addresses. One that was destroyed
-// is attached for ever, and stays in here.
-std::map<const unsigned char*, std::size_t> s_usable;
+// Where each segment that was recorded begins, and where what may be used of it ends. One that is destroyed
+// stays attached, and in here: destroying it needs no memory.
+std::map<const unsigned char*, const unsigned char*> s_attached;
 
 }  // namespace
 
 SegmentBytes UsableSegment(ShareMemID id) {
-  auto* const address = static_cast<unsigned char*>(ShareMemory::GetShareMemory(id));
-  if (!IsAttached(address) || !IsInContract(id)) {
+  void* const address = ShareMemory::GetShareMemory(id);
+  if (address == nullptr || address == reinterpret_cast<void*>(-1) || id < SH_PAIRED_LIST ||
+      id > SH_BT_PARAMETER) {
     return {};
   }
-  const auto usable = s_usable.find(address);
-  return {address, usable != s_usable.end() ? usable->second : kSegmentCatalogue[id].size};
+  const auto size = s_sizes.find(id);
+  const std::size_t contractSize = kSegmentCatalogue[id].size;
+  return {static_cast<unsigned char*>(address),
+          size != s_sizes.end() ? std::min(size->second, contractSize) : contractSize};
 }
 
 const unsigned char* EndOfAttached(const unsigned char* address) {
-  auto segment = s_usable.upper_bound(address);
-  if (segment == s_usable.begin()) {
+  auto segment = s_attached.upper_bound(address);
+  if (segment == s_attached.begin()) {
     return nullptr;
   }
   --segment;
-  const unsigned char* const end = segment->first + segment->second;
-  return std::less_equal<>()(address, end) ? end : nullptr;
+  return std::less_equal<>()(address, segment->second) ? segment->second : nullptr;
 }
 
 int ShareMemory::CommShm(ShareMemID id, int size, int shmflg) {
@@ -91,9 +89,11 @@ bool ShareMemory::InitShareMemory(ShareMemID id, unsigned int size) {
   if (address == nullptr) {
     return false;
   }
-  if (m_ShmId_AddrMap.insert({id, address}).second && IsAttached(address) && IsInContract(id)) {
-    s_usable[static_cast<const unsigned char*>(address)] =
-        std::min<std::size_t>(size, kSegmentCatalogue[id].size);
+  if (m_ShmId_AddrMap.insert({id, address}).second) {
+    s_sizes[id] = size;
+    if (const SegmentBytes segment = UsableSegment(id); segment.begin != nullptr) {
+      s_attached[segment.begin] = segment.begin + segment.size;
+    }
   }
   return true;
 }
@@ -108,7 +108,7 @@ int ShareMemory::DetachShareMemory(ShareMemID id) {
   if (entry == m_ShmId_AddrMap.end()) {
     return -1;
   }
-  s_usable.erase(static_cast<const unsigned char*>(entry->second));
+  s_attached.erase(static_cast<const unsigned char*>(entry->second));
   const int result = shmdt(entry->second);
   m_ShmId_AddrMap.erase(entry);
   return result;
