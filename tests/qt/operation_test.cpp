@@ -13,7 +13,6 @@ namespace {
 
 using namespace btqt;
 using btasync::Service;
-using bttest::kAda;
 using std::chrono::milliseconds;
 
 class OperationTest : public QObject {

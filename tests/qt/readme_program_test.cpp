@@ -8,7 +8,7 @@
 
 // CMake takes it from the README. It is a function here.
 #define main readmeMain
-#include "readme_program.cpp"
+#include "readme_program.cpp"  // NOLINT(bugprone-suspicious-include)
 #undef main
 
 namespace {

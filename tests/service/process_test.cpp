@@ -182,7 +182,8 @@ TEST(ServiceProcessTest, IsStartedByTheBusWhenAClientNeedsIt) {
 }
 
 TEST(ServiceProcessTest, TimeCanRunFast) {
-  constexpr gint64 kHourMs = 60 * 60 * 1000;  // without the fast clock, it would not pass within any bound
+  constexpr gint64 kHourMs =
+      gint64{60} * 60 * 1000;  // without the fast clock, it would not pass within any bound
   RunningService service({"--speed", "1000"});
   const auto now = [&] {
     gint64 milliseconds = 0;
